@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+# What the two MinGW-w64 toolchains have in common. The -posix compilers bring std::mutex and std::thread.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_C_COMPILER ${QUORVANE_TRIPLE}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${QUORVANE_TRIPLE}-g++-posix)
+set(CMAKE_RC_COMPILER ${QUORVANE_TRIPLE}-windres)
+set(QUORVANE_WIDL ${QUORVANE_TRIPLE}-widl)
+
+set(CMAKE_FIND_ROOT_PATH /usr/${QUORVANE_TRIPLE})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
