@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// How every engine routine reports: its own message on entry, its own numbered error on failure.
+#pragma once
+
+#include <utility>
+
+#include "shared/Definition.h"
+#include "text/GetText.h"
+
+namespace Quorvane::RunTime {
+
+/// The text ids of the engine's messages; each is the offset of its error number as well.
+enum class Message : std::int32_t {
+    InvalidInputSignal = 79,
+    InvalidInputVariable = 80,
+    InvalidOutputVariable = 81,
+    InvalidRule = 82,
+    InvalidInference = 83,
+};
+
+/// The error of a routine, whatever failed inside it.
+inline FisError EngineError(Message message) {
+    constexpr std::int32_t SourceId = 35;
+    const auto id = static_cast<std::int32_t>(message);
+    return {ObjectErrorBase + static_cast<std::uint32_t>(id), Main::GetText(SourceId),
+            Main::GetText(id)};
+}
+
+/// Runs the body of an engine routine: records its message as the current one, and turns any
+/// failure inside into the routine's own error. Running out of memory stays what it is.
+template <class Body>
+decltype(auto) RunRoutine(Message message, Body&& body) {
+    Definition::State().CurrentErrorId = static_cast<std::int32_t>(message);
+    try {
+        return std::forward<Body>(body)();
+    } catch (const FisError&) {
+        throw EngineError(message);
+    }
+}
+
+} // namespace Quorvane::RunTime

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// The trapezoid.
+#include "engine/Membership.h"
+
+#include <cmath>
+
+#include "engine/EngineRoutine.h"
+#include "shared/Markers.h"
+
+namespace Quorvane::RunTime {
+namespace {
+
+/// The degree on a flank of a width, at a distance from its foot.
+double FlankDegree(double distance, double width) {
+    if (!std::isfinite(width)) {
+        throw FisError(RuntimeError::Overflow);
+    }
+    return distance / width;
+}
+
+double TrapezoidDegree(const LinguisticTerm& term, double x) {
+    const auto [p1, p2, p3, p4] = term.Points;
+    if (p2 <= x && x <= p3) {
+        return 1;
+    }
+    if (p1 < x && x < p4) {
+        return x < p2 ? FlankDegree(x - p1, p2 - p1) : FlankDegree(p4 - x, p4 - p3);
+    }
+    return 0;
+}
+
+} // namespace
+
+double Membership(TextView variable, TextView term, double x, double upper, double lower) {
+    return RunRoutine(Message::InvalidInputVariable, [&]() -> double {
+        if (term == NoneMarker) {
+            return 1;
+        }
+        // A value outside belongs to no term, but only a term that exists can be asked.
+        const auto& inputs = Definition::Require(Definition::State().InputVariables);
+        const LinguisticTerm& shape = inputs.At(variable).MF.At(term);
+        return x < lower || x > upper ? 0 : TrapezoidDegree(shape, x);
+    });
+}
+
+} // namespace Quorvane::RunTime

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// The trapezoid.
+#pragma once
+
+#include "shared/Text.h"
+
+namespace Quorvane::RunTime {
+
+/// The degree of membership, in 0..1, of x in a term of an input variable of the model, over the
+/// universe from lower to upper. With the term's points P1 <= P2 <= P3 <= P4:
+///
+///     1                        the term "[NONE]"
+///     0                        x < lower or x > upper
+///     1                        P2 <= x <= P3
+///     (x - P1) / (P2 - P1)     P1 < x < P2
+///     (P4 - x) / (P4 - P3)     P3 < x < P4
+///     0                        otherwise, not-a-number included
+///
+/// A flank of no width is never evaluated, so nothing is divided by zero. Raises error 80,
+/// "Invalid linguistic input variable.", for an unknown variable or term and for a flank wider than
+/// the largest Double.
+double Membership(TextView variable, TextView term, double x, double upper, double lower);
+
+} // namespace Quorvane::RunTime

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// From the stored definition texts to the model.
+#include "model/ParseDefinition.h"
+
+#include <cmath>
+
+#include "model/TransformText.h"
+#include "shared/Definition.h"
+#include "shared/NumberText.h"
+
+namespace Quorvane::Main {
+namespace {
+
+enum class Side { Input, Output };
+
+/// The piece of a split text with an index. Raises SubscriptOutOfRange when the text has fewer.
+TextView Field(const std::vector<TextView>& fields, std::size_t index) {
+    if (index >= fields.size()) {
+        throw FisError(RuntimeError::SubscriptOutOfRange);
+    }
+    return fields[index];
+}
+
+LinguisticTerm ParseTerm(TextView text, Side side) {
+    const auto fields = Split(text, u',');
+    LinguisticTerm term{Text(Field(fields, 0)), {}};
+    for (std::size_t i = 0; i < term.Points.size(); ++i) {
+        const bool singleton = side == Side::Output && i > 0;
+        term.Points[i] = singleton ? term.Points[0] : ParseNumber(Field(fields, i + 1));
+    }
+    return term;
+}
+
+LinguisticVariable ParseVariable(TextView text, Side side) {
+    const auto fields = Split(text, u'/');
+    LinguisticVariable variable{.Name = Text(Field(fields, 0)),
+                                .UBound = ParseNumber(Field(fields, 1)),
+                                .LBound = ParseNumber(Field(fields, 2)),
+                                .Max = 0,
+                                .Min = 0};
+    variable.Max = variable.LBound;
+    variable.Min = variable.UBound;
+    for (const TextView piece : Split(Field(fields, 3), u';')) {
+        LinguisticTerm term = ParseTerm(piece, side);
+        IncludeTerm(variable, term);
+        Text name = term.Name;
+        variable.MF.Add(std::move(name), std::move(term));
+    }
+    return variable;
+}
+
+double Midpoint(const LinguisticVariable& variable) {
+    const double sum = variable.LBound + variable.UBound;
+    if (!std::isfinite(sum)) {
+        throw FisError(RuntimeError::Overflow);
+    }
+    return sum / 2;
+}
+
+/// Parses the variables of one side, with the value that each starts with.
+template <class InitialValue>
+void ParseVariables(const Text& stored, Side side, VariableDictionary& variables,
+                    OwnValueDictionary& values, InitialValue initialValue) {
+    const Text plain = TransformText(stored, false);
+    for (const TextView piece : Split(plain, u'|')) {
+        LinguisticVariable parsed = ParseVariable(piece, side);
+        Text name = parsed.Name;
+        const LinguisticVariable& variable = variables.Add(std::move(name), std::move(parsed));
+        values.Items.Add(variable.Name, {initialValue(variable), nullptr});
+    }
+}
+
+void ParseRules(const Text& stored, RuleDictionary& rules) {
+    const Text plain = TransformText(stored, false);
+    for (const TextView rule : Split(plain, u'|')) {
+        rules.Add(Text(rule), Text(rule));
+    }
+}
+
+} // namespace
+
+void ParseDefinition() {
+    Definition::ProcessState& state = Definition::State();
+
+    const auto inputValues = std::make_shared<OwnValueDictionary>(KeyComparison::IgnoreCase);
+    state.InputValues = inputValues;
+    ParseVariables(state.InputsText, Side::Input,
+                   state.InputVariables.emplace(KeyComparison::IgnoreCase), *inputValues,
+                   [](const LinguisticVariable& input) { return input.LBound; });
+
+    const auto defaults = std::make_shared<OwnValueDictionary>(KeyComparison::Exact);
+    state.DefaultOutputValues = defaults;
+    ParseVariables(state.OutputsText, Side::Output,
+                   state.OutputVariables.emplace(KeyComparison::IgnoreCase), *defaults, Midpoint);
+
+    ParseRules(state.RulesText, state.RuleBase.emplace(KeyComparison::IgnoreCase));
+}
+
+} // namespace Quorvane::Main

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// The codec between plain definition text and the stored form that hosts persist.
+#include "model/TransformText.h"
+
+#include <cstdint>
+
+#include "shared/Definition.h"
+#include "shared/FisError.h"
+
+namespace Quorvane::Main {
+namespace {
+
+/// Codes below this are the same in every ANSI code page.
+constexpr char16_t AsciiEnd = 0x80;
+
+Text Encode(TextView text) {
+    const TextServices& platform = *Definition::State().Platform;
+    Text stored;
+    stored.reserve(2 * text.size());
+    for (const char16_t character : text) {
+        std::uint32_t code = character < AsciiEnd ? character : platform.AnsiCode(character);
+        do {
+            stored.push_back(u"0123456789ABCDEF"[code & 0xF]);
+            code >>= 4;
+        } while (code != 0);
+    }
+    return stored;
+}
+
+std::uint8_t HexDigit(char16_t digit) {
+    if (digit >= u'0' && digit <= u'9') {
+        return static_cast<std::uint8_t>(digit - u'0');
+    }
+    if (digit >= u'A' && digit <= u'F') {
+        return static_cast<std::uint8_t>(digit - u'A' + 10);
+    }
+    if (digit >= u'a' && digit <= u'f') {
+        return static_cast<std::uint8_t>(digit - u'a' + 10);
+    }
+    throw FisError(RuntimeError::TypeMismatch);
+}
+
+Text Decode(TextView stored) {
+    const TextServices& platform = *Definition::State().Platform;
+    Text text;
+    text.reserve((stored.size() + 1) / 2);
+    for (std::size_t i = 0; i < stored.size(); i += 2) {
+        const unsigned high = i + 1 < stored.size() ? HexDigit(stored[i + 1]) : 0U;
+        const auto code = static_cast<std::uint8_t>(high << 4 | HexDigit(stored[i]));
+        text.push_back(code < AsciiEnd ? char16_t{code} : platform.AnsiCharacter(code));
+    }
+    return text;
+}
+
+} // namespace
+
+Text TransformText(TextView text, bool encode) {
+    return encode ? Encode(text) : Decode(text);
+}
+
+} // namespace Quorvane::Main

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// The one copy of the process-wide state.
+#include "shared/Definition.h"
+
+#include "engine/RuleTables.h"
+#include "text/GetText.h"
+
+namespace Quorvane::Definition {
+
+ProcessState& State() {
+    static auto* const state = new ProcessState;
+    return *state;
+}
+
+bool IsHeld() {
+    const ProcessState& state = State();
+    return state.InputVariables || state.OutputVariables || state.RuleBase || state.InputValues ||
+           state.DefaultOutputValues || state.OutputValues || state.ErrorOutputValues ||
+           state.Tables || state.LanguageId != 0 || !state.InputsText.empty() ||
+           !state.OutputsText.empty() || !state.RulesText.empty();
+}
+
+void ReleaseModel() {
+    // The host's objects are released last and outside the state, as they may call back.
+    ProcessState& state = State();
+    const auto inputValues = std::exchange(state.InputValues, nullptr);
+    const auto outputValues = std::exchange(state.OutputValues, nullptr);
+    state.InputVariables.reset();
+    state.OutputVariables.reset();
+    state.RuleBase.reset();
+}
+
+void Reset() {
+    ProcessState fresh;
+    fresh.Platform = State().Platform;
+    // What was held is released when the old state leaves this scope, after the new one is in place.
+    std::swap(State(), fresh);
+}
+
+Text CurrentErrorText() {
+    const std::int32_t id = State().CurrentErrorId;
+    return id == 0 ? Text() : Main::GetText(id);
+}
+
+} // namespace Quorvane::Definition

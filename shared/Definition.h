@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The process-wide state: one fuzzy system, shared by every control and editor of the process.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "model/LinguisticVariable.h"
+#include "shared/StringKeyedDictionary.h"
+#include "shared/TextServices.h"
+#include "shared/ValueDictionary.h"
+
+namespace Quorvane {
+
+namespace RunTime {
+struct RuleTables;
+}
+
+/// Variables by name, without regard to case.
+using VariableDictionary = StringKeyedDictionary<LinguisticVariable>;
+
+/// A rule is held as its text alone: the key, and the same text as the value.
+using RuleDictionary = StringKeyedDictionary<Text>;
+
+namespace Definition {
+
+/// All that the process knows of the fuzzy system. An absent member is an object that is not set:
+/// before the first parse, and after a control has ended and released the model.
+struct ProcessState {
+    /// The definition texts in their stored form.
+    Text InputsText;
+    Text OutputsText;
+    Text RulesText;
+
+    std::optional<VariableDictionary> InputVariables;
+    std::optional<VariableDictionary> OutputVariables;
+    std::optional<RuleDictionary> RuleBase;
+
+    std::shared_ptr<ValueDictionary> InputValues;
+    std::shared_ptr<ValueDictionary> DefaultOutputValues;
+    std::shared_ptr<OwnValueDictionary> OutputValues;
+    /// The outputs to use after a failed cycle, where a host has given any.
+    std::shared_ptr<ValueDictionary> ErrorOutputValues;
+
+    /// What the engine made of the rule base; absent until a rule base is prepared.
+    std::shared_ptr<RunTime::RuleTables> Tables;
+
+    /// The text id of the message of the engine routine that last started, 0 before any has.
+    std::int32_t CurrentErrorId = 0;
+
+    /// The locale that chooses the language: 2052 is Simplified Chinese, any other English.
+    std::int32_t LanguageId = 0;
+
+    /// The help file of the current language, where the help directory is known.
+    Text HelpFile;
+
+    /// The platform's text conversions; never null, not owned.
+    const TextServices* Platform = &NeutralTextServices();
+};
+
+/// The state of the process. It is made on first use and never destroyed by itself: it can hold
+/// objects of the host, which must not be released while the module is being unloaded.
+ProcessState& State();
+
+/// Whether the process holds a fuzzy system or any object of a host.
+bool IsHeld();
+
+/// Releases the model, the values and the current outputs, as a control does that ends. The
+/// defaults, the prepared tables and the texts stay.
+void ReleaseModel();
+
+/// Returns the state to that of a new process, but for the platform's text conversions.
+void Reset();
+
+/// The message of the engine routine that last started, in the current language.
+Text CurrentErrorText();
+
+/// The dictionary, or ObjectNotSet raised where it is absent.
+template <class Holder>
+auto& Require(Holder& holder) {
+    if (!holder) {
+        throw FisError(RuntimeError::ObjectNotSet);
+    }
+    return *holder;
+}
+
+} // namespace Definition
+} // namespace Quorvane

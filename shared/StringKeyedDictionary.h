@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+// The container of the system: a dictionary with text keys that keeps insertion order.
+#pragma once
+
+#include <cstddef>
+#include <list>
+#include <unordered_map>
+#include <utility>
+
+#include "shared/FisError.h"
+#include "shared/Text.h"
+
+namespace Quorvane {
+
+/// How a dictionary compares its keys. The values are those of the scripting dictionary.
+enum class KeyComparison { Exact = 0, IgnoreCase = 1 };
+
+/// Hashes keys so that keys that compare equal hash equal.
+struct KeyHash {
+    KeyComparison Comparison;
+    std::size_t operator()(TextView key) const noexcept;
+};
+
+struct KeyEqual {
+    KeyComparison Comparison;
+    bool operator()(TextView left, TextView right) const noexcept;
+};
+
+/// A dictionary with text keys. Enumeration yields the entries in the order in which they were
+/// added; replacing a value or a key keeps the entry's place. Every operation but RemoveAll takes
+/// constant time, and an entry stays where it is in memory until it is removed.
+template <class Value>
+class StringKeyedDictionary {
+  public:
+    struct Entry {
+        Text Key;
+        Value Item;
+    };
+
+    using const_iterator = typename std::list<Entry>::const_iterator;
+    using iterator = typename std::list<Entry>::iterator;
+
+    explicit StringKeyedDictionary(KeyComparison comparison)
+        : index_(0, KeyHash{comparison}, KeyEqual{comparison}) {}
+
+    StringKeyedDictionary(StringKeyedDictionary&&) = default;
+    StringKeyedDictionary& operator=(StringKeyedDictionary&&) = default;
+    StringKeyedDictionary(const StringKeyedDictionary& other)
+        : StringKeyedDictionary(other.Comparison()) {
+        for (const Entry& entry : other) {
+            Add(entry.Key, entry.Item);
+        }
+    }
+    StringKeyedDictionary& operator=(const StringKeyedDictionary& other) {
+        return *this = StringKeyedDictionary(other);
+    }
+    ~StringKeyedDictionary() = default;
+
+    KeyComparison Comparison() const { return index_.key_eq().Comparison; }
+    std::size_t Count() const { return entries_.size(); }
+    bool Empty() const { return entries_.empty(); }
+
+    /// Adds an entry at the end and returns its value. Raises DuplicateKey when the key exists.
+    Value& Add(Text key, Value value) {
+        entries_.push_back({std::move(key), std::move(value)});
+        const auto added = std::prev(entries_.end());
+        try {
+            if (!index_.emplace(added->Key, added).second) {
+                throw FisError(RuntimeError::DuplicateKey);
+            }
+        } catch (...) {
+            entries_.erase(added);
+            throw;
+        }
+        return added->Item;
+    }
+
+    /// The value under a key, or nullptr. Reading never adds a key.
+    Value* Find(TextView key) {
+        const auto found = index_.find(key);
+        return found == index_.end() ? nullptr : &found->second->Item;
+    }
+    const Value* Find(TextView key) const {
+        return const_cast<StringKeyedDictionary*>(this)->Find(key);
+    }
+
+    bool Exists(TextView key) const { return Find(key) != nullptr; }
+
+    /// The value under a key. Raises MissingKey when there is none.
+    Value& At(TextView key) {
+        if (Value* const value = Find(key)) {
+            return *value;
+        }
+        throw FisError(RuntimeError::MissingKey);
+    }
+    const Value& At(TextView key) const {
+        return const_cast<StringKeyedDictionary*>(this)->At(key);
+    }
+
+    /// Replaces the value under a key, or adds the entry when there is none.
+    Value& Put(TextView key, Value value) {
+        if (Value* const existing = Find(key)) {
+            return *existing = std::move(value);
+        }
+        return Add(Text(key), std::move(value));
+    }
+
+    /// Gives an entry another key, in its place. Raises MissingKey when there is no such entry and
+    /// DuplicateKey when another entry has the new key; either way nothing changes. A new key that
+    /// equals the old one under the dictionary's comparison is taken as the new spelling.
+    void Rekey(TextView oldKey, Text newKey) {
+        const auto found = index_.find(oldKey);
+        if (found == index_.end()) {
+            throw FisError(RuntimeError::MissingKey);
+        }
+        const auto holder = index_.find(newKey);
+        if (holder != index_.end() && holder != found) {
+            throw FisError(RuntimeError::DuplicateKey);
+        }
+        // The index views the key's characters, so the node leaves it while they change.
+        auto node = index_.extract(found);
+        Text& key = node.mapped()->Key;
+        key = std::move(newKey);
+        node.key() = key;
+        index_.insert(std::move(node));
+    }
+
+    /// Removes an entry. Raises MissingKey when there is none.
+    void Remove(TextView key) {
+        const auto found = index_.find(key);
+        if (found == index_.end()) {
+            throw FisError(RuntimeError::MissingKey);
+        }
+        const auto entry = found->second;
+        index_.erase(found);
+        entries_.erase(entry);
+    }
+
+    /// Removes the entries that the predicate, given an Entry, chooses.
+    template <class Predicate>
+    void RemoveIf(Predicate chosen) {
+        for (auto entry = entries_.begin(); entry != entries_.end();) {
+            const auto next = std::next(entry);
+            if (chosen(std::as_const(*entry))) {
+                index_.erase(TextView(entry->Key));
+                entries_.erase(entry);
+            }
+            entry = next;
+        }
+    }
+
+    void RemoveAll() {
+        index_.clear();
+        entries_.clear();
+    }
+
+    /// Changes how keys compare. Raises InvalidCall when the dictionary holds entries.
+    void SetComparison(KeyComparison comparison) {
+        if (!Empty()) {
+            throw FisError(RuntimeError::InvalidCall);
+        }
+        index_ = Index(0, KeyHash{comparison}, KeyEqual{comparison});
+    }
+
+    const_iterator begin() const { return entries_.begin(); }
+    const_iterator end() const { return entries_.end(); }
+
+    /// For changing values while enumerating; keys change through Rekey alone.
+    iterator begin() { return entries_.begin(); }
+    iterator end() { return entries_.end(); }
+
+  private:
+    // The list keeps order and addresses; the index finds an entry by a view of its own key.
+    using Index = std::unordered_map<TextView, iterator, KeyHash, KeyEqual>;
+
+    std::list<Entry> entries_;
+    Index index_;
+};
+
+} // namespace Quorvane

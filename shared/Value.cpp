@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// Conversions and comparison of values.
+#include "shared/Value.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+
+#include "shared/Markers.h"
+#include "shared/NumberText.h"
+
+namespace Quorvane {
+namespace {
+
+using Shared = std::shared_ptr<const HostValue>;
+
+template <class NumberFormat>
+Text TextForm(const Value& value, NumberFormat format) {
+    if (const auto* number = std::get_if<double>(&value)) {
+        return format(*number);
+    }
+    if (const auto* text = std::get_if<Text>(&value)) {
+        return *text;
+    }
+    if (const auto* host = std::get_if<Shared>(&value)) {
+        return (*host)->TextForm();
+    }
+    return {};
+}
+
+} // namespace
+
+bool IsEmpty(const Value& value) {
+    return std::holds_alternative<std::monostate>(value);
+}
+
+double ToNumber(const Value& value) {
+    if (const auto* number = std::get_if<double>(&value)) {
+        return *number;
+    }
+    if (const auto* text = std::get_if<Text>(&value)) {
+        return ParseUserNumber(*text);
+    }
+    if (const auto* host = std::get_if<Shared>(&value)) {
+        return (*host)->Number();
+    }
+    return 0;
+}
+
+Text UserText(const Value& value) {
+    return TextForm(value, UserNumberText);
+}
+
+Text FixedText(const Value& value) {
+    return TextForm(value, NumberText);
+}
+
+bool SameNumberText(double left, double right) {
+    if (std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right)) {
+        return true;
+    }
+    // A 15-digit text stands for numbers at most 1E-14 apart, relative to their size.
+    constexpr double Reach = 2e-14;
+    if (std::abs(left - right) > Reach * std::max(std::abs(left), std::abs(right))) {
+        return false;
+    }
+    return NumberCharacters(left).View() == NumberCharacters(right).View();
+}
+
+bool SameTextForm(const std::optional<double>& cached, const Value& value) {
+    if (const auto* number = std::get_if<double>(&value)) {
+        return cached && SameNumberText(*cached, *number);
+    }
+    const auto* text = std::get_if<Text>(&value);
+    if (!text && IsEmpty(value)) {
+        return false;
+    }
+    const auto same = [&cached](TextView form) {
+        return form == (cached ? UserNumberText(*cached) : Text(EmptyMarker));
+    };
+    return text ? same(*text) : same(UserText(value));
+}
+
+} // namespace Quorvane

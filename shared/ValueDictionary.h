@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// The dictionaries through which a host and the engine exchange crisp values.
+#pragma once
+
+#include <memory>
+
+#include "shared/StringKeyedDictionary.h"
+#include "shared/Value.h"
+
+namespace Quorvane {
+
+/// A dictionary of crisp values by variable name: the system's own, or one that a host assigned.
+class ValueDictionary {
+  public:
+    ValueDictionary() = default;
+    ValueDictionary(const ValueDictionary&) = delete;
+    ValueDictionary& operator=(const ValueDictionary&) = delete;
+    virtual ~ValueDictionary() = default;
+
+    /// The value under a key, Empty when there is none; reading never adds a key. The reference
+    /// holds until the dictionary is used again.
+    virtual const Value& Get(TextView key) = 0;
+
+    /// Replaces the value under a key, or adds it.
+    virtual void Put(TextView key, Value value) = 0;
+};
+
+/// The object through which a host sees one of the system's own dictionaries.
+class HostFace;
+
+/// A dictionary of the system's own.
+class OwnValueDictionary final : public ValueDictionary {
+  public:
+    struct Item {
+        Value Content;
+        /// The key as the host gave it, where it was no text.
+        std::shared_ptr<const HostValue> HostKey;
+    };
+
+    explicit OwnValueDictionary(KeyComparison comparison) : Items(comparison) {}
+
+    const Value& Get(TextView key) override {
+        static const Value empty;
+        const Item* const item = Items.Find(key);
+        return item ? item->Content : empty;
+    }
+
+    void Put(TextView key, Value value) override {
+        if (Item* const item = Items.Find(key)) {
+            item->Content = std::move(value);
+        } else {
+            Items.Add(Text(key), {std::move(value), nullptr});
+        }
+    }
+
+    StringKeyedDictionary<Item> Items;
+
+    /// Set while a host holds this dictionary; the face itself sets and clears it.
+    HostFace* Face = nullptr;
+};
+
+} // namespace Quorvane
