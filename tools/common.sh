@@ -27,10 +27,9 @@ lock_project() {
 # logged NAME COMMAND...: run it with its output in out/log/NAME.log, the end of it shown on failure.
 logged() {
     local log=out/log/$1.log
-    shift
-    "$@" >"$log" 2>&1 </dev/null && return
-    tail -n 40 "$log" >&2
-    printf 'error: %s failed; all of its output: %s\n' "$1" "$log" >&2
+    "${@:2}" >"$log" 2>&1 </dev/null && return
+    tail -n 40 "$log"
+    printf 'error: %s failed; all of its output is in %s\n' "$1" "$log"
     return 1
 }
 
