@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// A dictionary object of a host, as the engine reads and writes it.
+#include "control/ForeignDictionary.h"
+
+#include "control/VariantValue.h"
+#include "control/com/Scoped.h"
+#include "shared/FisError.h"
+
+namespace Quorvane {
+namespace {
+
+/// A failure of the host's object is a run-time error to the routine that asked it.
+void CheckHost(HRESULT result) {
+    if (FAILED(result)) {
+        throw FisError(static_cast<std::uint32_t>(result), {}, {});
+    }
+}
+
+} // namespace
+
+const Value& ForeignDictionary::Get(TextView key) {
+    Com::Variant keyVariant(key);
+    // The platform's dictionary adds a key that is read and missing; asking first prevents that.
+    VARIANT_BOOL exists = VARIANT_FALSE;
+    CheckHost(object_->Exists(&keyVariant.Get(), &exists));
+    Com::Variant item;
+    if (exists != VARIANT_FALSE) {
+        CheckHost(object_->get_Item(&keyVariant.Get(), item.Put()));
+    }
+    return lastRead_ = FromVariant(item.Get());
+}
+
+void ForeignDictionary::Put(TextView key, Value value) {
+    Com::Variant keyVariant(key);
+    Com::Variant item = ToVariant(value);
+    CheckHost(item.Type() == VT_DISPATCH
+                  ? object_->putref_Item(&keyVariant.Get(), &item.Get())
+                  : object_->put_Item(&keyVariant.Get(), &item.Get()));
+}
+
+} // namespace Quorvane

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Values of the core as VARIANTs of a host, and back.
+#pragma once
+
+#include "control/com/Scoped.h"
+#include "shared/Value.h"
+
+namespace Quorvane {
+
+/// The value that a host gave: numbers and texts become the core's own, Empty stays Empty, and
+/// anything else is kept as the VARIANT that it is. By-reference variants are followed to the value
+/// they refer to. Throws Com::HresultError when the value cannot be copied.
+Value FromVariant(const VARIANT& variant);
+
+/// The VARIANT that a host gets for a value: of the type that it was given in.
+Com::Variant ToVariant(const Value& value);
+
+} // namespace Quorvane

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+// Connection points: the sinks of a host, and the calls to them.
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <array>
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+#include "control/com/ComObject.h"
+#include "control/com/Enumerator.h"
+
+namespace Quorvane::Com {
+
+/// The sinks of one outgoing interface. It is an object of its own, with its own identity; once
+/// its container has gone it has no sinks and takes none.
+class ConnectionPoint final : public ComObject<IConnectionPoint> {
+  public:
+    /// `container` is not counted; the container calls Disconnect before it goes.
+    ConnectionPoint(REFIID iid, IConnectionPointContainer* container) noexcept
+        : iid_(iid), container_(container) {}
+
+    // IConnectionPoint
+    STDMETHODIMP GetConnectionInterface(IID* iid) noexcept override;
+    STDMETHODIMP
+    GetConnectionPointContainer(IConnectionPointContainer** container) noexcept override;
+    STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) noexcept override;
+    STDMETHODIMP Unadvise(DWORD cookie) noexcept override;
+    STDMETHODIMP EnumConnections(IEnumConnections** enumerator) noexcept override;
+
+    const IID& InterfaceId() const noexcept { return iid_; }
+
+    /// Forgets the container and releases every sink.
+    void Disconnect() noexcept;
+
+    /// Calls `call(sink)` with the IUnknown of every sink there is now, in the order in which they
+    /// came. A sink may unadvise itself or others, or release the container, meanwhile; one that
+    /// has been unadvised is not called any more, one that came during the call not yet.
+    template <class F>
+    void ForEach(F&& call) {
+        const ComPtr<ConnectionPoint> self(this);
+        const std::vector<OwnedConnection> sinks = connections_;
+        for (const OwnedConnection& sink : sinks) {
+            if (IsConnected(sink.Cookie)) {
+                call(*sink.Sink);
+            }
+        }
+    }
+
+  private:
+    bool IsConnected(DWORD cookie) const noexcept;
+
+    IID iid_;
+    IConnectionPointContainer* container_;
+    std::vector<OwnedConnection> connections_;
+    /// Cookies count upwards and are never used twice.
+    DWORD lastCookie_ = 0;
+};
+
+/// Calls an event of a dispinterface. What the sink answers is its own affair: nothing is
+/// returned. `arguments` are in their natural order.
+void RaiseEvent(IUnknown& sink, DISPID event, std::initializer_list<Variant> arguments);
+
+/// IConnectionPointContainer with one point per outgoing interface; the first is the default
+/// source of events.
+template <class... Sources>
+class ConnectionPoints : public IConnectionPointContainer {
+  public:
+    using Answers = InterfaceList<IConnectionPointContainer>;
+
+    STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** enumerator) noexcept override {
+        return Guard<IConnectionPointContainer>([&] {
+            Out(enumerator) = nullptr;
+            std::vector<ComPtr<IConnectionPoint>> points;
+            for (const auto& point : points_) {
+                points.push_back(point);
+            }
+            *enumerator =
+                MakeObject<Enumerator<IEnumConnectionPoints, IConnectionPoint*>>(std::move(points))
+                    .Detach();
+        });
+    }
+
+    STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** result) noexcept override {
+        return Guard<IConnectionPointContainer>([&] {
+            Out(result) = nullptr;
+            for (const auto& point : points_) {
+                if (point->InterfaceId() == iid) {
+                    ComPtr<IConnectionPoint>(point).CopyTo(result);
+                    return S_OK;
+                }
+            }
+            return CONNECT_E_NOCONNECTION;
+        });
+    }
+
+    /// IOleControl::FreezeEvents: while more freezes than thaws have come, no event is raised.
+    void FreezeEvents(bool freeze) noexcept {
+        if (freeze) {
+            ++freezes_;
+        } else if (freezes_ > 0) {
+            --freezes_;
+        }
+    }
+
+  protected:
+    ConnectionPoints() : points_{MakeObject<ConnectionPoint>(__uuidof(Sources), this)...} {}
+
+    ~ConnectionPoints() {
+        for (const auto& point : points_) {
+            point->Disconnect();
+        }
+    }
+
+    /// Raises an event of the dispinterface `Source` to every sink; nothing while events are
+    /// frozen. The handlers may release this object: whoever uses it afterwards holds a KeepAlive.
+    template <class Source>
+    void Raise(DISPID event, std::initializer_list<Variant> arguments = {}) {
+        if (freezes_ == 0) {
+            Point<Source>().ForEach([&](IUnknown& sink) { RaiseEvent(sink, event, arguments); });
+        }
+    }
+
+    /// Calls `call(Source&)` for every sink of a custom interface such as IPropertyNotifySink.
+    template <class Source, class F>
+    void Notify(F&& call) {
+        Point<Source>().ForEach([&](IUnknown& sink) {
+            if (const auto target = Query<Source>(&sink)) {
+                call(*target);
+            }
+        });
+    }
+
+  private:
+    template <class Source>
+    ConnectionPoint& Point() noexcept {
+        constexpr bool matches[] = {std::is_same_v<Source, Sources>...};
+        std::size_t index = 0;
+        while (!matches[index]) {
+            ++index;
+        }
+        return *points_[index];
+    }
+
+    std::array<ComPtr<ConnectionPoint>, sizeof...(Sources)> points_;
+    int freezes_ = 0;
+};
+
+} // namespace Quorvane::Com

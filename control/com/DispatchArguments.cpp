@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// Fitting the arguments of a late-bound call to a member, and handing changed values back.
+#include "control/com/DispatchArguments.h"
+
+#include <cstring>
+
+#include "control/com/ErrorBoundary.h"
+
+namespace Quorvane::Com {
+namespace {
+
+bool IsReference(VARTYPE type) noexcept {
+    return (type & VT_BYREF) != 0;
+}
+
+/// The size of a plain value of that type, 0 for one that is more than its bytes.
+std::size_t SizeOfPlain(VARTYPE type) noexcept {
+    switch (type) {
+    case VT_I1:
+    case VT_UI1:
+        return 1;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+        return 2;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4:
+    case VT_ERROR:
+        return 4;
+    case VT_I8:
+    case VT_UI8:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+        return 8;
+    default:
+        return 0;
+    }
+}
+
+bool IsConvertible(VARTYPE type) noexcept {
+    return type == VT_BSTR || SizeOfPlain(type) > 0;
+}
+
+bool HaveSameValue(const VARIANT& left, const VARIANT& right) noexcept {
+    if (left.vt == VT_BSTR) {
+        return View(left.bstrVal) == View(right.bstrVal);
+    }
+    return std::memcmp(&left.llVal, &right.llVal, SizeOfPlain(left.vt)) == 0;
+}
+
+/// Stores through a typed reference such as VT_BYREF | VT_I2.
+void StoreThrough(const VARIANT& reference, const VARIANT& value) {
+    const auto type = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
+    Variant converted = ChangeType(value, type);
+    if (type == VT_BSTR) {
+        ::SysFreeString(std::exchange(*reference.pbstrVal, converted.Detach().bstrVal));
+    } else {
+        std::memcpy(reference.byref, &converted.Get().llVal, SizeOfPlain(type));
+    }
+}
+
+/// Stores into the variable that a by-reference argument means; the variable keeps its type
+/// where it had one that the value converts to.
+void Assign(const VARIANT& argument, const Variant& value) {
+    VARIANT& variable = const_cast<VARIANT&>(Dereference(argument));
+    if (IsReference(variable.vt)) {
+        StoreThrough(variable, value.Get());
+        return;
+    }
+    const VARTYPE type = IsConvertible(variable.vt) ? variable.vt : value.Type();
+    Variant replacement = ChangeType(value.Get(), type);
+    std::swap(variable, replacement.Get());
+}
+
+} // namespace
+
+DispatchArguments::DispatchArguments(const DispatchMember& member, const DISPPARAMS& arguments,
+                                     UINT* badArgument)
+    : parameters_(arguments), values_(arguments.rgvarg, arguments.rgvarg + arguments.cArgs) {
+    DropSurplus(member.Parameters.size());
+    const std::size_t named = parameters_.cNamedArgs;
+    for (std::size_t index = 0; index < values_.size(); ++index) {
+        // Named arguments come first and name their parameter; the rest come in reverse order.
+        std::size_t parameter = values_.size() - 1 - index;
+        if (index < named) {
+            const DISPID name = parameters_.rgdispidNamedArgs[index];
+            parameter = name == DISPID_PROPERTYPUT ? member.Parameters.size() - 1
+                                                   : static_cast<std::size_t>(name);
+        }
+        if (parameter >= member.Parameters.size()) {
+            continue;
+        }
+        try {
+            Fit(index, member.Parameters[parameter]);
+        } catch (const HresultError&) {
+            if (badArgument) {
+                *badArgument = OriginalIndex(static_cast<UINT>(index));
+            }
+            throw HresultError(DISP_E_TYPEMISMATCH);
+        }
+    }
+    // Only now: a stand's address is final once all of them are there.
+    std::size_t stand = 0;
+    for (VARIANT& value : values_) {
+        if (value.vt == VT_ILLEGAL) {
+            VARIANT& current = stands_[stand++].Current.Get();
+            value.vt = static_cast<VARTYPE>(current.vt | VT_BYREF);
+            value.byref = &current.llVal;
+        }
+    }
+    parameters_.rgvarg = values_.data();
+    parameters_.cArgs = static_cast<UINT>(values_.size());
+}
+
+/// Containers are known to send more than a member takes; the last positional ones go.
+void DispatchArguments::DropSurplus(std::size_t parameters) {
+    const std::size_t positional = values_.size() - parameters_.cNamedArgs;
+    const std::size_t surplus = values_.size() > parameters ? values_.size() - parameters : 0;
+    if (surplus > 0 && surplus <= positional) {
+        const auto first = values_.begin() + parameters_.cNamedArgs;
+        values_.erase(first, first + static_cast<std::ptrdiff_t>(surplus));
+        dropped_ = static_cast<UINT>(surplus);
+    }
+}
+
+void DispatchArguments::Fit(std::size_t index, VARTYPE parameter) {
+    VARIANT& value = values_[index];
+    if (!IsReference(parameter)) {
+        value = Dereference(value);
+        return;
+    }
+    const auto type = static_cast<VARTYPE>(parameter & ~VT_BYREF);
+    if (value.vt == parameter || !IsConvertible(type)) {
+        return;
+    }
+    // A script passes a variable as a reference to a variant, or one of another type: the type
+    // information refuses both for a typed reference (error 13), though the value converts.
+    const VARIANT& original =
+        IsReference(value.vt)
+            ? (parameters_.rgvarg[index + (index >= parameters_.cNamedArgs ? dropped_ : 0)])
+            : value;
+    Variant converted = ChangeType(value, type);
+    stands_.push_back({IsReference(original.vt) ? &original : nullptr, converted, converted});
+    value.vt = VT_ILLEGAL;
+}
+
+UINT DispatchArguments::OriginalIndex(UINT index) const noexcept {
+    return index < parameters_.cNamedArgs ? index : index + dropped_;
+}
+
+void DispatchArguments::HandBack() {
+    for (const Stand& stand : stands_) {
+        if (stand.Original && !HaveSameValue(stand.Before.Get(), stand.Current.Get())) {
+            Assign(*stand.Original, stand.Current);
+        }
+    }
+}
+
+} // namespace Quorvane::Com

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// The arguments of a late-bound call, brought into the form that the member's types ask for.
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+#include <vector>
+
+#include "control/com/Scoped.h"
+#include "control/com/TypeLibrary.h"
+
+namespace Quorvane::Com {
+
+/// A copy of a call's arguments that fits a member. The caller's arguments must outlive it.
+class DispatchArguments {
+  public:
+    /// Drops surplus arguments and replaces those that a by-reference parameter would refuse.
+    /// Throws HresultError(DISP_E_TYPEMISMATCH) for one that does not convert; `badArgument`, if
+    /// not null, then receives its index.
+    DispatchArguments(const DispatchMember& member, const DISPPARAMS& arguments, UINT* badArgument);
+
+    DISPPARAMS* Get() noexcept { return &parameters_; }
+
+    /// The index among the caller's arguments of one that the member refused.
+    UINT OriginalIndex(UINT index) const noexcept;
+
+    /// Hands values that the member changed back to the caller's variables. Throws HresultError
+    /// where a variable cannot take its new value.
+    void HandBack();
+
+  private:
+    /// A by-reference argument whose variable has another type: the member gets a converted copy.
+    struct Stand {
+        const VARIANT* Original;
+        Variant Before;
+        Variant Current;
+    };
+
+    void DropSurplus(std::size_t parameters);
+    void Fit(std::size_t index, VARTYPE parameter);
+
+    DISPPARAMS parameters_;
+    std::vector<VARIANT> values_;
+    UINT dropped_ = 0;
+    std::vector<Stand> stands_;
+};
+
+} // namespace Quorvane::Com

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// The parts of the automation value owners that call the platform's conversions.
+#include "control/com/Scoped.h"
+
+#include "control/com/ErrorBoundary.h"
+
+namespace Quorvane::Com {
+
+// The platform's declarations lack const for what they only read.
+
+Variant::Variant(const VARIANT& value) : Variant() {
+    Check(::VariantCopy(&value_, const_cast<VARIANT*>(&value)));
+}
+
+Variant ChangeType(const VARIANT& value, VARTYPE type) {
+    Variant result;
+    // The platform does not follow a by-reference variant in every conversion; follow it here.
+    VARIANT& source = const_cast<VARIANT&>(Dereference(value));
+    Check(::VariantChangeType(result.Put(), &source, 0, type));
+    return result;
+}
+
+const VARIANT& Dereference(const VARIANT& value) noexcept {
+    // Automation allows one such step; a host's longer chain is followed, an endless one is not.
+    constexpr int MostSteps = 8;
+    const VARIANT* result = &value;
+    for (int step = 0; step < MostSteps; ++step) {
+        if (result->vt != (VT_BYREF | VT_VARIANT) || !result->pvarVal) {
+            break;
+        }
+        result = result->pvarVal;
+    }
+    return *result;
+}
+
+} // namespace Quorvane::Com
