@@ -40,9 +40,9 @@ HRESULT InvokeMember(const TypeDescription& type, IDispatch* target, const Dispa
 /// is taken from the thread. Nothing happens for a null `exception`.
 void FillException(HRESULT result, EXCEPINFO* exception) noexcept;
 
-/// IDispatch over the dual interface I of the embedded type library. The class derived from it
-/// implements the members of I.
-template <class I>
+/// IDispatch over the dual interface I, described by the embedded type library unless another
+/// source is given. The class derived from it implements the members of I.
+template <class I, auto Describe = DescribeEmbeddedType>
 class DualDispatch : public I {
   public:
     using Answers = InterfaceList<I, IDispatch>;
@@ -80,7 +80,7 @@ class DualDispatch : public I {
   private:
     const std::shared_ptr<const TypeDescription>& Description() {
         if (!type_) {
-            type_ = DescribeEmbeddedType(__uuidof(I));
+            type_ = Describe(__uuidof(I));
         }
         return type_;
     }

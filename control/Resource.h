@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+// The ids of the control's resources. The type library is 1, as loading by file name expects.
+#pragma once
+
+#define QUORVANE_TYPELIB 1
+#define QUORVANE_MANIFEST 2
+#define QUORVANE_TOOLBOX_BITMAP 101
