@@ -4,14 +4,42 @@
 
 #include <QuorvaneAxEditor.h>
 
+#include "control/FISControl.h"
+#include "control/Resource.h"
 #include "control/com/Module.h"
 #include "shared/Definition.h"
+
+namespace Quorvane {
+namespace {
+
+/// What the registry says of the control. It is safe to load untrusted data into it, as hostile
+/// texts and bags are; it is never safe for untrusted callers, as BatchData writes files.
+constexpr GUID ControlCategories[] = {
+    // CATID_Control and CATID_SafeForInitializing, which the platform declares as variables only.
+    {0x40fc6ed4, 0x2438, 0x11cf, {0xa3, 0xdb, 0x08, 0x00, 0x36, 0xf1, 0x25, 0x02}},
+    {0x7dd95802, 0x9882, 0x11cf, {0x9f, 0xa9, 0x00, 0xaa, 0x00, 0x6c, 0x42, 0xc4}},
+};
+
+constexpr Com::ClassEntry Classes[] = {
+    {.Clsid = &CLSID_FISControl,
+     .Create = Com::CreateInstance<FISControl>,
+     .Registration = {.Title = u"Quorvane fuzzy inference control",
+                      .ProgId = u"QuorvaneAxEditor.FISControl",
+                      .ProgIdVersion = u"1",
+                      .IsControl = true,
+                      .MiscStatus = FISControl::MiscStatus,
+                      .ToolboxBitmap = QUORVANE_TOOLBOX_BITMAP,
+                      .Categories = ControlCategories}},
+};
+
+} // namespace
+} // namespace Quorvane
 
 namespace Quorvane::Com {
 
 const ModuleDescription& DescribeModule() noexcept {
     static constexpr ModuleDescription description = {
-        .Classes = {},
+        .Classes = Classes,
         .TypeLibrary = &LIBID_QuorvaneAxEditor,
         .MajorVersion = 1,
         .MinorVersion = 0,

@@ -53,7 +53,7 @@ class VariantValue final : public HostValue {
     explicit VariantValue(const VARIANT& variant) : variant_(variant) {}
 
     Text TextForm() const override {
-        const Com::Variant value = Resolve(variant_.Get());
+        Com::Variant value = Resolve(variant_.Get());
         if (value.Type() == VT_R8) {
             return UserNumberText(value.Get().dblVal);
         }
@@ -64,7 +64,7 @@ class VariantValue final : public HostValue {
     }
 
     double Number() const override {
-        const Com::Variant value = Resolve(variant_.Get());
+        Com::Variant value = Resolve(variant_.Get());
         if (value.Type() == VT_BSTR) {
             return ParseUserNumber(Com::View(value.Get().bstrVal));
         }
@@ -102,13 +102,6 @@ class VariantValue final : public HostValue {
     Com::Variant variant_;
 };
 
-/// The argument with by-reference types followed to the value they refer to.
-Com::Variant WithoutReference(const VARIANT& variant) {
-    Com::Variant value;
-    Com::Check(::VariantCopyInd(value.Put(), &variant));
-    return value;
-}
-
 } // namespace
 
 Value FromVariant(const VARIANT& variant) {
@@ -121,10 +114,14 @@ Value FromVariant(const VARIANT& variant) {
         return Text(Com::View(variant.bstrVal));
     default:
         if ((variant.vt & VT_BYREF) != 0) {
-            return FromVariant(WithoutReference(variant).Get());
+            return FromVariant(Com::WithoutReference(variant).Get());
         }
-        return std::make_shared<const VariantValue>(variant);
+        return HoldVariant(variant);
     }
+}
+
+std::shared_ptr<const HostValue> HoldVariant(const VARIANT& variant) {
+    return std::make_shared<const VariantValue>(Com::WithoutReference(variant).Get());
 }
 
 Com::Variant ToVariant(const Value& value) {
@@ -135,10 +132,14 @@ Com::Variant ToVariant(const Value& value) {
         return Com::Variant(TextView(*text));
     }
     if (const auto* host = std::get_if<std::shared_ptr<const HostValue>>(&value)) {
-        // In this module every value of a host is a VariantValue.
-        return Com::Variant(static_cast<const VariantValue&>(**host).Get());
+        return ToVariant(**host);
     }
     return {};
+}
+
+Com::Variant ToVariant(const HostValue& value) {
+    // In this module every value of a host is a VariantValue.
+    return Com::Variant(static_cast<const VariantValue&>(value).Get());
 }
 
 } // namespace Quorvane

@@ -12,7 +12,13 @@ namespace Quorvane {
 /// they refer to. Throws Com::HresultError when the value cannot be copied.
 Value FromVariant(const VARIANT& variant);
 
+/// A VARIANT kept whole, whatever it holds. By-reference variants are followed first.
+std::shared_ptr<const HostValue> HoldVariant(const VARIANT& variant);
+
 /// The VARIANT that a host gets for a value: of the type that it was given in.
 Com::Variant ToVariant(const Value& value);
+
+/// The same for a value that was kept whole.
+Com::Variant ToVariant(const HostValue& value);
 
 } // namespace Quorvane

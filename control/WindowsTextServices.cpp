@@ -47,10 +47,10 @@ class Services final : public TextServices {
     }
 
     double NumberFromLocaleText(TextView text) const override {
-        const Text terminated(text);
+        Text terminated(text);
+        auto* const wide = reinterpret_cast<wchar_t*>(terminated.data());
         double number = 0;
-        const HRESULT result =
-            ::VarR8FromStr(Com::Wide(terminated), LOCALE_USER_DEFAULT, 0, &number);
+        const HRESULT result = ::VarR8FromStr(wide, LOCALE_USER_DEFAULT, 0, &number);
         if (FAILED(result)) {
             throw FisError(result == DISP_E_OVERFLOW ? RuntimeError::Overflow
                                                      : RuntimeError::TypeMismatch);

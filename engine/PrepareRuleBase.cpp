@@ -82,8 +82,8 @@ class TableBuilder {
     std::uint32_t DegreeIndex(TextView variable, TextView term) {
         const std::uint32_t* input = inputs_.Find(variable);
         if (!input) {
-            input = &inputs_.Add(Text(variable),
-                                 static_cast<std::uint32_t>(tables_.UsedInputs.size()));
+            input =
+                &inputs_.Add(Text(variable), static_cast<std::uint32_t>(tables_.UsedInputs.size()));
             tables_.UsedInputs.push_back({Text(variable), std::nullopt, {}, {}});
             terms_.emplace_back(KeyComparison::Exact);
         }

@@ -20,18 +20,17 @@ consteval auto Stored(const char16_t (&plain)[Size]) {
     return stored;
 }
 
-constexpr auto Inputs = Stored(
-    u"Error/1/-1/Neg,-1,-1,-0.5,0;Zero,-0.5,0,0,0.5;Pos,0,0.5,1,1|"
-    u"Rate/1/-1/Neg,-1,-1,-0.5,0;Zero,-0.5,0,0,0.5;Pos,0,0.5,1,1");
+constexpr auto Inputs = Stored(u"Error/1/-1/Neg,-1,-1,-0.5,0;Zero,-0.5,0,0,0.5;Pos,0,0.5,1,1|"
+                               u"Rate/1/-1/Neg,-1,-1,-0.5,0;Zero,-0.5,0,0,0.5;Pos,0,0.5,1,1");
 
 constexpr auto Outputs = Stored(u"Action/1/-1/Down,-1;Less,-0.5;Hold,0;More,0.5;Up,1");
 
-constexpr auto Rules = Stored(
-    u"Error>Neg;Rate>Neg/Action<Down:1|Error>Neg;Rate>Zero/Action<Less:1|"
-    u"Error>Neg;Rate>Pos/Action<Hold:1|Error>Zero;Rate>Neg/Action<Less:1|"
-    u"Error>Zero;Rate>Zero/Action<Hold:1|Error>Zero;Rate>Pos/Action<More:1|"
-    u"Error>Pos;Rate>Neg/Action<Hold:1|Error>Pos;Rate>Zero/Action<More:1|"
-    u"Error>Pos;Rate>Pos/Action<Up:1");
+constexpr auto Rules =
+    Stored(u"Error>Neg;Rate>Neg/Action<Down:1|Error>Neg;Rate>Zero/Action<Less:1|"
+           u"Error>Neg;Rate>Pos/Action<Hold:1|Error>Zero;Rate>Neg/Action<Less:1|"
+           u"Error>Zero;Rate>Zero/Action<Hold:1|Error>Zero;Rate>Pos/Action<More:1|"
+           u"Error>Pos;Rate>Neg/Action<Hold:1|Error>Pos;Rate>Zero/Action<More:1|"
+           u"Error>Pos;Rate>Pos/Action<Up:1");
 
 } // namespace
 

@@ -14,8 +14,8 @@ namespace Quorvane::Main {
 ///   rules    Input>Term;Input>Term/Output<Term;Output<Term:Weight|...
 ///
 /// Raises TypeMismatch or Overflow for a number that does not convert, SubscriptOutOfRange for a
-/// missing field and DuplicateKey for a name that repeats; what was built until then stays in place.
-/// The prepared rule tables are those of the old model until the rule base is prepared anew.
+/// missing field and DuplicateKey for a name that repeats; what was built until then stays in
+/// place. The prepared rule tables are those of the old model until the rule base is prepared anew.
 void ParseDefinition();
 
 } // namespace Quorvane::Main

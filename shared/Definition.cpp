@@ -33,7 +33,8 @@ void ReleaseModel() {
 void Reset() {
     ProcessState fresh;
     fresh.Platform = State().Platform;
-    // What was held is released when the old state leaves this scope, after the new one is in place.
+    // What was held is released when the old state leaves this scope, after the new one is in
+    // place.
     std::swap(State(), fresh);
 }
 

@@ -27,8 +27,8 @@ struct KeyEqual {
 };
 
 /// A dictionary with text keys. Enumeration yields the entries in the order in which they were
-/// added; replacing a value or a key keeps the entry's place. Every operation but RemoveAll takes
-/// constant time, and an entry stays where it is in memory until it is removed.
+/// added; replacing a value or a key keeps the entry's place. Operations on one entry take constant
+/// time, and an entry stays where it is in memory until it is removed.
 template <class Value>
 class StringKeyedDictionary {
   public:
@@ -149,9 +149,12 @@ class StringKeyedDictionary {
         }
     }
 
+    /// Removes every entry. The values are destroyed after the dictionary is empty, so that one
+    /// whose end comes back to the dictionary finds it whole.
     void RemoveAll() {
+        std::list<Entry> removed;
+        removed.swap(entries_);
         index_.clear();
-        entries_.clear();
     }
 
     /// Changes how keys compare. Raises InvalidCall when the dictionary holds entries.

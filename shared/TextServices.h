@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the portable core asks of the platform about texts: the ANSI code page and the user's locale.
+// What the portable core asks of the platform about texts: the ANSI code page and the user's
+// locale.
 #pragma once
 
 #include <cstdint>

@@ -15,6 +15,15 @@ namespace {
 
 using Shared = std::shared_ptr<const HostValue>;
 
+/// A number or integer; absent for values whose text is not that of a number.
+std::optional<double> PlainNumber(const Value& value) {
+    if (const auto* number = std::get_if<double>(&value)) {
+        return *number;
+    }
+    const auto* const host = std::get_if<Shared>(&value);
+    return host ? (*host)->Integer() : std::nullopt;
+}
+
 template <class NumberFormat>
 Text TextForm(const Value& value, NumberFormat format) {
     if (const auto* number = std::get_if<double>(&value)) {
@@ -69,16 +78,16 @@ bool SameNumberText(double left, double right) {
 }
 
 bool SameTextForm(const std::optional<double>& cached, const Value& value) {
-    if (const auto* number = std::get_if<double>(&value)) {
+    if (const std::optional<double> number = PlainNumber(value)) {
         return cached && SameNumberText(*cached, *number);
     }
-    const auto* text = std::get_if<Text>(&value);
-    if (!text && IsEmpty(value)) {
+    if (IsEmpty(value)) {
         return false;
     }
     const auto same = [&cached](TextView form) {
         return form == (cached ? UserNumberText(*cached) : Text(EmptyMarker));
     };
+    const auto* const text = std::get_if<Text>(&value);
     return text ? same(*text) : same(UserText(value));
 }
 

@@ -24,6 +24,10 @@ class HostValue {
 
     /// The platform's conversion to Double. Raises TypeMismatch or Overflow.
     virtual double Number() const = 0;
+
+    /// The value of a plain integer, whose text form is that of the equal Double; absent for any
+    /// other value.
+    virtual std::optional<double> Integer() const { return std::nullopt; }
 };
 
 /// Empty (never assigned), a number, a text, or a value of the host's own.

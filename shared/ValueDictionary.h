@@ -26,7 +26,7 @@ class ValueDictionary {
 };
 
 /// The object through which a host sees one of the system's own dictionaries.
-class HostFace;
+class ScriptingDictionary;
 
 /// A dictionary of the system's own.
 class OwnValueDictionary final : public ValueDictionary {
@@ -47,7 +47,9 @@ class OwnValueDictionary final : public ValueDictionary {
 
     void Put(TextView key, Value value) override {
         if (Item* const item = Items.Find(key)) {
-            item->Content = std::move(value);
+            // Swapped, so that the former value goes only after the item is whole again: releasing
+            // an object of the host may come back to this dictionary.
+            std::swap(item->Content, value);
         } else {
             Items.Add(Text(key), {std::move(value), nullptr});
         }
@@ -56,7 +58,7 @@ class OwnValueDictionary final : public ValueDictionary {
     StringKeyedDictionary<Item> Items;
 
     /// Set while a host holds this dictionary; the face itself sets and clears it.
-    HostFace* Face = nullptr;
+    ScriptingDictionary* Face = nullptr;
 };
 
 } // namespace Quorvane

@@ -20,6 +20,14 @@ Variant ChangeType(const VARIANT& value, VARTYPE type) {
     return result;
 }
 
+Variant WithoutReference(const VARIANT& value) {
+    // The header of the compiler forgets that the source is not changed.
+    auto& source = const_cast<VARIANT&>(value);
+    Variant copy;
+    Check(::VariantCopyInd(copy.Put(), &source));
+    return copy;
+}
+
 const VARIANT& Dereference(const VARIANT& value) noexcept {
     // Automation allows one such step; a host's longer chain is followed, an endless one is not.
     constexpr int MostSteps = 8;

@@ -6,6 +6,7 @@
 
 #include <oleauto.h>
 
+#include <concepts>
 #include <new>
 #include <utility>
 
@@ -89,7 +90,9 @@ class Variant {
         value_.vt = VT_I4;
         value_.lVal = number;
     }
-    explicit Variant(bool flag) noexcept : Variant() {
+    explicit Variant(int number) noexcept : Variant(LONG{number}) {}
+    /// Nothing but a bool: a pointer to characters would convert to one.
+    explicit Variant(std::same_as<bool> auto flag) noexcept : Variant() {
         value_.vt = VT_BOOL;
         value_.boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
     }
@@ -139,6 +142,10 @@ class Variant {
 /// The value as another type, by the platform's conversion in the user's locale. Objects give
 /// their default property. Throws HresultError, DISP_E_TYPEMISMATCH for one that does not convert.
 Variant ChangeType(const VARIANT& value, VARTYPE type);
+
+/// A copy of the value in which a by-reference type has become the value that it refers to. Throws
+/// HresultError.
+Variant WithoutReference(const VARIANT& value);
 
 /// The value that a chain of VT_BYREF | VT_VARIANT ends at; the argument itself for any other.
 const VARIANT& Dereference(const VARIANT& value) noexcept;

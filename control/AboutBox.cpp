@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// The about box.
+#include "control/FISControl.h"
+#include "control/MessageBox.h"
+#include "text/GetText.h"
+
+namespace Quorvane {
+namespace {
+
+constexpr std::int32_t AboutTextId = 38;
+
+/// The name of the component, which titles a message box of no title of its own.
+constexpr TextView ComponentName = u"QuorvaneAxEditor";
+
+} // namespace
+
+STDMETHODIMP FISControl::ShowAboutBox() noexcept {
+    return Com::Guard<_FISControl>([&] {
+        const Com::KeepAlive alive(this);
+        ShowMessage(site_.Window(), Main::GetText(AboutTextId), Text(ComponentName),
+                    MB_OK | MB_ICONINFORMATION);
+    });
+}
+
+} // namespace Quorvane

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// A text file of the batch.
+#include "control/BatchFile.h"
+
+#include "control/com/ErrorBoundary.h"
+#include "control/com/Scoped.h"
+
+namespace Quorvane {
+namespace {
+
+constexpr std::size_t BufferSize = 64 * 1024;
+
+[[noreturn]] void ThrowLastError() {
+    throw Com::HresultError(HRESULT_FROM_WIN32(::GetLastError()));
+}
+
+void DeleteExisting(const wchar_t* path) {
+    if (!::DeleteFileW(path) && ::GetLastError() != ERROR_FILE_NOT_FOUND) {
+        ThrowLastError();
+    }
+}
+
+HANDLE CreateNew(const wchar_t* path) {
+    HANDLE const file = ::CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        ThrowLastError();
+    }
+    return file;
+}
+
+} // namespace
+
+BatchFile::BatchFile(const Text& path) {
+    buffer_.reserve(BufferSize);
+    DeleteExisting(Com::Wide(path));
+    file_ = CreateNew(Com::Wide(path));
+}
+
+BatchFile::~BatchFile() {
+    try {
+        Flush();
+    } catch (...) {
+        // Nobody is left to be told; a run that succeeded has called Flush itself.
+    }
+    ::CloseHandle(file_);
+}
+
+void BatchFile::Write(std::string_view text) {
+    if (buffer_.size() + text.size() > BufferSize) {
+        Flush();
+    }
+    buffer_ += text;
+}
+
+void BatchFile::Write(TextView text) {
+    const auto* const wide = reinterpret_cast<const wchar_t*>(text.data());
+    const auto length = static_cast<int>(text.size());
+    std::string narrow(2 * text.size(), '\0');
+    const int size = ::WideCharToMultiByte(CP_ACP, 0, wide, length, narrow.data(),
+                                           static_cast<int>(narrow.size()), nullptr, nullptr);
+    narrow.resize(static_cast<std::size_t>(size));
+    Write(std::string_view(narrow));
+}
+
+void BatchFile::Flush() {
+    std::string_view left = buffer_;
+    while (!left.empty()) {
+        DWORD written = 0;
+        if (!::WriteFile(file_, left.data(), static_cast<DWORD>(left.size()), &written, nullptr)) {
+            ThrowLastError();
+        }
+        left.remove_prefix(written);
+    }
+    buffer_.clear();
+}
+
+} // namespace Quorvane

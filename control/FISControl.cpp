@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// The appearance and definition properties of the control.
+#include "control/FISControl.h"
+
+#include "control/DispatchIds.h"
+#include "control/Fonts.h"
+#include "control/WindowsTextServices.h"
+#include "control/com/Scoped.h"
+#include "shared/Definition.h"
+
+namespace Quorvane {
+
+FISControl::FISControl(IUnknown* outer) : ComObject(outer) {
+    Definition::State().Platform = &WindowsTextServices();
+    // Some hosts neither initialise nor load a control before they use it.
+    display_.lvwInput.Font = NewDialogFont();
+    display_.lvwOutput.Font = display_.lvwInput.Font;
+}
+
+void FISControl::FinalRelease() noexcept {
+    Definition::ReleaseModel();
+}
+
+void FISControl::PropertyChanged(DISPID property) {
+    isDirty_ = true;
+    Notify<IPropertyNotifySink>(
+        [property](IPropertyNotifySink& sink) { sink.OnChanged(property); });
+}
+
+void FISControl::RequireDesignMode() const {
+    if (site_.UserMode()) {
+        throw FisError(static_cast<std::uint32_t>(CTL_E_SETNOTSUPPORTEDATRUNTIME), {}, {});
+    }
+}
+
+STDMETHODIMP FISControl::get_Caption(BSTR* value) noexcept {
+    return Com::Guard<_FISControl>(
+        [&] { Com::Out(value) = Com::NewBstr(display_.lblCaption.Caption); });
+}
+
+STDMETHODIMP FISControl::put_Caption(BSTR value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        display_.lblCaption.Caption = Com::View(value);
+        PropertyChanged(DISPID_CAPTION);
+    });
+}
+
+STDMETHODIMP FISControl::get_Enabled(VARIANT_BOOL* value) noexcept {
+    return Com::Guard<_FISControl>(
+        [&] { Com::Out(value) = display_.lvwInput.Enabled ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+STDMETHODIMP FISControl::put_Enabled(VARIANT_BOOL value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        const bool enabled = value != VARIANT_FALSE;
+        display_.lblCaption.Enabled = enabled;
+        display_.lvwInput.Enabled = enabled;
+        display_.lvwOutput.Enabled = enabled;
+        PropertyChanged(DISPID_ENABLED);
+    });
+}
+
+STDMETHODIMP FISControl::get_Font(IFontDisp** value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        Com::Out(value) = nullptr;
+        display_.lvwInput.Font.CopyTo(value);
+    });
+}
+
+STDMETHODIMP FISControl::putref_Font(IFontDisp* value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        if (!value) {
+            throw FisError(RuntimeError::TypeMismatch);
+        }
+        display_.lvwInput.Font = value;
+        display_.lvwOutput.Font = value;
+        PropertyChanged(DISPID_FONT);
+    });
+}
+
+STDMETHODIMP FISControl::get_BackColor(OLE_COLOR* value) noexcept {
+    return Com::Guard<_FISControl>([&] { Com::Out(value) = display_.lvwInput.BackColor; });
+}
+
+STDMETHODIMP FISControl::put_BackColor(OLE_COLOR value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        display_.lvwInput.BackColor = value;
+        display_.lvwOutput.BackColor = value;
+        PropertyChanged(DISPID_BACKCOLOR);
+    });
+}
+
+STDMETHODIMP FISControl::get_ForeColor(OLE_COLOR* value) noexcept {
+    return Com::Guard<_FISControl>([&] { Com::Out(value) = display_.lvwInput.ForeColor; });
+}
+
+STDMETHODIMP FISControl::put_ForeColor(OLE_COLOR value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        display_.lvwInput.ForeColor = value;
+        display_.lvwOutput.ForeColor = value;
+        PropertyChanged(DISPID_FORECOLOR);
+    });
+}
+
+STDMETHODIMP FISControl::Refresh() noexcept {
+    return Com::Guard<_FISControl>([&] { display_.Repaint(); });
+}
+
+STDMETHODIMP FISControl::get_Inputs(BSTR* value) noexcept {
+    return Com::Guard<_FISControl>(
+        [&] { Com::Out(value) = Com::NewBstr(Definition::State().InputsText); });
+}
+
+STDMETHODIMP FISControl::put_Inputs(BSTR value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        RequireDesignMode();
+        Definition::State().InputsText = Com::View(value);
+        display_.FillVariableLists();
+        PropertyChanged(DispatchIds::Inputs);
+    });
+}
+
+STDMETHODIMP FISControl::get_Outputs(BSTR* value) noexcept {
+    return Com::Guard<_FISControl>(
+        [&] { Com::Out(value) = Com::NewBstr(Definition::State().OutputsText); });
+}
+
+STDMETHODIMP FISControl::put_Outputs(BSTR value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        RequireDesignMode();
+        Definition::State().OutputsText = Com::View(value);
+        display_.FillVariableLists();
+        PropertyChanged(DispatchIds::Outputs);
+    });
+}
+
+STDMETHODIMP FISControl::get_Rules(BSTR* value) noexcept {
+    return Com::Guard<_FISControl>(
+        [&] { Com::Out(value) = Com::NewBstr(Definition::State().RulesText); });
+}
+
+STDMETHODIMP FISControl::put_Rules(BSTR value) noexcept {
+    return Com::Guard<_FISControl>([&] {
+        RequireDesignMode();
+        Definition::State().RulesText = Com::View(value);
+        PropertyChanged(DispatchIds::Rules);
+    });
+}
+
+} // namespace Quorvane

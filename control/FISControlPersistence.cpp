@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// Initialising, loading and saving the control.
+#include "control/FISControl.h"
+#include "control/Fonts.h"
+#include "control/HelpFile.h"
+#include "control/PropertyBag.h"
+#include "control/StreamPropertyBag.h"
+#include "engine/PrepareRuleBase.h"
+#include "model/BuiltInDefinition.h"
+#include "model/ParseDefinition.h"
+#include "shared/Definition.h"
+#include "text/GetText.h"
+
+namespace Quorvane {
+namespace {
+
+constexpr std::int32_t DefaultCaptionId = 36;
+
+} // namespace
+
+Com::ComPtr<IFontDisp> FISControl::AmbientFont() const {
+    auto font = site_.Font();
+    return font ? font : NewDialogFont();
+}
+
+void FISControl::InitProperties() {
+    Definition::ProcessState& state = Definition::State();
+    display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
+    display_.lvwInput.Font = AmbientFont();
+    display_.lvwOutput.Font = display_.lvwInput.Font;
+    state.LanguageId = static_cast<std::int32_t>(site_.LocaleId());
+    SetHelpFile();
+    state.InputsText = Main::BuiltInInputs();
+    state.OutputsText = Main::BuiltInOutputs();
+    state.RulesText = Main::BuiltInRules();
+    Main::ParseDefinition();
+    display_.FillVariableLists();
+}
+
+// A failure ends the load where it stands: what was read before it stays, and the next load works.
+void FISControl::ReadProperties(IPropertyBag& bag, IErrorLog* log) {
+    const PropertyReader reader(bag, log);
+    ListFace& input = display_.lvwInput;
+    ListFace& output = display_.lvwOutput;
+    display_.lblCaption.Caption = reader.ReadText(L"Caption", Main::GetText(DefaultCaptionId));
+    input.Font = reader.ReadFont(L"Font", AmbientFont());
+    input.BackColor = reader.ReadColor(L"BackColor", DefaultBackColor);
+    input.ForeColor = reader.ReadColor(L"ForeColor", DefaultForeColor);
+    output.Font = reader.ReadFont(L"Font", AmbientFont());
+    output.BackColor = reader.ReadColor(L"BackColor", DefaultBackColor);
+    output.ForeColor = reader.ReadColor(L"ForeColor", DefaultForeColor);
+    // Only the input list: a form saved as disabled shows a readable caption and outputs.
+    input.Enabled = reader.ReadFlag(L"Enabled", true);
+
+    const bool runMode = site_.UserMode();
+    Definition::ProcessState& state = Definition::State();
+    state.LanguageId =
+        runMode ? ::GetUserDefaultLangID() : static_cast<std::int32_t>(site_.LocaleId());
+    SetHelpFile();
+    state.InputsText = reader.ReadText(L"Inputs", Text(Main::BuiltInInputs()));
+    state.OutputsText = reader.ReadText(L"Outputs", Text(Main::BuiltInOutputs()));
+    state.RulesText = reader.ReadText(L"Rules", Text(Main::BuiltInRules()));
+    Main::ParseDefinition();
+    display_.FillVariableLists();
+    if (runMode) {
+        RunTime::PrepareRuleBase();
+    }
+}
+
+void FISControl::WriteProperties(IPropertyBag& bag, bool all) const {
+    const PropertyWriter writer(bag, all);
+    const Definition::ProcessState& state = Definition::State();
+    const ListFace& input = display_.lvwInput;
+    writer.WriteText(L"Caption", display_.lblCaption.Caption, Main::GetText(DefaultCaptionId));
+    writer.WriteFont(L"Font", input.Font.Get(), AmbientFont().Get());
+    writer.WriteColor(L"BackColor", input.BackColor, DefaultBackColor);
+    writer.WriteColor(L"ForeColor", input.ForeColor, DefaultForeColor);
+    writer.WriteFlag(L"Enabled", input.Enabled, true);
+    writer.WriteText(L"Inputs", state.InputsText, Main::BuiltInInputs());
+    writer.WriteText(L"Outputs", state.OutputsText, Main::BuiltInOutputs());
+    writer.WriteText(L"Rules", state.RulesText, Main::BuiltInRules());
+}
+
+STDMETHODIMP FISControl::GetClassID(CLSID* clsid) noexcept {
+    return Com::Guard<IPersist>([&] { Com::Out(clsid) = __uuidof(::FISControl); });
+}
+
+STDMETHODIMP FISControl::IsDirty() noexcept {
+    return isDirty_ ? S_OK : S_FALSE;
+}
+
+STDMETHODIMP FISControl::InitNew() noexcept {
+    return Com::Guard<IPersistStreamInit>([&] {
+        InitProperties();
+        isDirty_ = false;
+    });
+}
+
+STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
+    return Com::Guard<IPersistPropertyBag>([&] {
+        ReadProperties(Com::Out(bag), log);
+        isDirty_ = false;
+    });
+}
+
+STDMETHODIMP FISControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) noexcept {
+    return Com::Guard<IPersistPropertyBag>([&] {
+        WriteProperties(Com::Out(bag), saveAll);
+        isDirty_ = isDirty_ && !clearDirty;
+    });
+}
+
+STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
+    return Com::Guard<IPersistStreamInit>([&] {
+        const auto bag = StreamPropertyBag::ReadFrom(Com::Out(stream));
+        ReadProperties(*bag, nullptr);
+        isDirty_ = false;
+    });
+}
+
+STDMETHODIMP FISControl::Save(IStream* stream, BOOL clearDirty) noexcept {
+    return Com::Guard<IPersistStreamInit>([&] {
+        const auto bag = Com::MakeObject<StreamPropertyBag>();
+        WriteProperties(*bag, false);
+        bag->WriteTo(Com::Out(stream));
+        isDirty_ = isDirty_ && !clearDirty;
+    });
+}
+
+STDMETHODIMP FISControl::GetSizeMax(ULARGE_INTEGER* size) noexcept {
+    return Com::Guard<IPersistStreamInit>([&] {
+        Com::ComPtr<IStream> stream;
+        Com::Check(::CreateStreamOnHGlobal(nullptr, TRUE, stream.Put()));
+        Com::Check(Save(stream.Get(), FALSE));
+        STATSTG status{};
+        Com::Check(stream->Stat(&status, STATFLAG_NONAME));
+        Com::Out(size) = status.cbSize;
+    });
+}
+
+} // namespace Quorvane

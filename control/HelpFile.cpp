@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// Where the help file of the current language is.
+#include "control/HelpFile.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+
+#include "QuorvaneAxEditor.h"
+#include "control/com/ErrorBoundary.h"
+#include "shared/Definition.h"
+#include "text/GetText.h"
+
+namespace Quorvane {
+namespace {
+
+constexpr std::int32_t HelpFileNameId = 37;
+
+/// The most characters that a help directory can have, its terminating zero included.
+constexpr DWORD LongestDirectory = 32768;
+
+/// An open registry key.
+class Key {
+  public:
+    ~Key() {
+        if (key_) {
+            ::RegCloseKey(key_);
+        }
+    }
+    HKEY* Put() { return &key_; }
+    HKEY Get() const { return key_; }
+
+  private:
+    HKEY key_ = nullptr;
+};
+
+std::string HelpDirectoryKey() {
+    wchar_t braced[39];
+    ::StringFromGUID2(LIBID_QuorvaneAxEditor, braced, static_cast<int>(std::size(braced)));
+    std::string key = "TypeLib\\";
+    for (const wchar_t* character = braced; *character; ++character) {
+        key.push_back(static_cast<char>(*character));
+    }
+    return key + "\\1.0\\HELPDIR";
+}
+
+Text FromAnsi(const std::string& ansi) {
+    Text wide(ansi.size(), u'\0');
+    const int size = ::MultiByteToWideChar(CP_ACP, 0, ansi.data(), static_cast<int>(ansi.size()),
+                                           reinterpret_cast<wchar_t*>(wide.data()),
+                                           static_cast<int>(wide.size()));
+    wide.resize(static_cast<std::size_t>(size));
+    return wide;
+}
+
+} // namespace
+
+void SetHelpFile() {
+    Key key;
+    if (::RegOpenKeyExA(HKEY_CLASSES_ROOT, HelpDirectoryKey().c_str(), 0, KEY_READ, key.Put()) !=
+        ERROR_SUCCESS) {
+        return;
+    }
+    // A value that cannot be read leaves the buffer as it is: blanks, taken at their full length.
+    std::string directory(LongestDirectory, ' ');
+    DWORD size = LongestDirectory;
+    ::RegQueryValueExA(key.Get(), "", nullptr, nullptr, reinterpret_cast<BYTE*>(directory.data()),
+                       &size);
+    directory.resize(std::min(std::max<DWORD>(size, 1) - 1, LongestDirectory));
+    Definition::State().HelpFile = FromAnsi(directory) + Main::GetText(HelpFileNameId);
+}
+
+} // namespace Quorvane
