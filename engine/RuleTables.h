@@ -35,7 +35,7 @@ struct Consequent {
     static constexpr auto UnknownOutput = std::numeric_limits<std::uint32_t>::max();
 
     /// The index of the output, or UnknownOutput for one that rule 0 does not name.
-    std::uint32_t Output;
+    std::uint32_t Output = UnknownOutput;
     /// The position of the singleton; absent for "[NONE]".
     std::optional<double> Point;
 };

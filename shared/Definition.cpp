@@ -8,6 +8,7 @@
 namespace Quorvane::Definition {
 
 ProcessState& State() {
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
     static auto* const state = new ProcessState;
     return *state;
 }

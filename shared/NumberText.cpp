@@ -116,6 +116,7 @@ double Convert(const std::string& number) {
 
 } // namespace
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): only the characters written are read
 NumberCharacters::NumberCharacters(double value) noexcept {
     if (std::isnan(value)) {
         size_ = Copy("NAN", characters_);

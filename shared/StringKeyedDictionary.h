@@ -43,8 +43,8 @@ class StringKeyedDictionary {
     explicit StringKeyedDictionary(KeyComparison comparison)
         : index_(0, KeyHash{comparison}, KeyEqual{comparison}) {}
 
-    StringKeyedDictionary(StringKeyedDictionary&&) = default;
-    StringKeyedDictionary& operator=(StringKeyedDictionary&&) = default;
+    StringKeyedDictionary(StringKeyedDictionary&&) noexcept = default;
+    StringKeyedDictionary& operator=(StringKeyedDictionary&&) noexcept = default;
     StringKeyedDictionary(const StringKeyedDictionary& other)
         : StringKeyedDictionary(other.Comparison()) {
         for (const Entry& entry : other) {
@@ -52,7 +52,8 @@ class StringKeyedDictionary {
         }
     }
     StringKeyedDictionary& operator=(const StringKeyedDictionary& other) {
-        return *this = StringKeyedDictionary(other);
+        *this = StringKeyedDictionary(other);
+        return *this;
     }
     ~StringKeyedDictionary() = default;
 
