@@ -7,12 +7,14 @@
 #include "control/WindowsTextServices.h"
 #include "control/com/Scoped.h"
 #include "shared/Definition.h"
+#include "text/GetText.h"
 
 namespace Quorvane {
 
 FISControl::FISControl(IUnknown* outer) : ComObject(outer) {
     Definition::State().Platform = &WindowsTextServices();
     // Some hosts neither initialise nor load a control before they use it.
+    display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
     display_.lvwInput.Font = NewDialogFont();
     display_.lvwOutput.Font = display_.lvwInput.Font;
 }

@@ -114,6 +114,9 @@ class FISControl final
     void FinalRelease() noexcept override;
 
   private:
+    /// The text that a control is captioned with until the host sets another.
+    static constexpr std::int32_t DefaultCaptionId = 36;
+
     /// Tells the host that a persisted property has changed.
     void PropertyChanged(DISPID property);
 

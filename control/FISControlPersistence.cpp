@@ -12,11 +12,6 @@
 #include "text/GetText.h"
 
 namespace Quorvane {
-namespace {
-
-constexpr std::int32_t DefaultCaptionId = 36;
-
-} // namespace
 
 Com::ComPtr<IFontDisp> FISControl::AmbientFont() const {
     auto font = site_.Font();
