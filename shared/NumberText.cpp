@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 
 #include "shared/Definition.h"
@@ -89,10 +90,11 @@ bool Underflows(std::string_view number) {
         return true;
     }
     const auto point = std::min(mantissa.find('.'), mantissa.size());
-    auto exponent = static_cast<long long>(point) - static_cast<long long>(significant);
+    // 64 bits, so that the sum with an exponent of 32 bits cannot overflow.
+    auto exponent = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(significant);
     if (exponentMark != std::string_view::npos) {
         const auto digits = number.substr(exponentMark + 1);
-        long long written = 0;
+        std::int32_t written = 0;
         const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), written);
         if (read.ec == std::errc::result_out_of_range) {
             return digits[0] == '-';
