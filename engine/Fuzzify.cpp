@@ -9,44 +9,59 @@
 namespace Quorvane::RunTime {
 namespace {
 
-void FuzzifyValue(RuleTables& tables, UsedInput& input, const Value& value) {
+void SetDegrees(RuleTables& tables, std::size_t index, double x, double upper, double lower) {
+    UsedInput& input = tables.UsedInputs[index];
+    const std::vector<BoundTerm>& terms = tables.Binding.Input(index).Terms;
+    for (std::size_t i = 0; i < terms.size(); ++i) {
+        tables.Degrees[input.FirstDegree + i] = Membership(terms[i], x, upper, lower);
+    }
+    tables.Selector.Update(index, tables.DegreesOf(input));
+    tables.AreSumsCurrent = false;
+}
+
+void FuzzifyValue(RuleTables& tables, std::size_t index, const Value& value) {
+    UsedInput& input = tables.UsedInputs[index];
     if (SameTextForm(input.LastInput, value)) {
         return;
     }
-    const auto& variables = Definition::Require(Definition::State().InputVariables);
-    const LinguisticVariable& variable = variables.At(input.Name);
-    const double upper = variable.UBound;
-    const double lower = variable.LBound;
+    tables.Binding.Refresh(tables);
+    const LinguisticVariable* const variable = tables.Binding.Input(index).Variable;
+    if (!variable) {
+        throw FisError(RuntimeError::MissingKey);
+    }
+    const double upper = variable->UBound;
+    const double lower = variable->LBound;
+    // Empty until all degrees are set, so that an input that fails is fuzzified again.
     input.LastInput.reset();
     if (IsEmpty(value)) {
-        throw EngineError(Message::InvalidInputSignal);
+        throw FisError(RuntimeError::TypeMismatch);
     }
     const double x = ToNumber(value);
+    tables.Binding.Refresh(tables);
+    SetDegrees(tables, index, x, upper, lower);
     input.LastInput = x;
-    for (std::size_t i = 0; i < input.Terms.size(); ++i) {
-        tables.Degrees[input.DegreeIndices[i]] =
-            Membership(input.Name, input.Terms[i], x, upper, lower);
-    }
 }
 
-void FuzzifyInput(RuleTables& tables, UsedInput& input, ValueDictionary& values) {
-    const Value& value = values.Get(input.Name);
-    if (std::holds_alternative<std::shared_ptr<const HostValue>>(value)) {
-        // Converting it may run code of the host, which may change the dictionary.
-        FuzzifyValue(tables, input, Value(value));
-    } else {
-        FuzzifyValue(tables, input, value);
+void FuzzifyInput(RuleTables& tables, std::size_t index) {
+    tables.Binding.Refresh(tables);
+    if (const Value* const bound = tables.Binding.Input(index).Current;
+        bound && !std::holds_alternative<std::shared_ptr<const HostValue>>(*bound)) {
+        FuzzifyValue(tables, index, *bound);
+        return;
     }
+    // Reading a host's dictionary, and converting a value of the host, may run code of the host
+    // that changes or replaces the dictionary: it is held, and the value is a copy.
+    const std::shared_ptr<ValueDictionary> values = Definition::State().InputValues;
+    const Value value = Definition::Require(values).Get(tables.UsedInputs[index].Name);
+    FuzzifyValue(tables, index, value);
 }
 
 } // namespace
 
 void Fuzzify(RuleTables& tables) {
     RunRoutine(Message::InvalidInputSignal, [&tables] {
-        // Held, as reading a host's dictionary may run code that assigns another one.
-        const std::shared_ptr<ValueDictionary> values = Definition::State().InputValues;
-        for (UsedInput& input : tables.UsedInputs) {
-            FuzzifyInput(tables, input, Definition::Require(values));
+        for (std::size_t index = 0; index < tables.UsedInputs.size(); ++index) {
+            FuzzifyInput(tables, index);
         }
     });
 }

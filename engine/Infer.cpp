@@ -19,26 +19,47 @@ double Finite(double result) {
     return result;
 }
 
-/// The output that a consequent names. Raises MissingKey for one that rule 0 does not name.
-UsedOutput& OutputOf(RuleTables& tables, const Consequent& consequent) {
-    if (consequent.Output == Consequent::UnknownOutput) {
-        throw FisError(RuntimeError::MissingKey);
-    }
-    return tables.UsedOutputs[consequent.Output];
-}
-
 void FireRule(RuleTables& tables, std::size_t rule) {
-    double activation = tables.RuleWeights[rule];
+    double activation = tables.Rules[rule].Weight;
     for (const std::uint32_t degree : tables.AntecedentsOf(rule)) {
         activation *= tables.Degrees[degree];
     }
     for (const Consequent& consequent : tables.ConsequentsOf(rule)) {
-        if (consequent.Point) {
-            UsedOutput& output = OutputOf(tables, consequent);
-            output.Numerator += activation * *consequent.Point;
-            output.Denominator += activation;
-        }
+        UsedOutput& output = tables.UsedOutputs[consequent.Output];
+        output.Numerator += activation * consequent.Point;
+        output.Denominator += activation;
     }
+}
+
+void FireRules(RuleTables& tables) {
+    for (UsedOutput& output : tables.UsedOutputs) {
+        output.Numerator = 0;
+        output.Denominator = 0;
+    }
+    for (const std::uint32_t rule : tables.Selector.Select()) {
+        FireRule(tables, rule);
+    }
+    tables.AreSumsCurrent = true;
+}
+
+/// Writes where the item is known to be. Where a value of the host is replaced, which may run its
+/// code, or the item is missing, the dictionary does it.
+void PutOutput(RuleTables& tables, std::uint32_t index, Value value) {
+    tables.Binding.Refresh(tables);
+    Value* const bound = tables.Binding.Output(index);
+    if (bound && std::holds_alternative<double>(*bound) && std::holds_alternative<double>(value)) {
+        *bound = std::get<double>(value);
+        return;
+    }
+    const std::shared_ptr<OwnValueDictionary> values = Definition::State().OutputValues;
+    Definition::Require(values).Put(tables.UsedOutputs[index].Name, std::move(value));
+}
+
+/// The value of an output for which no rule has fired.
+Value DefaultOutput(const Text& name) {
+    // Held, as reading a host's dictionary may run code that assigns another one.
+    const std::shared_ptr<ValueDictionary> defaults = Definition::State().DefaultOutputValues;
+    return Definition::Require(defaults).Get(name);
 }
 
 void SetOutputs(RuleTables& tables) {
@@ -47,17 +68,14 @@ void SetOutputs(RuleTables& tables) {
         Finite(output.Numerator);
         Finite(output.Denominator);
     }
-    const std::shared_ptr<OwnValueDictionary> values = Definition::State().OutputValues;
-    const std::shared_ptr<ValueDictionary> defaults = Definition::State().DefaultOutputValues;
-    for (const Consequent& consequent : tables.ConsequentsOf(tables.RuleCount() - 1)) {
-        const UsedOutput& output = OutputOf(tables, consequent);
-        if (output.Denominator != 0) {
-            Definition::Require(values).Put(output.Name,
-                                            Finite(output.Numerator / output.Denominator));
-        } else {
-            Definition::Require(values).Put(output.Name,
-                                            Definition::Require(defaults).Get(output.Name));
+    for (const std::uint32_t index : tables.LastRuleOutputs) {
+        if (index == RuleTables::UnknownOutput) {
+            throw FisError(RuntimeError::MissingKey);
         }
+        const UsedOutput& output = tables.UsedOutputs[index];
+        PutOutput(tables, index,
+                  output.Denominator != 0 ? Value(Finite(output.Numerator / output.Denominator))
+                                          : DefaultOutput(output.Name));
     }
 }
 
@@ -72,12 +90,11 @@ void Infer() {
         }
         RuleTables& tables = *held;
         Fuzzify(tables);
-        for (UsedOutput& output : tables.UsedOutputs) {
-            output.Numerator = 0;
-            output.Denominator = 0;
+        if (tables.AddsToUnknownOutput) {
+            throw FisError(RuntimeError::MissingKey);
         }
-        for (std::size_t rule = 0; rule < tables.RuleCount(); ++rule) {
-            FireRule(tables, rule);
+        if (!tables.AreSumsCurrent) {
+            FireRules(tables);
         }
         SetOutputs(tables);
     });

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "engine/EngineRoutine.h"
-#include "shared/Markers.h"
 
 namespace Quorvane::RunTime {
 namespace {
@@ -31,15 +30,15 @@ double TrapezoidDegree(const LinguisticTerm& term, double x) {
 
 } // namespace
 
-double Membership(TextView variable, TextView term, double x, double upper, double lower) {
+double Membership(const BoundTerm& term, double x, double upper, double lower) {
     return RunRoutine(Message::InvalidInputVariable, [&]() -> double {
-        if (term == NoneMarker) {
+        if (term.IsNone) {
             return 1;
         }
-        // A value outside belongs to no term, but only a term that exists can be asked.
-        const auto& inputs = Definition::Require(Definition::State().InputVariables);
-        const LinguisticTerm& shape = inputs.At(variable).MF.At(term);
-        return x < lower || x > upper ? 0 : TrapezoidDegree(shape, x);
+        if (!term.Shape) {
+            throw FisError(RuntimeError::MissingKey);
+        }
+        return x < lower || x > upper ? 0 : TrapezoidDegree(*term.Shape, x);
     });
 }
 

@@ -2,12 +2,12 @@
 // The trapezoid.
 #pragma once
 
-#include "shared/Text.h"
+#include "engine/ModelBinding.h"
 
 namespace Quorvane::RunTime {
 
-/// The degree of membership, in 0..1, of x in a term of an input variable of the model, over the
-/// universe from lower to upper. With the term's points P1 <= P2 <= P3 <= P4:
+/// The degree of membership, in 0..1, of x in a term of an input variable, over the universe from
+/// lower to upper. With the term's points P1 <= P2 <= P3 <= P4:
 ///
 ///     1                        the term "[NONE]"
 ///     0                        x < lower or x > upper
@@ -17,8 +17,8 @@ namespace Quorvane::RunTime {
 ///     0                        otherwise, not-a-number included
 ///
 /// A flank of no width is never evaluated, so nothing is divided by zero. Raises error 80,
-/// "Invalid linguistic input variable.", for an unknown variable or term and for a flank wider than
+/// "Invalid linguistic input variable.", for a term that the model lacks and for a flank wider than
 /// the largest Double.
-double Membership(TextView variable, TextView term, double x, double upper, double lower);
+double Membership(const BoundTerm& term, double x, double upper, double lower);
 
 } // namespace Quorvane::RunTime

@@ -10,6 +10,7 @@
 namespace Quorvane::RunTime {
 namespace {
 
+/// Numbers by exact name.
 using NameIndex = StringKeyedDictionary<std::uint32_t>;
 
 struct NamedTerm {
@@ -27,17 +28,13 @@ void RequirePieces(const std::vector<TextView>& pieces, std::size_t count) {
 /// Adds the rules one by one and keeps the indices by which they find names again.
 class TableBuilder {
   public:
-    explicit TableBuilder(std::size_t ruleCount) {
-        tables_.RuleWeights.reserve(ruleCount);
-        tables_.AntecedentEnds.reserve(ruleCount);
-        tables_.ConsequentEnds.reserve(ruleCount);
-    }
+    explicit TableBuilder(std::size_t ruleCount) { tables_->Rules.reserve(ruleCount + 1); }
 
     void AddRule(TextView rule) {
         Split(rule, u':', pieces_);
         RequirePieces(pieces_, 2);
         const TextView body = pieces_[0];
-        tables_.RuleWeights.push_back(ParseNumber(pieces_[1]));
+        BeginRule(ParseNumber(pieces_[1]));
         Split(body, u'/', pieces_);
         RequirePieces(pieces_, 2);
         const TextView antecedents = pieces_[0];
@@ -46,11 +43,19 @@ class TableBuilder {
         AddConsequents(consequents);
     }
 
-    std::shared_ptr<RuleTables> TakeTables() {
-        return std::make_shared<RuleTables>(std::move(tables_));
+    std::shared_ptr<RuleTables> Finish() {
+        BeginRule(0);
+        PlaceDegrees();
+        tables_->Selector = RuleSelector(*tables_);
+        return std::move(tables_);
     }
 
   private:
+    void BeginRule(double weight) {
+        tables_->Rules.push_back({weight, static_cast<std::uint32_t>(tables_->Antecedents.size()),
+                                  static_cast<std::uint32_t>(tables_->Consequents.size())});
+    }
+
     NamedTerm ParseElement(TextView element, char16_t mark) {
         Split(element, mark, pieces_);
         RequirePieces(pieces_, 2);
@@ -73,35 +78,51 @@ class TableBuilder {
         for (const TextView element : elements_) {
             const auto [variable, term] = ParseElement(element, u'>');
             RequireFirstMention(variable);
-            tables_.Antecedents.push_back(DegreeIndex(variable, term));
+            const std::uint32_t used = UseTerm(variable, term);
+            if (term != NoneMarker) {
+                tables_->Antecedents.push_back(used);
+            }
         }
-        tables_.AntecedentEnds.push_back(tables_.Antecedents.size());
     }
 
-    /// The place of a term's degree, made when no earlier rule uses the term.
-    std::uint32_t DegreeIndex(TextView variable, TextView term) {
+    /// The number of a used term in the order of first use, which it is given now if it is new.
+    std::uint32_t UseTerm(TextView variable, TextView term) {
         const std::uint32_t* input = inputs_.Find(variable);
         if (!input) {
-            input =
-                &inputs_.Add(Text(variable), static_cast<std::uint32_t>(tables_.UsedInputs.size()));
-            tables_.UsedInputs.push_back({Text(variable), std::nullopt, {}, {}});
+            const auto next = static_cast<std::uint32_t>(tables_->UsedInputs.size());
+            input = &inputs_.Add(Text(variable), next);
+            tables_->UsedInputs.push_back({.Name = Text(variable)});
             terms_.emplace_back(KeyComparison::Exact);
         }
-        const auto next = static_cast<std::uint32_t>(tables_.Degrees.size());
-        NameIndex& terms = terms_[*input];
-        if (const std::uint32_t* const degree = terms.Find(term)) {
-            return *degree;
+        if (const std::uint32_t* const used = terms_[*input].Find(term)) {
+            return *used;
         }
-        terms.Add(Text(term), next);
-        tables_.UsedInputs[*input].Terms.emplace_back(term);
-        tables_.UsedInputs[*input].DegreeIndices.push_back(next);
-        tables_.Degrees.push_back(1);
-        return next;
+        std::vector<Text>& terms = tables_->UsedInputs[*input].Terms;
+        places_.push_back({*input, static_cast<std::uint32_t>(terms.size())});
+        terms.emplace_back(term);
+        return terms_[*input].Add(Text(term), static_cast<std::uint32_t>(places_.size() - 1));
+    }
+
+    /// Gives the degrees of each input's terms places side by side, and the antecedents these
+    /// places instead of the numbers of first use.
+    void PlaceDegrees() {
+        std::uint32_t next = 0;
+        for (UsedInput& input : tables_->UsedInputs) {
+            input.FirstDegree = next;
+            next += static_cast<std::uint32_t>(input.Terms.size());
+        }
+        tables_->Degrees.assign(next, 1);
+        for (std::uint32_t& antecedent : tables_->Antecedents) {
+            const TermPlace& place = places_[antecedent];
+            antecedent = tables_->UsedInputs[place.Input].FirstDegree + place.Term;
+        }
     }
 
     void AddConsequents(TextView list) {
-        const bool isFirstRule = tables_.ConsequentEnds.empty();
+        const bool isFirstRule = tables_->Rules.size() == 1;
         named_.clear();
+        tables_->LastRuleOutputs.clear();
+        tables_->AddsToUnknownOutput = addsToUnknownOutput_;
         Split(list, u';', elements_);
         for (const TextView element : elements_) {
             const auto [output, term] = ParseElement(element, u'<');
@@ -110,22 +131,42 @@ class TableBuilder {
             if (isFirstRule) {
                 AddOutput(output);
             }
-            const std::uint32_t* const index = outputIndices_.Find(output);
-            tables_.Consequents.push_back({index ? *index : Consequent::UnknownOutput, point});
+            const std::uint32_t* const found = outputs_.Find(output);
+            const std::uint32_t index = found ? *found : RuleTables::UnknownOutput;
+            tables_->LastRuleOutputs.push_back(index);
+            if (point) {
+                AddConsequent(index, *point);
+            }
         }
-        tables_.ConsequentEnds.push_back(tables_.Consequents.size());
+    }
+
+    void AddConsequent(std::uint32_t output, double point) {
+        if (output == RuleTables::UnknownOutput) {
+            addsToUnknownOutput_ = true;
+        } else {
+            tables_->Consequents.push_back({output, point});
+        }
     }
 
     void AddOutput(TextView output) {
-        outputIndices_.Add(Text(output), static_cast<std::uint32_t>(tables_.UsedOutputs.size()));
-        tables_.UsedOutputs.push_back({.Name = Text(output)});
+        outputs_.Add(Text(output), static_cast<std::uint32_t>(tables_->UsedOutputs.size()));
+        tables_->UsedOutputs.push_back({.Name = Text(output)});
     }
 
-    RuleTables tables_;
+    struct TermPlace {
+        std::uint32_t Input;
+        std::uint32_t Term;
+    };
+
+    std::shared_ptr<RuleTables> tables_ = std::make_shared<RuleTables>();
 
     NameIndex inputs_{KeyComparison::Exact};
+    /// For each input, its terms with their numbers; for each number, where the term belongs.
     std::vector<NameIndex> terms_;
-    NameIndex outputIndices_{KeyComparison::Exact};
+    std::vector<TermPlace> places_;
+    NameIndex outputs_{KeyComparison::Exact};
+    /// Whether some rule so far says something of an output that rule 0 does not name.
+    bool addsToUnknownOutput_ = false;
 
     std::vector<TextView> pieces_;
     std::vector<TextView> elements_;
@@ -137,7 +178,7 @@ std::shared_ptr<RuleTables> BuildTables(const RuleDictionary& rules) {
     for (const auto& [rule, value] : rules) {
         builder.AddRule(rule);
     }
-    return builder.TakeTables();
+    return builder.Finish();
 }
 
 /// New outputs, each at its default as it is, whatever its type.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <list>
 #include <unordered_map>
 #include <utility>
@@ -24,6 +25,18 @@ struct KeyHash {
 struct KeyEqual {
     KeyComparison Comparison;
     bool operator()(TextView left, TextView right) const noexcept;
+};
+
+/// A number that is never the same again once any dictionary of the process has gained or lost an
+/// entry, given one another key, or ended. Whoever keeps the address of an entry's value may use it
+/// as long as the number stays: looking again costs one comparison.
+class DictionaryStamp {
+  public:
+    static std::uint64_t Current() noexcept { return current_; }
+    static void Advance() noexcept { ++current_; }
+
+  private:
+    static inline std::uint64_t current_ = 1;
 };
 
 /// A dictionary with text keys. Enumeration yields the entries in the order in which they were
@@ -63,6 +76,7 @@ class StringKeyedDictionary {
 
     /// Adds an entry at the end and returns its value. Raises DuplicateKey when the key exists.
     Value& Add(Text key, Value value) {
+        DictionaryStamp::Advance();
         entries_.push_back({std::move(key), std::move(value)});
         const auto added = std::prev(entries_.end());
         try {
@@ -118,6 +132,7 @@ class StringKeyedDictionary {
         if (holder != index_.end() && holder != found) {
             throw FisError(RuntimeError::DuplicateKey);
         }
+        DictionaryStamp::Advance();
         // The index views the key's characters, so the node leaves it while they change.
         auto node = index_.extract(found);
         Text& key = node.mapped()->Key;
@@ -132,6 +147,7 @@ class StringKeyedDictionary {
         if (found == index_.end()) {
             throw FisError(RuntimeError::MissingKey);
         }
+        DictionaryStamp::Advance();
         const auto entry = found->second;
         index_.erase(found);
         entries_.erase(entry);
@@ -140,6 +156,7 @@ class StringKeyedDictionary {
     /// Removes the entries that the predicate, given an Entry, chooses.
     template <class Predicate>
     void RemoveIf(Predicate chosen) {
+        DictionaryStamp::Advance();
         for (auto entry = entries_.begin(); entry != entries_.end();) {
             const auto next = std::next(entry);
             if (chosen(std::as_const(*entry))) {
@@ -153,6 +170,7 @@ class StringKeyedDictionary {
     /// Removes every entry. The values are destroyed after the dictionary is empty, so that one
     /// whose end comes back to the dictionary finds it whole.
     void RemoveAll() {
+        DictionaryStamp::Advance();
         std::list<Entry> removed;
         removed.swap(entries_);
         index_.clear();
@@ -163,6 +181,7 @@ class StringKeyedDictionary {
         if (!Empty()) {
             throw FisError(RuntimeError::InvalidCall);
         }
+        DictionaryStamp::Advance();
         index_ = Index(0, KeyHash{comparison}, KeyEqual{comparison});
     }
 
@@ -177,8 +196,20 @@ class StringKeyedDictionary {
     // The list keeps order and addresses; the index finds an entry by a view of its own key.
     using Index = std::unordered_map<TextView, iterator, KeyHash, KeyEqual>;
 
+    /// Advances the stamp when the dictionary ends or its entries move to another.
+    struct Life {
+        Life() = default;
+        Life(Life&&) noexcept { DictionaryStamp::Advance(); }
+        Life& operator=(Life&&) noexcept {
+            DictionaryStamp::Advance();
+            return *this;
+        }
+        ~Life() { DictionaryStamp::Advance(); }
+    };
+
     std::list<Entry> entries_;
     Index index_;
+    Life life_;
 };
 
 } // namespace Quorvane

@@ -187,10 +187,11 @@ void Evaluator::FuzzifyInput(TextView input, Table<double>& degrees) {
         throw NumberedError(InvalidInputSignal);
     }
     const double x = ToNumber(value);
-    lastInput = x;
     for (auto& [term, degree] : degrees) {
         degree = Membership(input, term, x, variable.UBound, variable.LBound);
     }
+    // Only now, so that an input that failed is "[EMPTY]" and is fuzzified again next time.
+    lastInput = x;
 }
 
 double Evaluator::Membership(TextView input, TextView term, double x, double upper, double lower) {
