@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// Values and dictionaries as hosts have them.
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "shared/NumberText.h"
+#include "shared/ValueDictionary.h"
+
+namespace Quorvane {
+
+/// A value of a host, whose conversions are what a test says.
+class TestHostValue final : public HostValue {
+  public:
+    using TextSource = std::function<Text()>;
+    using NumberSource = std::function<double()>;
+
+    TestHostValue(TextSource text, NumberSource number,
+                  std::optional<double> integer = std::nullopt)
+        : text_(std::move(text)), number_(std::move(number)), integer_(integer) {}
+
+    Text TextForm() const override { return text_(); }
+    double Number() const override { return number_(); }
+    std::optional<double> Integer() const override { return integer_; }
+
+  private:
+    TextSource text_;
+    NumberSource number_;
+    std::optional<double> integer_;
+};
+
+inline Value MakeHostValue(TestHostValue::TextSource text, TestHostValue::NumberSource number,
+                           std::optional<double> integer = std::nullopt) {
+    return std::make_shared<const TestHostValue>(std::move(text), std::move(number), integer);
+}
+
+inline Value IntegerValue(int number) {
+    return MakeHostValue([number] { return Widen(std::to_string(number)); },
+                         [number] { return double{1} * number; }, number);
+}
+
+inline Value BooleanTrue() {
+    return MakeHostValue([] { return Text(u"True"); }, [] { return -1.0; });
+}
+
+/// Noon of the first day of 2000.
+inline Value DateValue() {
+    return MakeHostValue([] { return Text(u"1/1/2000 12:00:00 PM"); }, [] { return 36526.5; });
+}
+
+/// A text inside a value of the host, as a by-reference variant can hold it.
+inline Value TextValue(TextView text) {
+    return MakeHostValue([text] { return Text(text); }, [text] { return ParseUserNumber(text); });
+}
+
+/// A value that converts to nothing, as Null or an array.
+inline Value NullValue() {
+    return MakeHostValue([]() -> Text { throw FisError(RuntimeError::TypeMismatch); },
+                         []() -> double { throw FisError(RuntimeError::TypeMismatch); });
+}
+
+/// A host's own dictionary, which can run code of the host whenever it is read.
+class ForeignDictionary final : public ValueDictionary {
+  public:
+    using Reader = std::function<void(TextView key)>;
+
+    explicit ForeignDictionary(KeyComparison comparison, Reader onRead = nullptr)
+        : values_(comparison), onRead_(std::move(onRead)) {}
+
+    const Value& Get(TextView key) override {
+        if (onRead_) {
+            onRead_(key);
+        }
+        // A copy in a place of its own: what is read can be replaced by the next use.
+        read_ = values_.Get(key);
+        return read_;
+    }
+
+    void Put(TextView key, Value value) override { values_.Put(key, std::move(value)); }
+
+    std::size_t Count() const { return values_.Items.Count(); }
+
+  private:
+    OwnValueDictionary values_;
+    Reader onRead_;
+    Value read_;
+};
+
+} // namespace Quorvane
