@@ -2,16 +2,12 @@
 // ComObject: reference counting and interface lookup for the host's own COM objects.
 #pragma once
 
-#include <windows.h>
+#include "host/ComPtr.h"
 
 #include <atomic>
 #include <utility>
 
-#include <wrl/client.h>
-
 namespace Quorvane::Host {
-
-using Microsoft::WRL::ComPtr;
 
 // The platform's interfaces have no destructor; ours is virtual, and only Release deletes.
 #pragma GCC diagnostic push

@@ -31,7 +31,7 @@ std::wstring LibraryName(ITypeLib& library) {
 
 GUID ClassAt(ITypeLib& library, UINT index) {
     ComPtr<ITypeInfo> info;
-    Check(library.GetTypeInfo(index, info.GetAddressOf()), L"read the type library");
+    Check(library.GetTypeInfo(index, info.Receive()), L"read the type library");
     TYPEATTR* attributes = nullptr;
     Check(info->GetTypeAttr(&attributes), L"read the type library");
     const GUID guid = attributes->guid;
@@ -50,7 +50,7 @@ std::wstring WithoutVersion(const std::wstring& progId) {
 
 CLSID ClassInLibrary(const std::filesystem::path& dll, const std::wstring& progId) {
     ComPtr<ITypeLib> library;
-    Check(LoadTypeLibEx(dll.c_str(), REGKIND_NONE, library.GetAddressOf()),
+    Check(LoadTypeLibEx(dll.c_str(), REGKIND_NONE, library.Receive()),
           L"read the type library in " + dll.wstring());
     const std::wstring prefix = LibraryName(*library.Get()) + L".";
     const std::wstring wanted = WithoutVersion(progId);
@@ -91,7 +91,7 @@ ComPtr<IUnknown> CreateRegistered(const std::wstring& name) {
         Check(CLSIDFromProgID(name.c_str(), &clsid), L"find the class " + name);
     ComPtr<IUnknown> object;
     Check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown),
-                           reinterpret_cast<void**>(object.GetAddressOf())),
+                           object.ReceiveVoid()),
           L"create " + name);
     return object;
 }
@@ -102,12 +102,10 @@ ComPtr<IUnknown> CreateFromLibrary(const std::filesystem::path& dll, const std::
     const CLSID clsid =
         IsClassIdentifier(name) ? ParseClassIdentifier(name) : ClassInLibrary(file, name);
     ComPtr<IClassFactory> factory;
-    Check(getClassObject(clsid, __uuidof(IClassFactory),
-                         reinterpret_cast<void**>(factory.GetAddressOf())),
+    Check(getClassObject(clsid, __uuidof(IClassFactory), factory.ReceiveVoid()),
           L"find the class " + name);
     ComPtr<IUnknown> object;
-    Check(factory->CreateInstance(nullptr, __uuidof(IUnknown),
-                                  reinterpret_cast<void**>(object.GetAddressOf())),
+    Check(factory->CreateInstance(nullptr, __uuidof(IUnknown), object.ReceiveVoid()),
           L"create " + name);
     return object;
 }

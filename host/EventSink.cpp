@@ -37,7 +37,7 @@ ComPtr<ITypeInfo> InterfaceAt(ITypeInfo& coclass, UINT index) {
     HREFTYPE reference = 0;
     ComPtr<ITypeInfo> info;
     Check(coclass.GetRefTypeOfImplType(index, &reference), ReadingTypes);
-    Check(coclass.GetRefTypeInfo(reference, info.GetAddressOf()), ReadingTypes);
+    Check(coclass.GetRefTypeInfo(reference, info.Receive()), ReadingTypes);
     return info;
 }
 
@@ -58,7 +58,9 @@ void ReadEventNames(ITypeInfo& source, std::map<DISPID, std::wstring>& events) {
     const Attributes attributes(source);
     for (UINT i = 0; i < attributes->cFuncs; ++i) {
         FUNCDESC* function = nullptr;
-        Check(source.GetFuncDesc(i, &function), ReadingTypes);
+        // Some type libraries count the members of IDispatch without holding them.
+        if (FAILED(source.GetFuncDesc(i, &function)))
+            continue;
         const DISPID id = function->memid;
         source.ReleaseFuncDesc(function);
         Bstr name;
@@ -71,18 +73,18 @@ void ReadEventNames(ITypeInfo& source, std::map<DISPID, std::wstring>& events) {
 
 SourceInterface FindSourceInterface(IUnknown* control) {
     SourceInterface source;
-    ComPtr<IProvideClassInfo> provider;
-    ComPtr<ITypeInfo> coclass;
-    if (FAILED(control->QueryInterface(IID_PPV_ARGS(provider.GetAddressOf()))))
+    const auto provider = Query<IProvideClassInfo>(control);
+    if (!provider)
         return source;
-    Check(provider->GetClassInfo(coclass.GetAddressOf()), ReadingTypes);
+    ComPtr<ITypeInfo> coclass;
+    Check(provider->GetClassInfo(coclass.Receive()), ReadingTypes);
     const ComPtr<ITypeInfo> events = DefaultSource(*coclass.Get());
     if (!events)
         return source;
     source.Id = Attributes(*events.Get())->guid;
     ReadEventNames(*events.Get(), source.Events);
-    ComPtr<IProvideClassInfo2> provider2;
-    if (SUCCEEDED(provider.As(&provider2)) && DefaultSourceId(*provider2.Get()) != IID_NULL)
+    const auto provider2 = Query<IProvideClassInfo2>(control);
+    if (provider2 && DefaultSourceId(*provider2.Get()) != IID_NULL)
         source.Id = DefaultSourceId(*provider2.Get());
     return source;
 }
@@ -151,8 +153,9 @@ EventConnection::EventConnection(IUnknown* control, EventHandler handler) {
     constexpr wchar_t Connecting[] = L"connect to the control's events";
     ComPtr<IConnectionPointContainer> container;
     ComPtr<IConnectionPoint> point;
-    Check(control->QueryInterface(IID_PPV_ARGS(container.GetAddressOf())), Connecting);
-    Check(container->FindConnectionPoint(source.Id, point.GetAddressOf()), Connecting);
+    Check(control->QueryInterface(__uuidof(IConnectionPointContainer), container.ReceiveVoid()),
+          Connecting);
+    Check(container->FindConnectionPoint(source.Id, point.Receive()), Connecting);
     sink_ = MakeCom<Sink>(std::move(source), std::move(handler));
     Check(point->Advise(sink_.Get(), &cookie_), Connecting);
     point_ = std::move(point);

@@ -57,8 +57,8 @@ bool FormProperties::Remove(std::u16string_view key) {
 void FormProperties::Clear() {
     items_.clear();
 }
-bool FormProperties::IsEmpty() const {
-    return items_.empty();
+std::size_t FormProperties::Count() const {
+    return items_.size();
 }
 std::vector<FormProperty>::const_iterator FormProperties::begin() const {
     return items_.begin();

@@ -59,7 +59,8 @@ class FormProperties {
     bool Remove(std::u16string_view key);
 
     void Clear();
-    bool IsEmpty() const;
+    std::size_t Count() const;
+    bool IsEmpty() const { return Count() == 0; }
     std::vector<FormProperty>::const_iterator begin() const;
     std::vector<FormProperty>::const_iterator end() const;
     bool operator==(const FormProperties& other) const;

@@ -54,8 +54,7 @@ ComPtr<IFontDisp> MakeFont(const FormProperties& properties) {
     description.fUnderline = TakeFlag(properties, u"Underline");
     description.fStrikethrough = TakeFlag(properties, u"Strikethrough");
     ComPtr<IFontDisp> font;
-    Check(OleCreateFontIndirect(&description, __uuidof(IFontDisp),
-                                reinterpret_cast<void**>(font.GetAddressOf())),
+    Check(OleCreateFontIndirect(&description, __uuidof(IFontDisp), font.ReceiveVoid()),
           L"create the font");
     return font;
 }

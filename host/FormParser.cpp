@@ -16,6 +16,10 @@ namespace {
 // A file nested deeper than this is damaged or hostile; objects in real forms nest once.
 constexpr int MaximumNesting = 8;
 
+// The same goes for a form with more controls, or a block with more properties, than this. Without
+// a limit, looking for duplicates in a large file could take hours.
+constexpr std::size_t MaximumCount = 1000;
+
 int LineOfOffset(std::string_view bytes, std::size_t offset) {
     const auto lineFeeds =
         std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
@@ -77,6 +81,8 @@ class FormParser {
     }
 
     FormControl ReadControl() {
+        if (form_.Controls.size() == MaximumCount)
+            line_.Fail("the form has too many controls");
         FormControl control;
         control.Class = line_.TakeClass();
         control.Name = line_.TakeIdentifier("the control's name");
@@ -122,6 +128,8 @@ class FormParser {
 
     std::u16string TakeNewKey(const FormProperties& properties) {
         std::u16string key = line_.TakeIdentifier("a property's name");
+        if (properties.Count() == MaximumCount)
+            line_.Fail("the block has too many properties");
         if (properties.Find(key))
             line_.Fail("the block already has a property named", key);
         return key;

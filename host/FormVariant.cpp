@@ -5,6 +5,7 @@
 #include "host/FormFont.h"
 #include "host/Wide.h"
 
+#include <climits>
 #include <cmath>
 
 namespace Quorvane::Host {
@@ -40,8 +41,8 @@ bool IsColorKey(std::u16string_view key) {
 }
 
 HRESULT FromObject(const VARIANT& value, FormValue& result) {
-    ComPtr<IFont> font;
-    if (!value.punkVal || FAILED(value.punkVal->QueryInterface(IID_PPV_ARGS(font.GetAddressOf()))))
+    const auto font = Query<IFont>(value.punkVal);
+    if (!font)
         return DISP_E_TYPEMISMATCH;
     result = DescribeFont(*font.Get());
     return S_OK;
@@ -68,6 +69,16 @@ HRESULT FromWhole(const VARIANT& value, std::u16string_view key, FormValue& resu
         result = HexNumber{static_cast<std::uint32_t>(whole.lVal)};
     else
         result = std::int32_t{whole.lVal};
+    return S_OK;
+}
+
+HRESULT FromUnsigned(ULONG value, std::u16string_view key, FormValue& result) {
+    if (IsColorKey(key))
+        result = HexNumber{value};
+    else if (value <= LONG_MAX)
+        result = static_cast<std::int32_t>(value);
+    else
+        result = static_cast<double>(value);
     return S_OK;
 }
 
@@ -103,11 +114,7 @@ HRESULT FromVariant(const VARIANT& value, std::u16string_view key, FormValue& re
         return FromObject(value, result);
     case VT_UI4:
     case VT_UINT:
-        if (IsColorKey(key)) {
-            result = HexNumber{value.ulVal};
-            return S_OK;
-        }
-        [[fallthrough]];
+        return FromUnsigned(value.ulVal, key, result);
     case VT_I1:
     case VT_UI1:
     case VT_I2:

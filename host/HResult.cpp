@@ -2,14 +2,13 @@
 // HResult: failed COM calls as exceptions with a readable text.
 #include "host/HResult.h"
 
+#include "host/ComPtr.h"
 #include "host/Utf8.h"
 #include "host/Variant.h"
 #include "host/Wide.h"
 
 #include <cwchar>
 #include <memory>
-
-#include <wrl/client.h>
 
 namespace Quorvane::Host {
 
@@ -28,8 +27,8 @@ std::wstring SystemText(HRESULT result) {
 }
 
 std::wstring ErrorInfoText() {
-    Microsoft::WRL::ComPtr<IErrorInfo> info;
-    if (GetErrorInfo(0, info.GetAddressOf()) != S_OK)
+    ComPtr<IErrorInfo> info;
+    if (GetErrorInfo(0, info.Receive()) != S_OK)
         return {};
     Bstr source;
     Bstr description;

@@ -11,14 +11,6 @@ namespace Quorvane::Host {
 
 namespace {
 
-template <typename Interface>
-ComPtr<Interface> Query(IUnknown* object) {
-    ComPtr<Interface> found;
-    if (object)
-        object->QueryInterface(IID_PPV_ARGS(found.GetAddressOf()));
-    return found;
-}
-
 // No event is to arrive while a control loads.
 class FrozenEvents {
   public:

@@ -16,9 +16,9 @@ ScriptHost::ScriptHost(const std::wstring& engine, std::function<void(const Scri
     CLSID clsid{};
     Check(CLSIDFromProgID(engine.c_str(), &clsid), starting);
     Check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript),
-                           reinterpret_cast<void**>(engine_.GetAddressOf())),
+                           engine_.ReceiveVoid()),
           starting);
-    Check(engine_.As(&parser_), starting);
+    Check(engine_->QueryInterface(__uuidof(IActiveScriptParse), parser_.ReceiveVoid()), starting);
     Check(parser_->InitNew(), starting);
     Check(engine_->SetScriptSite(site_.Get()), starting);
 }
@@ -99,7 +99,7 @@ DISPID ScriptHost::FindProcedure(const std::wstring& name) {
 
 IDispatch* ScriptHost::Procedures() {
     if (!procedures_ && engine_)
-        engine_->GetScriptDispatch(nullptr, procedures_.GetAddressOf());
+        engine_->GetScriptDispatch(nullptr, procedures_.Receive());
     return procedures_.Get();
 }
 

@@ -11,10 +11,8 @@ namespace Quorvane::Host {
 namespace {
 
 HRESULT GiveClassInfo(IUnknown* object, ITypeInfo** type) {
-    ComPtr<IProvideClassInfo> provider;
-    if (FAILED(object->QueryInterface(IID_PPV_ARGS(provider.GetAddressOf()))))
-        return TYPE_E_ELEMENTNOTFOUND;
-    return provider->GetClassInfo(type);
+    const auto provider = Query<IProvideClassInfo>(object);
+    return provider ? provider->GetClassInfo(type) : TYPE_E_ELEMENTNOTFOUND;
 }
 
 } // namespace

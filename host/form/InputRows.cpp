@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+// InputRows: a field and a slider for each input of a control, in a panel that scrolls.
+#include "host/form/InputRows.h"
+
+#include "host/Variant.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include <commctrl.h>
+
+namespace Quorvane::Host {
+
+namespace {
+
+constexpr int SliderSteps = 1000;
+constexpr int RowHeight = 34;
+constexpr int FirstId = 1000;
+
+/// A number as the user writes it.
+std::optional<double> NumberOf(const std::wstring& text) {
+    Variant value{std::wstring_view(text)};
+    return SUCCEEDED(value.ChangeType(VT_R8, LOCALE_USER_DEFAULT)) ? std::optional(value.dblVal)
+                                                                   : std::nullopt;
+}
+
+std::wstring TextOfNumber(double number) {
+    Variant value(number);
+    value.ChangeType(VT_BSTR, LOCALE_USER_DEFAULT);
+    return std::wstring(ViewBstr(value.bstrVal));
+}
+
+/// A number with no more places than the slider can tell apart.
+double Rounded(double number, double range) {
+    const double unit = std::pow(10.0, std::floor(std::log10(range / SliderSteps)));
+    return std::round(number / unit) * unit;
+}
+
+} // namespace
+
+InputRows::InputRows(HWND parent, Changed changed) : changed_(std::move(changed)) {
+    Create(L"QuorvaneInputRows", L"Inputs", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_CLIPCHILDREN,
+           parent, nullptr, WS_EX_CONTROLPARENT);
+}
+
+void InputRows::SetInputs(const std::vector<StoredVariable>& inputs) {
+    for (const Row& row : rows_) {
+        DestroyWindow(row.Label);
+        DestroyWindow(row.Field);
+        DestroyWindow(row.Slider);
+    }
+    rows_.clear();
+    offset_ = 0;
+    int id = FirstId;
+    for (const StoredVariable& input : inputs) {
+        const HWND label = CreateChild(Handle(), L"STATIC", input.Name.c_str(),
+                                       SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, -1);
+        const HWND field = CreateChild(Handle(), L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, id++,
+                                       WS_EX_CLIENTEDGE);
+        const HWND slider =
+            CreateChild(Handle(), TRACKBAR_CLASSW, input.Name.c_str(), WS_TABSTOP | TBS_NOTICKS, -1);
+        SendMessageW(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, SliderSteps));
+        SendMessageW(slider, TBM_SETPAGESIZE, 0, SliderSteps / 20);
+        rows_.push_back({input, label, field, slider});
+    }
+    Arrange();
+}
+
+void InputRows::ShowValue(const std::wstring& name, const std::wstring& text) {
+    for (const Row& row : rows_) {
+        if (row.Input.Name == name && TextOf(row.Field) != text) {
+            isShowing_ = true;
+            SetWindowTextW(row.Field, text.c_str());
+            isShowing_ = false;
+            PlaceSlider(row);
+        }
+    }
+}
+
+LRESULT InputRows::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_SIZE:
+        Arrange();
+        return 0;
+    case WM_VSCROLL:
+        Scroll(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    case WM_HSCROLL:
+        OnSlider(reinterpret_cast<HWND>(lParam));
+        return 0;
+    case WM_COMMAND:
+        if (HIWORD(wParam) == EN_CHANGE && !isShowing_) {
+            OnField(static_cast<std::size_t>(LOWORD(wParam) - FirstId));
+        }
+        return 0;
+    default:
+        return Window::OnMessage(message, wParam, lParam);
+    }
+}
+
+void InputRows::Arrange() {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    const int height = Scaled(RowHeight);
+    SCROLLINFO scroll{};
+    scroll.cbSize = sizeof scroll;
+    scroll.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    scroll.nMax = std::max(0, static_cast<int>(rows_.size()) * height - 1);
+    scroll.nPage = static_cast<UINT>(area.bottom);
+    scroll.nPos = offset_;
+    offset_ = SetScrollInfo(Handle(), SB_VERT, &scroll, TRUE);
+    const int label = Scaled(84);
+    const int field = Scaled(84);
+    int top = -offset_;
+    for (const Row& row : rows_) {
+        MoveWindow(row.Label, 0, top + Scaled(8), label, Scaled(20), TRUE);
+        MoveWindow(row.Field, label, top + Scaled(5), field, Scaled(22), TRUE);
+        MoveWindow(row.Slider, label + field + Scaled(4), top + Scaled(3),
+                   std::max(0, static_cast<int>(area.right) - label - field - Scaled(8)),
+                   Scaled(28), TRUE);
+        top += height;
+    }
+}
+
+void InputRows::Scroll(int code, int position) {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    switch (code) {
+    case SB_LINEUP:
+        offset_ -= Scaled(RowHeight);
+        break;
+    case SB_LINEDOWN:
+        offset_ += Scaled(RowHeight);
+        break;
+    case SB_PAGEUP:
+        offset_ -= area.bottom;
+        break;
+    case SB_PAGEDOWN:
+        offset_ += area.bottom;
+        break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        offset_ = position;
+        break;
+    default:
+        return;
+    }
+    SetScrollPos(Handle(), SB_VERT, offset_, TRUE);
+    offset_ = GetScrollPos(Handle(), SB_VERT);
+    Arrange();
+}
+
+void InputRows::OnSlider(HWND slider) {
+    for (const Row& row : rows_) {
+        if (row.Slider == slider) {
+            const auto step = static_cast<double>(SendMessageW(slider, TBM_GETPOS, 0, 0));
+            const double range = row.Input.Upper - row.Input.Lower;
+            const double value = step == SliderSteps
+                                     ? row.Input.Upper
+                                     : Rounded(row.Input.Lower + step / SliderSteps * range,
+                                               std::abs(range));
+            const std::wstring text = TextOfNumber(value);
+            isShowing_ = true;
+            SetWindowTextW(row.Field, text.c_str());
+            isShowing_ = false;
+            changed_(row.Input.Name, text);
+        }
+    }
+}
+
+void InputRows::OnField(std::size_t row) {
+    if (row < rows_.size()) {
+        PlaceSlider(rows_[row]);
+        changed_(rows_[row].Input.Name, TextOf(rows_[row].Field));
+    }
+}
+
+void InputRows::PlaceSlider(const Row& row) {
+    if (const auto value = NumberOf(TextOf(row.Field))) {
+        const double share = (*value - row.Input.Lower) / (row.Input.Upper - row.Input.Lower);
+        const auto step = std::lround(std::clamp(share, 0.0, 1.0) * SliderSteps);
+        SendMessageW(row.Slider, TBM_SETPOS, TRUE, step);
+    }
+}
+
+} // namespace Quorvane::Host

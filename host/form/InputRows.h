@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// InputRows: a field and a slider for each input of a control, in a panel that scrolls.
+#pragma once
+
+#include "host/form/StoredSystem.h"
+#include "host/form/Window.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace Quorvane::Host {
+
+class InputRows final : public Window {
+  public:
+    /// Called with the name and the text of an input that the user has changed.
+    using Changed = std::function<void(const std::wstring& name, const std::wstring& text)>;
+
+    InputRows(HWND parent, Changed changed);
+
+    /// Replaces the rows by one for each variable.
+    void SetInputs(const std::vector<StoredVariable>& inputs);
+
+    /// Shows a value without reporting it as a change.
+    void ShowValue(const std::wstring& name, const std::wstring& text);
+
+  protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    struct Row {
+        StoredVariable Input;
+        HWND Label;
+        HWND Field;
+        HWND Slider;
+    };
+
+    void Arrange();
+    void Scroll(int code, int position);
+    void OnSlider(HWND slider);
+    void OnField(std::size_t row);
+    void PlaceSlider(const Row& row);
+
+    Changed changed_;
+    std::vector<Row> rows_;
+    int offset_ = 0;
+    bool isShowing_ = false;
+};
+
+} // namespace Quorvane::Host

@@ -1,0 +1,329 @@
+// SPDX-License-Identifier: MIT
+// RunPanel: what a person does with a running control: set inputs, fire, watch, tabulate.
+#include "host/form/RunPanel.h"
+
+#include "host/form/Automation.h"
+#include "host/form/ListColumns.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <commctrl.h>
+#include <shlobj.h>
+
+namespace Quorvane::Host {
+
+namespace {
+
+enum ChildId {
+    ControlChoiceId = 100,
+    FireId,
+    AutoFireId,
+    DataShowId,
+    OutputListId,
+    EventLogId,
+    DivisionsId,
+    BatchId,
+    OutputChoiceId,
+};
+
+constexpr int MostDivisions = 1000;
+
+bool IsChecked(HWND box) {
+    return SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+std::wstring StoredText(PlacedControl& control, const wchar_t* property) {
+    const auto object = control.Dispatch();
+    return object ? ValueText(CallMember(object.Get(), property, {}, DISPATCH_PROPERTYGET))
+                  : std::wstring();
+}
+
+int CALLBACK SelectOfferedFolder(HWND dialog, UINT message, LPARAM, LPARAM folder) {
+    if (message == BFFM_INITIALIZED) {
+        SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, folder);
+    }
+    return 0;
+}
+
+std::vector<std::wstring> NamesOf(const std::vector<StoredVariable>& variables) {
+    std::vector<std::wstring> names;
+    for (const StoredVariable& variable : variables) {
+        names.push_back(variable.Name);
+    }
+    return names;
+}
+
+} // namespace
+
+RunPanel::RunPanel(HWND parent, std::filesystem::path batchFolder)
+    : batchFolder_(std::move(batchFolder)) {
+    Create(L"QuorvaneRunPanel", L"Run", WS_CHILD | WS_CLIPCHILDREN, parent, nullptr,
+           WS_EX_CONTROLPARENT);
+    CreateChildren();
+}
+
+void RunPanel::CreateChildren() {
+    constexpr DWORD Combo = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
+    constexpr DWORD List = WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOSORTHEADER;
+    controlChoice_ = CreateChild(Handle(), L"COMBOBOX", L"", Combo, ControlChoiceId);
+    inputRows_ = std::make_unique<InputRows>(
+        Handle(),
+        [this](const std::wstring& name, const std::wstring& text) { SetInput(name, text); });
+    fire_ = CreateChild(Handle(), L"BUTTON", L"&Fire", WS_TABSTOP | BS_PUSHBUTTON, FireId);
+    autoFire_ =
+        CreateChild(Handle(), L"BUTTON", L"&Auto fire", WS_TABSTOP | BS_AUTOCHECKBOX, AutoFireId);
+    dataShow_ = CreateChild(Handle(), L"BUTTON", L"&Data show", WS_TABSTOP | BS_AUTOCHECKBOX,
+                            DataShowId);
+    outputList_ = CreateChild(Handle(), WC_LISTVIEWW, L"Outputs", List, OutputListId,
+                              WS_EX_CLIENTEDGE);
+    SetColumns(outputList_, {{L"Output", 120}, {L"Value", 160}});
+    eventLog_ = CreateChild(Handle(), WC_LISTVIEWW, L"Events", List, EventLogId, WS_EX_CLIENTEDGE);
+    SetColumns(eventLog_, {{L"Event", 180}, {L"Count", 100}});
+    divisionsLabel_ = CreateChild(Handle(), L"STATIC", L"Di&visions:", SS_LEFT, -1);
+    divisions_ = CreateChild(Handle(), L"EDIT", L"20", WS_TABSTOP | ES_NUMBER, DivisionsId,
+                             WS_EX_CLIENTEDGE);
+    batch_ = CreateChild(Handle(), L"BUTTON", L"&Batch...", WS_TABSTOP | BS_PUSHBUTTON, BatchId);
+    progress_ = CreateChild(Handle(), PROGRESS_CLASSW, L"", 0, -1);
+    outputChoice_ = CreateChild(Handle(), L"COMBOBOX", L"", Combo, OutputChoiceId);
+    picture_ = std::make_unique<SurfacePicture>(Handle());
+}
+
+LRESULT RunPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_SIZE:
+        if (picture_) {
+            Arrange();
+        }
+        return 0;
+    case WM_COMMAND:
+        OnCommand(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    default:
+        return Window::OnMessage(message, wParam, lParam);
+    }
+}
+
+void RunPanel::Arrange() {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    const int gap = Scaled(8);
+    const int line = Scaled(24);
+    const int width = std::max(0, static_cast<int>(area.right) - 2 * gap);
+    int top = gap;
+    const auto place = [&](HWND child, int left, int childWidth, int height) {
+        MoveWindow(child, gap + left, top, childWidth, height, TRUE);
+    };
+    const auto next = [&](int height) { top += height + gap; };
+
+    place(controlChoice_, 0, width, Scaled(200));
+    next(line);
+    const int rows = static_cast<int>(std::clamp<std::size_t>(inputs_.size(), 1, 4));
+    place(inputRows_->Handle(), 0, width, Scaled(34) * rows);
+    next(Scaled(34) * rows);
+    place(fire_, 0, Scaled(84), Scaled(26));
+    place(autoFire_, Scaled(94), Scaled(90), Scaled(26));
+    place(dataShow_, Scaled(190), Scaled(100), Scaled(26));
+    next(Scaled(26));
+    place(outputList_, 0, width, Scaled(84));
+    next(Scaled(84));
+    place(eventLog_, 0, width, Scaled(64));
+    next(Scaled(64));
+    place(divisionsLabel_, 0, Scaled(64), line);
+    place(divisions_, Scaled(66), Scaled(48), line);
+    place(batch_, Scaled(122), Scaled(84), Scaled(26));
+    place(progress_, Scaled(214), std::max(0, width - Scaled(214)), line);
+    next(Scaled(26));
+    place(outputChoice_, 0, width, Scaled(200));
+    next(line);
+    place(picture_->Handle(), 0, width, std::max(0, static_cast<int>(area.bottom) - top - gap));
+}
+
+void RunPanel::SetControls(const std::vector<std::unique_ptr<PlacedControl>>& controls) {
+    Clear();
+    for (const auto& control : controls) {
+        controls_.push_back(control.get());
+        SendMessageW(controlChoice_, CB_ADDSTRING, 0,
+                     reinterpret_cast<LPARAM>(control->Name().c_str()));
+    }
+    if (!controls_.empty()) {
+        SelectControl(controls_.front()->Name());
+    }
+}
+
+void RunPanel::Clear() {
+    current_ = nullptr;
+    controls_.clear();
+    counts_.clear();
+    inputs_.clear();
+    outputs_.clear();
+    SendMessageW(controlChoice_, CB_RESETCONTENT, 0, 0);
+    SendMessageW(outputChoice_, CB_RESETCONTENT, 0, 0);
+    SendMessageW(autoFire_, BM_SETCHECK, BST_UNCHECKED, 0);
+    SendMessageW(dataShow_, BM_SETCHECK, BST_UNCHECKED, 0);
+    ListView_DeleteAllItems(outputList_);
+    ListView_DeleteAllItems(eventLog_);
+    inputRows_->SetInputs({});
+    picture_->Clear();
+}
+
+void RunPanel::SelectControl(const std::wstring& name) {
+    for (std::size_t i = 0; i < controls_.size(); ++i) {
+        if (controls_[i]->Name() == name) {
+            current_ = controls_[i];
+            SendMessageW(controlChoice_, CB_SETCURSEL, i, 0);
+            ShowCurrent();
+        }
+    }
+}
+
+void RunPanel::ShowCurrent() {
+    inputs_ = ReadStoredVariables(StoredText(*current_, L"Inputs"));
+    outputs_ = ReadStoredVariables(StoredText(*current_, L"Outputs"));
+    inputRows_->SetInputs(inputs_);
+    SendMessageW(outputChoice_, CB_RESETCONTENT, 0, 0);
+    for (const StoredVariable& output : outputs_) {
+        SendMessageW(outputChoice_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(output.Name.c_str()));
+    }
+    SendMessageW(outputChoice_, CB_SETCURSEL, 0, 0);
+    Arrange();
+    ShowInputs();
+    ShowOutputs();
+}
+
+void RunPanel::OnCommand(int id, int code) {
+    if (id == ControlChoiceId && code == CBN_SELCHANGE) {
+        const auto chosen = SendMessageW(controlChoice_, CB_GETCURSEL, 0, 0);
+        SelectControl(controls_[static_cast<std::size_t>(chosen)]->Name());
+    } else if (id == OutputChoiceId && code == CBN_SELCHANGE) {
+        ShowPicture();
+    } else if (code == BN_CLICKED && current_) {
+        switch (id) {
+        case FireId:
+            Fire();
+            break;
+        case DataShowId:
+            SetDataShow();
+            break;
+        case BatchId:
+            RunBatch();
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+void RunPanel::SetInput(const std::wstring& name, const std::wstring& text) {
+    if (!current_) {
+        return;
+    }
+    if (const auto inputs = ObjectProperty(current_->Dispatch().Get(), L"InVals")) {
+        SetItem(inputs.Get(), name, Variant(std::wstring_view(text)));
+    }
+    if (IsChecked(autoFire_)) {
+        Fire();
+    }
+}
+
+void RunPanel::Fire() {
+    CallMember(current_->Dispatch().Get(), L"Fire", {}, DISPATCH_METHOD);
+    ShowOutputs();
+}
+
+void RunPanel::ShowInputs() {
+    const auto inputs = ObjectProperty(current_->Dispatch().Get(), L"InVals");
+    if (!inputs) {
+        return;
+    }
+    for (const StoredVariable& input : inputs_) {
+        inputRows_->ShowValue(input.Name, ValueText(ItemOf(inputs.Get(), input.Name)));
+    }
+}
+
+void RunPanel::ShowOutputs() {
+    const auto outputs = ObjectProperty(current_->Dispatch().Get(), L"OutVals");
+    ListView_DeleteAllItems(outputList_);
+    if (!outputs) {
+        return;
+    }
+    for (const std::wstring& key : KeysOf(outputs.Get())) {
+        AddRow(outputList_, {key, ValueText(ItemOf(outputs.Get(), key))});
+    }
+}
+
+void RunPanel::SetDataShow() {
+    SetProperty(current_->Dispatch().Get(), L"DataShow", Variant(IsChecked(dataShow_)));
+}
+
+void RunPanel::OnEvent(const std::wstring& control, const std::wstring& event) {
+    auto& [count, row] = counts_[control + L"." + event];
+    if (count++ == 0) {
+        row = AddRow(eventLog_, {control + L"." + event, L""});
+    }
+    // A batch raises very many events; following a hundredth of them is enough for the eye.
+    const bool isInBatch = pointsLeft_ > 0;
+    if (isInBatch) {
+        --pointsLeft_;
+        const auto step = static_cast<long long>(std::max(1.0, pointsInAll_ / 100));
+        if (count % step != 0 && pointsLeft_ > 0) {
+            return;
+        }
+        const double done = (pointsInAll_ - pointsLeft_) / pointsInAll_;
+        SendMessageW(progress_, PBM_SETPOS, static_cast<WPARAM>(done * 100), 0);
+        UpdateWindow(progress_);
+    }
+    SetCell(eventLog_, row, 1, std::to_wstring(count));
+    UpdateWindow(eventLog_);
+}
+
+void RunPanel::RunBatch() {
+    const int divisions = std::clamp(_wtoi(TextOf(divisions_).c_str()), 1, MostDivisions);
+    SetWindowTextW(divisions_, std::to_wstring(divisions).c_str());
+    if (!ChooseFolder()) {
+        return;
+    }
+    pointsInAll_ = std::pow(divisions + 1, static_cast<double>(inputs_.size()));
+    pointsLeft_ = pointsInAll_;
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    CallMember(current_->Dispatch().Get(), L"BatchData",
+               {Variant(std::wstring_view(batchFolder_.wstring())), Variant(LONG{divisions})},
+               DISPATCH_METHOD);
+    SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+    pointsLeft_ = 0;
+    SendMessageW(progress_, PBM_SETPOS, 0, 0);
+    ShowInputs();
+    ShowOutputs();
+    ShowPicture();
+}
+
+void RunPanel::ShowPicture() {
+    const auto output = SendMessageW(outputChoice_, CB_GETCURSEL, 0, 0);
+    if (output >= 0 && std::filesystem::exists(batchFolder_ / L"OutData.txt")) {
+        const auto index = static_cast<std::size_t>(output);
+        picture_->Show(ReadBatch(batchFolder_), NamesOf(inputs_), outputs_[index].Name, index);
+    }
+}
+
+bool RunPanel::ChooseFolder() {
+    BROWSEINFOW browse{};
+    browse.hwndOwner = GetAncestor(Handle(), GA_ROOT);
+    browse.lpszTitle = L"The folder for InData.txt and OutData.txt:";
+    browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_USENEWUI;
+    const std::wstring offered = batchFolder_.wstring();
+    browse.lParam = reinterpret_cast<LPARAM>(offered.c_str());
+    browse.lpfn = SelectOfferedFolder;
+    PIDLIST_ABSOLUTE const chosen = SHBrowseForFolderW(&browse);
+    if (!chosen) {
+        return false;
+    }
+    std::wstring path(MAX_PATH, L'\0');
+    const bool isFolder = SHGetPathFromIDListW(chosen, path.data());
+    CoTaskMemFree(chosen);
+    if (isFolder) {
+        batchFolder_ = path.c_str();
+    }
+    return isFolder;
+}
+
+} // namespace Quorvane::Host

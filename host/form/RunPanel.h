@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// RunPanel: what a person does with a running control: set inputs, fire, watch, tabulate.
+#pragma once
+
+#include "host/form/InputRows.h"
+#include "host/form/PlacedControl.h"
+#include "host/form/SurfacePicture.h"
+#include "host/form/Window.h"
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Quorvane::Host {
+
+class RunPanel final : public Window {
+  public:
+    /// Batch files go to the folder that the user chooses; `batchFolder` is offered first.
+    RunPanel(HWND parent, std::filesystem::path batchFolder);
+
+    /// Shows the controls of the form; the first becomes the current one. The controls must live
+    /// until Clear.
+    void SetControls(const std::vector<std::unique_ptr<PlacedControl>>& controls);
+
+    /// Forgets the controls and the counts.
+    void Clear();
+
+    /// Makes a control the current one.
+    void SelectControl(const std::wstring& name);
+
+    /// Counts an event, and follows the progress of a batch by it.
+    void OnEvent(const std::wstring& control, const std::wstring& event);
+
+  protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void CreateChildren();
+    void Arrange();
+    void OnCommand(int id, int code);
+    void ShowCurrent();
+    void SetInput(const std::wstring& name, const std::wstring& text);
+    void Fire();
+    void ShowOutputs();
+    void ShowInputs();
+    void SetDataShow();
+    void RunBatch();
+    void ShowPicture();
+    bool ChooseFolder();
+
+    PlacedControl* current_ = nullptr;
+    std::vector<PlacedControl*> controls_;
+    std::vector<StoredVariable> inputs_;
+    std::vector<StoredVariable> outputs_;
+    std::filesystem::path batchFolder_;
+    /// "Control.Event" with its count and its row in the log.
+    std::map<std::wstring, std::pair<long long, int>> counts_;
+    double pointsLeft_ = 0;
+    double pointsInAll_ = 0;
+
+    HWND controlChoice_ = nullptr;
+    std::unique_ptr<InputRows> inputRows_;
+    HWND fire_ = nullptr;
+    HWND autoFire_ = nullptr;
+    HWND dataShow_ = nullptr;
+    HWND outputList_ = nullptr;
+    HWND eventLog_ = nullptr;
+    HWND divisionsLabel_ = nullptr;
+    HWND divisions_ = nullptr;
+    HWND batch_ = nullptr;
+    HWND progress_ = nullptr;
+    HWND outputChoice_ = nullptr;
+    std::unique_ptr<SurfacePicture> picture_;
+};
+
+} // namespace Quorvane::Host

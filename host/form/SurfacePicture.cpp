@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+// SurfacePicture: the control surface drawn from the two batch files.
+#include "host/form/SurfacePicture.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <fstream>
+#include <stdexcept>
+
+namespace Quorvane::Host {
+
+namespace {
+
+/// Reads the numbers of a line; anything else in it is skipped as a separator or left out.
+std::vector<double> ReadNumbers(std::string_view line) {
+    std::vector<double> numbers;
+    while (!line.empty()) {
+        const auto start = line.find_first_not_of(", \r");
+        if (start == std::string_view::npos) {
+            break;
+        }
+        line.remove_prefix(start);
+        const auto end = std::min(line.find_first_of(", \r"), line.size());
+        double number = 0;
+        std::from_chars(line.data(), line.data() + end, number);
+        numbers.push_back(number);
+        line.remove_prefix(end);
+    }
+    return numbers;
+}
+
+std::vector<std::vector<double>> ReadRows(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    if (!file) {
+        throw std::runtime_error("The batch wrote no file " + path.filename().string() + ".");
+    }
+    std::vector<std::vector<double>> rows;
+    for (std::string line; std::getline(file, line);) {
+        rows.push_back(ReadNumbers(line));
+    }
+    return rows;
+}
+
+
+/// Selects an object for as long as it lives, then deletes it.
+class Selected {
+  public:
+    Selected(HDC context, HGDIOBJ object)
+        : context_(context), object_(object), former_(SelectObject(context, object)) {}
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+    ~Selected() {
+        SelectObject(context_, former_);
+        DeleteObject(object_);
+    }
+
+  private:
+    HDC context_;
+    HGDIOBJ object_;
+    HGDIOBJ former_;
+};
+
+/// From deep blue (0) over green to yellow (1).
+COLORREF ShadeOf(double share) {
+    struct Stop {
+        double Red, Green, Blue;
+    };
+    constexpr std::array<Stop, 4> Stops = {
+        {{48, 60, 140}, {38, 130, 142}, {94, 201, 98}, {253, 231, 37}}};
+    const double scaled = std::clamp(share, 0.0, 1.0) * (Stops.size() - 1);
+    const auto first = std::min(static_cast<std::size_t>(scaled), Stops.size() - 2);
+    const double part = scaled - static_cast<double>(first);
+    const auto mix = [part](double from, double to) {
+        return static_cast<int>(from + part * (to - from));
+    };
+    const Stop& from = Stops[first];
+    const Stop& to = Stops[first + 1];
+    return RGB(mix(from.Red, to.Red), mix(from.Green, to.Green), mix(from.Blue, to.Blue));
+}
+
+void PrintCentred(HDC context, const std::wstring& text, RECT area, UINT vertical) {
+    DrawTextW(context, text.c_str(), -1, &area,
+              DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | vertical);
+}
+
+std::wstring Short(double number) {
+    std::array<wchar_t, 32> text{};
+    swprintf(text.data(), text.size(), L"%.4g", number);
+    return text.data();
+}
+
+} // namespace
+
+BatchPoints ReadBatch(const std::filesystem::path& folder) {
+    BatchPoints points{ReadRows(folder / L"InData.txt"), ReadRows(folder / L"OutData.txt")};
+    if (points.Inputs.empty() || points.Inputs.size() != points.Outputs.size()) {
+        throw std::runtime_error("The two batch files do not fit together.");
+    }
+    return points;
+}
+
+SurfacePicture::SurfacePicture(HWND parent) {
+    Create(L"QuorvaneSurfacePicture", L"Response surface", WS_CHILD | WS_VISIBLE, parent);
+}
+
+void SurfacePicture::Show(BatchPoints points, std::vector<std::wstring> inputs,
+                          std::wstring outputName, std::size_t output) {
+    points_ = std::move(points);
+    inputs_ = std::move(inputs);
+    outputName_ = std::move(outputName);
+    values_.clear();
+    for (const auto& row : points_.Outputs) {
+        values_.push_back(output < row.size() ? row[output] : 0);
+    }
+    const auto [low, high] = std::ranges::minmax_element(values_);
+    lowest_ = *low;
+    highest_ = *high > *low ? *high : *low + 1;
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void SurfacePicture::Clear() {
+    points_ = {};
+    values_.clear();
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+LRESULT SurfacePicture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_PAINT:
+        Paint();
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_SIZE:
+        InvalidateRect(Handle(), nullptr, FALSE);
+        return 0;
+    default:
+        return Window::OnMessage(message, wParam, lParam);
+    }
+}
+
+void SurfacePicture::Paint() {
+    PAINTSTRUCT paint{};
+    const HDC screen = BeginPaint(Handle(), &paint);
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    const HDC memory = CreateCompatibleDC(screen);
+    {
+        const Selected bitmap(memory, CreateCompatibleBitmap(screen, area.right, area.bottom));
+        FillRect(memory, &area, GetSysColorBrush(COLOR_WINDOW));
+        SetBkMode(memory, TRANSPARENT);
+        const HGDIOBJ former = SelectObject(memory, MessageFont(DpiOf(Handle())));
+        Draw(memory, area);
+        SelectObject(memory, former);
+        BitBlt(screen, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
+    }
+    DeleteDC(memory);
+    EndPaint(Handle(), &paint);
+}
+
+void SurfacePicture::Draw(HDC context, const RECT& area) const {
+    if (values_.empty()) {
+        PrintCentred(context, L"Run a batch to see the response.", area, DT_VCENTER);
+    } else if (inputs_.size() == 1) {
+        DrawCurve(context, area);
+    } else if (inputs_.size() == 2) {
+        DrawSurface(context, area);
+    } else {
+        PrintCentred(context, L"A picture needs a system of one or two inputs.", area, DT_VCENTER);
+    }
+}
+
+void SurfacePicture::DrawCurve(HDC context, const RECT& area) const {
+    RECT plot = area;
+    InflateRect(&plot, -Scaled(36), -Scaled(24));
+    FrameRect(context, &plot, GetSysColorBrush(COLOR_BTNSHADOW));
+    const double first = points_.Inputs.front().front();
+    const double last = points_.Inputs.back().front();
+    std::vector<POINT> line;
+    for (std::size_t i = 0; i < values_.size(); ++i) {
+        const double across = (points_.Inputs[i].front() - first) / (last - first);
+        const double up = (values_[i] - lowest_) / (highest_ - lowest_);
+        line.push_back({plot.left + std::lround(across * (plot.right - plot.left)),
+                        plot.bottom - std::lround(up * (plot.bottom - plot.top))});
+    }
+    {
+        const Selected pen(context, CreatePen(PS_SOLID, Scaled(2), RGB(38, 100, 160)));
+        Polyline(context, line.data(), static_cast<int>(line.size()));
+    }
+    PrintCentred(context, inputs_[0] + L"  " + Short(first) + L" \x2026 " + Short(last), area,
+                 DT_BOTTOM);
+    PrintCentred(context, outputName_ + L"  " + Short(lowest_) + L" \x2026 " + Short(highest_),
+                 area, DT_TOP);
+}
+
+void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
+    const auto side = static_cast<std::size_t>(std::lround(std::sqrt(double(values_.size()))));
+    if (side < 2 || side * side != values_.size()) {
+        PrintCentred(context, L"The batch is not complete.", area, DT_VCENTER);
+        return;
+    }
+    const int width = area.right - 2 * Scaled(16);
+    const int height = area.bottom - 2 * Scaled(24);
+    // Seen from above the corner where both inputs are low: the first input runs to the right
+    // and away, the second to the left and away.
+    const auto project = [&](std::size_t i, std::size_t j) {
+        const double a = double(i) / double(side - 1);
+        const double b = double(j) / double(side - 1);
+        const double z = (values_[i * side + j] - lowest_) / (highest_ - lowest_);
+        return POINT{area.left + Scaled(16) + std::lround((0.5 + (a - b) * 0.5) * width),
+                     area.bottom - Scaled(24) -
+                         std::lround(((a + b) * 0.27 + z * 0.46) * height)};
+    };
+    const Selected pen(context, CreatePen(PS_SOLID, 1, RGB(70, 70, 70)));
+    // The far tiles first, so that near ones cover them.
+    for (std::size_t i = side - 1; i-- > 0;) {
+        for (std::size_t j = side - 1; j-- > 0;) {
+            const double mean = (values_[i * side + j] + values_[(i + 1) * side + j] +
+                                 values_[i * side + j + 1] + values_[(i + 1) * side + j + 1]) /
+                                4;
+            const std::array<POINT, 4> tile = {project(i, j), project(i + 1, j),
+                                               project(i + 1, j + 1), project(i, j + 1)};
+            const Selected brush(context, CreateSolidBrush(ShadeOf((mean - lowest_) /
+                                                                   (highest_ - lowest_))));
+            Polygon(context, tile.data(), static_cast<int>(tile.size()));
+        }
+    }
+    const auto range = [&](std::size_t axis) {
+        return inputs_[axis] + L"  " + Short(points_.Inputs.front()[axis]) + L" \x2026 " +
+               Short(points_.Inputs.back()[axis]);
+    };
+    RECT left = area;
+    left.right = (area.left + area.right) / 2;
+    RECT right = area;
+    right.left = left.right;
+    PrintCentred(context, L"\x2196 " + range(1), left, DT_BOTTOM);
+    PrintCentred(context, range(0) + L" \x2197", right, DT_BOTTOM);
+    PrintCentred(context, outputName_ + L"  " + Short(lowest_) + L" \x2026 " + Short(highest_),
+                 area, DT_TOP);
+}
+
+} // namespace Quorvane::Host

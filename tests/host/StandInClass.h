@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// StandInClass: makes the stand-in control a class of this process.
+#pragma once
+
+#include "tests/host/StandInControl.h"
+
+namespace Quorvane::Host {
+
+/// While it lives, CoCreateInstance of the class `Name()` makes stand-in controls.
+class StandInClass {
+  public:
+    StandInClass();
+    StandInClass(const StandInClass&) = delete;
+    StandInClass& operator=(const StandInClass&) = delete;
+    ~StandInClass();
+
+    /// The class identifier in braces.
+    std::u16string Name() const;
+
+  private:
+    class Factory;
+
+    std::vector<std::string> calls_;
+    DWORD cookie_ = 0;
+};
+
+} // namespace Quorvane::Host
