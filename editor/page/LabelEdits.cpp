@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// What an edited label of a tree does to the model.
+#include "editor/page/LabelEdits.h"
+
+#include <algorithm>
+
+#include "editor/TextIds.h"
+#include "editor/page/RuleReferences.h"
+#include "editor/rules/DesignTime.h"
+#include "shared/NumberText.h"
+#include "text/GetText.h"
+
+namespace Quorvane::Editor {
+namespace {
+
+class LabelEdit {
+  public:
+    LabelEdit(Side side, TreeNode& node, TextView label, Prompt& prompt)
+        : side_(side), traits_(TraitsOf(side)), node_(node), label_(label), prompt_(prompt),
+          variable_(VariablesOf(side).At(VariableNodeOf(node).Key)) {}
+
+    bool Apply() {
+        switch (node_.Tag) {
+        case NodeTag::Name:
+            return RenameVariable();
+        case NodeTag::UBound:
+            return SetBound(variable_.UBound, variable_.Max, std::nullopt);
+        case NodeTag::LBound:
+            return SetBound(variable_.LBound, std::nullopt, variable_.Min);
+        case NodeTag::MF:
+            return RenameTerm();
+        case NodeTag::Point:
+            return SetPoint();
+        case NodeTag::Root:
+            break;
+        }
+        return false;
+    }
+
+  private:
+    bool Refuse(std::int32_t textId) {
+        ShowRefusal(prompt_, Main::GetText(textId));
+        return false;
+    }
+
+    /// The checks of a new name, and the last step that can refuse: the rules.
+    template <class Value>
+    bool Rename(const Text& oldName, const StringKeyedDictionary<Value>& names,
+                const Text& oldReference, const Text& newReference) {
+        if (label_.empty()) {
+            return Refuse(TextIds::ForbiddenCharacter);
+        }
+        if (!DesignTime::ValidateIdentifier(oldName, label_, names, prompt_)) {
+            return false;
+        }
+        return RenameInRules(oldReference, newReference) || Refuse(TextIds::DuplicateIdentifier);
+    }
+
+    bool RenameVariable() {
+        VariableDictionary& variables = VariablesOf(side_);
+        const Text oldName = variable_.Name;
+        if (!Rename(oldName, variables, oldName + traits_.TermMark, label_ + traits_.TermMark)) {
+            return false;
+        }
+        variables.Rekey(oldName, label_);
+        variable_.Name = label_;
+        RekeyChildren(node_, label_);
+        node_.Caption = label_;
+        return true;
+    }
+
+    bool RenameTerm() {
+        const Text oldName(LastPart(node_));
+        const Text stem = variable_.Name + traits_.TermMark;
+        if (!Rename(oldName, variable_.MF, stem + oldName, stem + label_)) {
+            return false;
+        }
+        variable_.MF.Rekey(oldName, label_);
+        variable_.MF.At(label_).Name = label_;
+        RekeyChildren(node_, node_.Parent->Key + u'\\' + label_);
+        node_.Caption = label_;
+        return true;
+    }
+
+    /// The number that the label says, within inclusive limits.
+    std::optional<double> CheckedNumber(std::optional<double> lower, std::optional<double> upper) {
+        // The number is taken as it will be shown and stored, so that all three agree.
+        label_ = DesignTime::NormalNumberText(label_);
+        if (!DesignTime::ValidateNumber(label_, lower, upper, prompt_)) {
+            return std::nullopt;
+        }
+        return ParseUserNumber(label_);
+    }
+
+    bool SetBound(double& bound, std::optional<double> lower, std::optional<double> upper) {
+        const auto number = CheckedNumber(lower, upper);
+        const double other = &bound == &variable_.UBound ? variable_.LBound : variable_.UBound;
+        if (!number || (traits_.ChecksBoundPair && !DesignTime::ValidateBoundsDiffer(
+                                                       UserNumberText(other), label_, prompt_))) {
+            return false;
+        }
+        bound = *number;
+        RekeyChildren(node_, node_.Parent->Key + u'\\' + label_);
+        node_.Caption = label_;
+        return true;
+    }
+
+    bool SetPoint() {
+        auto& points = variable_.MF.At(LastPart(*node_.Parent)).Points;
+        const auto index = static_cast<std::size_t>(
+            std::ranges::find(traits_.Points, LastPart(node_), &PointTraits::Key) -
+            traits_.Points.begin());
+        const bool isFirst = index == 0;
+        const bool isLast = index + 1 == traits_.Points.size();
+        const auto number = CheckedNumber(isFirst ? variable_.LBound : points[index - 1],
+                                          isLast ? variable_.UBound : points[index + 1]);
+        if (!number) {
+            return false;
+        }
+        points[index] = *number;
+        if (isLast) {
+            // An output term is a singleton: its points stay equal.
+            std::fill(points.begin() + static_cast<std::ptrdiff_t>(index), points.end(), *number);
+        }
+        traits_.UpdateExtent(variable_.Name);
+        node_.Caption = label_;
+        return true;
+    }
+
+    Side side_;
+    const SideTraits& traits_;
+    TreeNode& node_;
+    Text label_;
+    Prompt& prompt_;
+    LinguisticVariable& variable_;
+};
+
+} // namespace
+
+bool ApplyLabelEdit(Side side, TreeNode& node, TextView label, Prompt& prompt) {
+    return LabelEdit(side, node, label, prompt).Apply();
+}
+
+} // namespace Quorvane::Editor

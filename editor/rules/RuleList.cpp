@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// The rows of the rule list, and their order.
+#include "editor/rules/RuleList.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "editor/rules/RuleText.h"
+#include "shared/NumberText.h"
+
+namespace Quorvane::Editor {
+namespace {
+
+// Rules are the same to the list when they are the same key to the rule base.
+constexpr KeyHash HashOf{KeyComparison::IgnoreCase};
+
+/// A text that sorts without regard to case.
+struct FoldedText {
+    TextView Content;
+
+    bool operator<(const FoldedText& other) const {
+        return std::ranges::lexicographical_compare(Content, other.Content, {}, FoldCase, FoldCase);
+    }
+};
+
+template <class Rows, class Predicate>
+std::optional<std::size_t> IndexOf(const Rows& rows, Predicate wanted) {
+    const auto found = std::ranges::find_if(rows, wanted);
+    if (found == rows.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(found - rows.begin());
+}
+
+} // namespace
+
+RuleList::RuleList(std::vector<Text> inputs, std::vector<Text> outputs)
+    : inputs_(std::move(inputs)), outputs_(std::move(outputs)) {}
+
+RuleList::Row RuleList::MakeRow(std::size_t number, Text rule) const {
+    const std::size_t hash = HashOf(SplitRule(rule).Head);
+    return {number, std::move(rule), hash};
+}
+
+void RuleList::Fill(const RuleDictionary& rules) {
+    rows_.clear();
+    rows_.reserve(rules.Count());
+    for (const auto& [rule, value] : rules) {
+        Append(rule);
+    }
+    ApplyOrder();
+}
+
+std::size_t RuleList::Append(Text rule) {
+    rows_.push_back(MakeRow(rows_.size() + 1, std::move(rule)));
+    return rows_.size() - 1;
+}
+
+void RuleList::Replace(std::size_t row, Text rule) {
+    rows_[row] = MakeRow(rows_[row].Number, std::move(rule));
+}
+
+void RuleList::SortBy(std::size_t column) {
+    order_ = Order{column, order_ && !order_->Descending};
+    ApplyOrder();
+}
+
+void RuleList::ApplyOrder() {
+    if (!order_) {
+        return;
+    }
+    const std::size_t column = order_->Column;
+    if (column == 0) {
+        SortRows([](const Row& row) { return row.Number; });
+    } else if (column + 1 == ColumnCount()) {
+        SortRows([this](const Row& row) { return Weight(row); });
+    } else {
+        SortRows([this, column](const Row& row) { return FoldedText{Term(row, column)}; });
+    }
+}
+
+/// Sorts by keys that are computed once per row; they may view the row's text.
+template <class KeyOf>
+void RuleList::SortRows(KeyOf keyOf) {
+    using Key = decltype(keyOf(rows_.front()));
+    struct Keyed {
+        Key SortKey;
+        std::size_t Row;
+    };
+    std::vector<Keyed> keys;
+    keys.reserve(rows_.size());
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        keys.push_back({keyOf(rows_[i]), i});
+    }
+    std::ranges::stable_sort(
+        keys, [descending = order_->Descending](const Keyed& left, const Keyed& right) {
+            return descending ? right.SortKey < left.SortKey : left.SortKey < right.SortKey;
+        });
+    std::vector<Row> sorted;
+    sorted.reserve(rows_.size());
+    for (const Keyed& key : keys) {
+        sorted.push_back(std::move(rows_[key.Row]));
+    }
+    rows_ = std::move(sorted);
+}
+
+TextView RuleList::Term(const Row& row, std::size_t column) const {
+    const RuleParts parts = SplitRule(row.Rule);
+    const std::size_t variable = column - 1;
+    const bool isInput = variable < inputs_.size();
+    const auto term =
+        isInput ? TermOf(parts.Antecedents, TraitsOf(Side::Input).TermMark, inputs_[variable])
+                : TermOf(parts.Consequents, TraitsOf(Side::Output).TermMark,
+                         outputs_[variable - inputs_.size()]);
+    return term.value_or(TextView());
+}
+
+double RuleList::Weight(const Row& row) const {
+    try {
+        return ParseNumber(SplitRule(row.Rule).Weight);
+    } catch (const FisError&) {
+        return -std::numeric_limits<double>::infinity();
+    }
+}
+
+Text RuleList::CellText(std::size_t row, std::size_t column) const {
+    if (column == 0) {
+        return NumberText(static_cast<double>(rows_[row].Number));
+    }
+    if (column + 1 == ColumnCount()) {
+        return UserWeightText(SplitRule(rows_[row].Rule).Weight);
+    }
+    return Text(Term(rows_[row], column));
+}
+
+std::optional<std::size_t> RuleList::FindNumber(std::size_t number) const {
+    return IndexOf(rows_, [number](const Row& row) { return row.Number == number; });
+}
+
+std::optional<std::size_t> RuleList::FindRule(TextView rule) const {
+    return IndexOf(rows_, [rule](const Row& row) { return SameName(row.Rule, rule); });
+}
+
+std::optional<std::size_t> RuleList::FindHead(TextView head) const {
+    return IndexOf(rows_, [head, hash = HashOf(head)](const Row& row) {
+        return row.HeadHash == hash && SameName(SplitRule(row.Rule).Head, head);
+    });
+}
+
+} // namespace Quorvane::Editor

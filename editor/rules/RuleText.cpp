@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// The parts of a rule's text.
+#include "editor/rules/RuleText.h"
+
+#include <utility>
+
+#include "shared/FisError.h"
+#include "shared/NumberText.h"
+
+namespace Quorvane::Editor {
+namespace {
+
+/// What stands before the first separator and what after it.
+std::pair<TextView, TextView> Cut(TextView text, char16_t separator) {
+    const auto at = text.find(separator);
+    return at == TextView::npos ? std::pair(text, TextView())
+                                : std::pair(text.substr(0, at), text.substr(at + 1));
+}
+
+} // namespace
+
+RuleParts SplitRule(TextView rule) {
+    const auto [head, afterHead] = Cut(rule, u':');
+    const auto [antecedents, afterAntecedents] = Cut(head, u'/');
+    return {head, antecedents, Cut(afterAntecedents, u'/').first, Cut(afterHead, u':').first};
+}
+
+std::optional<TextView> TermOf(TextView list, char16_t mark, TextView variable) {
+    while (!list.empty()) {
+        const auto [element, rest] = Cut(list, u';');
+        const auto [name, term] = Cut(element, mark);
+        if (SameName(name, variable)) {
+            return term;
+        }
+        list = rest;
+    }
+    return std::nullopt;
+}
+
+Text UserWeightText(TextView weight) {
+    try {
+        return UserNumberText(ParseNumber(weight));
+    } catch (const FisError&) {
+        return Text(weight);
+    }
+}
+
+} // namespace Quorvane::Editor
