@@ -1,18 +1,18 @@
 # SPDX-License-Identifier: MIT
 # The test suites, and the count of their results.
 
-SUITES="format tidy core-asan core-native core-x64 core-x86 com-x64 com-x86 fuzz products"
+SUITES="format tidy asan native x64 x86 fuzz products"
 PASSED=0 FAILED=0 SKIPPED=0
 FAILURES=()
 declare -A CASES
 
-# run_tests [SUITE [FILTER]]: all suites or one, then the totals
+# run_tests [SUITE [PROGRAM [FILTER]]]: all suites or one, then the totals
 run_tests() {
     local suite
     case " $SUITES " in *" ${1:-format} "*) ;; *) die "no suite '$1'; there are: $SUITES" ;; esac
     need build windows wine check
     for suite in ${1:-$SUITES}; do
-        run_suite "$suite" "${2:-*}" || true
+        run_suite "$suite" "${2:-*}" "${3:-*}" || true
     done
     print_totals
 }
@@ -20,13 +20,13 @@ run_tests() {
 run_suite() {
     case $1 in
         format) check_format ;;
-        tidy) check_tidy ;;
+        tidy) check_tidy lint ;;
+        asan) run_programs core-asan "$@" ;;
+        native) run_programs native "$@" ;;
+        x64) run_programs mingw64 "$@" ;;
+        x86) run_programs mingw32 "$@" ;;
         fuzz) run_fuzzers 5 ;;
         products) check_products ;;
-        core-asan) test_native "$1" core-asan "$2" ;;
-        core-native) test_native "$1" native "$2" ;;
-        *-x64) test_in_wine "$1" mingw64 x64 "$2" ;;
-        *-x86) test_in_wine "$1" mingw32 x86 "$2" ;;
     esac
 }
 
@@ -35,19 +35,21 @@ count() {
     PASSED=$((PASSED + $1)) FAILED=$((FAILED + $2)) SKIPPED=$((SKIPPED + $3))
 }
 
-# fail NAME REPEAT: one failed case, and the command that repeats it
-fail() {
-    count 0 1 0
+# failure NAME REPEAT: note a failed case and the command that repeats it
+failure() {
     FAILURES+=("$1"$'\n'"       repeat: $2")
 }
 
 # check NAME REPEAT COMMAND...: one case that passes when the command does
 check() {
-    if "${@:3}"; then count 1 0 0; else fail "$1" "$2"; fi
+    if "${@:3}"; then count 1 0 0; else count 0 1 0 && failure "$1" "$2"; fi
 }
 
 build_or_fail() {
-    build_quietly "$1" || { fail "build of $1" "cmake --build --preset $1"; return 1; }
+    build_quietly "$1" && return
+    count 0 1 0
+    failure "build of $1" "cmake --preset $1 && cmake --build --preset $1"
+    return 1
 }
 
 print_totals() {
@@ -61,54 +63,65 @@ print_totals() {
 
 # The formatting of all our sources, build trees left out.
 check_format() {
-    say "Checking the formatting"
     local sources
+    say "Checking the formatting"
     mapfile -t sources < <(find . -path ./out -prune -o \( -name '*.cpp' -o -name '*.h' \) -print)
-    check formatting "./quorvane lint" logged format clang-format --dry-run -Werror "${sources[@]}"
+    check formatting "./quorvane test format" logged format \
+        clang-format --dry-run -Werror "${sources[@]}"
 }
 
 check_tidy() {
-    check "static checks" "./quorvane lint" build_quietly lint
+    check "static checks" "cmake --build --preset $1" build_quietly "$1"
 }
 
-test_native() {
-    build_or_fail "$2" && run_gtest "$1" "$3" "out/build/$2/tests/core/core_tests"
+# run_programs PRESET SUITE PROGRAM FILTER: build, then run the GoogleTest programs of the preset
+run_programs() {
+    local preset=$1 suite=$2 pattern=$3 filter=$4 program run=()
+    build_or_fail "$preset" || return
+    case $suite in
+        x64 | x86)
+            wine_start "$suite" || { skip_suite "$suite"; return; }
+            run=(in_wine "$suite" 600 wine)
+            ;;
+    esac
+    for program in out/build/"$preset"/tests/*/*_tests{,.exe}; do
+        # shellcheck disable=SC2053
+        [[ -x $program && $(basename "$program" .exe) == $pattern ]] || continue
+        run_gtest "$suite" "$(basename "$program" .exe)" "$filter" "${run[@]}" "$program"
+    done
 }
 
 # A 32-bit suite that cannot run here counts as skipped, with as many cases as its 64-bit twin has.
-test_in_wine() {
-    local suite=$1 preset=$2 arch=$3 filter=$4 kind=${1%-*}
-    build_or_fail "$preset" || return
-    if wine_start "$arch"; then
-        run_gtest "$suite" "$filter" \
-            in_wine "$arch" 600 wine "out/build/$preset/tests/$kind/${kind}_tests.exe"
-    elif [ "$arch" = x86 ]; then
-        say "Left out: $suite; to run it, remove the obstacle above and call ./quorvane test $suite"
-        count 0 0 "${CASES[$kind-x64]:-1}"
+skip_suite() {
+    if [ "$1" = x86 ]; then
+        say "Left out: the tests on x86, for the reason above; ./quorvane test x86 runs them"
+        count 0 0 "${CASES[x64]:-1}"
     else
-        fail "$suite: Wine did not start" "./quorvane test $suite"
+        count 0 1 0
+        failure "Wine did not start" "./quorvane test $1"
     fi
 }
 
-# run_gtest SUITE FILTER COMMAND...: run a GoogleTest program and count its cases
+# run_gtest SUITE NAME FILTER COMMAND...: run a GoogleTest program and count its cases
 run_gtest() {
-    local suite=$1 filter=$2 log=out/log/$1.log status=0 start=$SECONDS passed failed skipped line
-    shift 2
-    "$@" --gtest_color=no --gtest_filter="$filter" >"$log" 2>&1 || status=$?
+    local suite=$1 name=$2 filter=$3 log=out/log/$1-$2.log
+    local status=0 start=$SECONDS passed failed skipped line
+    "${@:4}" --gtest_color=no --gtest_filter="$filter" >"$log" 2>&1 || status=$?
     while IFS= read -r line; do
         case $line in
-            FAILED\ *) FAILURES+=("$suite ${line#FAILED }"$'\n'"       repeat: ./quorvane test $suite '${line#FAILED }'") ;;
-            TOTALS\ *) read -r _ passed failed skipped <<<"$line" ;;
+            "FAILED "*) failure "$suite $name ${line#* }" "./quorvane test $suite $name '${line#* }'" ;;
+            "TOTALS "*) read -r _ passed failed skipped <<<"$line" ;;
             *) printf '%s\n' "$line" ;;
         esac
     done < <(awk -f tools/gtest-results.awk "$log")
-    count "$passed" "$failed" "$skipped"
-    CASES[$suite]=$((passed + failed + skipped))
     if [ "$status" -ne 0 ] && [ "$failed" -eq 0 ]; then
         tail -n 30 "$log"
-        fail "$suite: exit status $status although no test failed" "./quorvane test $suite"
+        failed=1
+        failure "$suite $name: exit status $status with no failed test" "./quorvane test $suite $name"
     fi
-    say "$suite: $passed passed, $failed failed, $skipped skipped in $((SECONDS - start)) s"
+    count "$passed" "$failed" "$skipped"
+    CASES[$suite]=$((${CASES[$suite]:-0} + passed + failed + skipped))
+    say "$suite $name: $passed passed, $failed failed, $skipped skipped in $((SECONDS - start)) s"
 }
 
 # run_fuzzers SECONDS: every fuzzer that long; each is one case
@@ -119,8 +132,9 @@ run_fuzzers() {
         name=${program##*/}
         say "Running $name for $1 s"
         mkdir -p "out/fuzz/$name"
-        check "$name" "$program out/fuzz/$name.*" logged "$name" "$program" -max_total_time="$1" -timeout=10 \
-            -rss_limit_mb=2048 -artifact_prefix="out/fuzz/$name." "out/fuzz/$name"
+        check "$name" "$program out/fuzz/$name.*" logged "$name" "$program" \
+            -max_total_time="$1" -timeout=10 -rss_limit_mb=2048 \
+            -artifact_prefix="out/fuzz/$name." "out/fuzz/$name"
     done
 }
 
