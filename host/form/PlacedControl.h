@@ -36,7 +36,7 @@ struct PlacementSettings {
 };
 
 /// A control in its place. In run mode it is active in its window; in design mode it is drawn.
-class PlacedControl final : private SiteOwner {
+class PlacedControl final : public SiteOwner {
   public:
     /// Whether a control is put on the form for the first time, or comes from a form file.
     enum class Origin { New, Saved };

@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: MIT
+// FormWindow: the main window with the form, the tools for design and run mode, and the file menu.
+#include "host/form/FormWindow.h"
+
+#include "host/HResult.h"
+#include "host/Wide.h"
+#include "host/form/Automation.h"
+#include "host/form/PropertyFrame.h"
+
+#include <algorithm>
+#include <array>
+
+#include <commctrl.h>
+#include <commdlg.h>
+
+namespace Quorvane::Host {
+
+namespace {
+
+enum CommandId {
+    NewId = 1,
+    OpenId,
+    SaveId,
+    SaveAsId,
+    ExitId,
+    DesignId,
+    RunId,
+    AddId,
+    RemoveId,
+    PropertiesId,
+    AboutId,
+};
+
+constexpr const char16_t* ControlClass = u"QuorvaneAxEditor.FISControl";
+constexpr int PanelWidth = 372;
+
+HMENU MenuBar() {
+    const HMENU file = CreatePopupMenu();
+    AppendMenuW(file, MF_STRING, NewId, L"&New\tCtrl+N");
+    AppendMenuW(file, MF_STRING, OpenId, L"&Open...\tCtrl+O");
+    AppendMenuW(file, MF_STRING, SaveId, L"&Save\tCtrl+S");
+    AppendMenuW(file, MF_STRING, SaveAsId, L"Save &As...");
+    AppendMenuW(file, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(file, MF_STRING, ExitId, L"E&xit");
+    const HMENU form = CreatePopupMenu();
+    AppendMenuW(form, MF_STRING, DesignId, L"&Design Mode\tShift+F5");
+    AppendMenuW(form, MF_STRING, RunId, L"&Run Mode\tF5");
+    AppendMenuW(form, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(form, MF_STRING, AddId, L"&Add Control\tIns");
+    AppendMenuW(form, MF_STRING, RemoveId, L"Re&move Control\tDel");
+    AppendMenuW(form, MF_STRING, PropertiesId, L"&Properties...\tF4");
+    const HMENU help = CreatePopupMenu();
+    AppendMenuW(help, MF_STRING, AboutId, L"&About the Control...");
+    const HMENU bar = CreateMenu();
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(form), L"F&orm");
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(help), L"&Help");
+    return bar;
+}
+
+HACCEL Accelerators() {
+    std::array<ACCEL, 6> keys = {{{FVIRTKEY | FCONTROL, 'N', NewId},
+                                  {FVIRTKEY | FCONTROL, 'O', OpenId},
+                                  {FVIRTKEY | FCONTROL, 'S', SaveId},
+                                  {FVIRTKEY | FSHIFT, VK_F5, DesignId},
+                                  {FVIRTKEY, VK_F5, RunId},
+                                  {FVIRTKEY, VK_F4, PropertiesId}}};
+    return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
+}
+
+/// Asks for a form file; empty when the user gives none.
+std::filesystem::path AskForFile(HWND owner, const std::filesystem::path& offered, bool saving) {
+    std::array<wchar_t, MAX_PATH> path{};
+    offered.wstring().copy(path.data(), path.size() - 1);
+    OPENFILENAMEW ask{};
+    ask.lStructSize = sizeof ask;
+    ask.hwndOwner = owner;
+    ask.lpstrFilter = L"Forms (*.form)\0*.form\0All files\0*.*\0";
+    ask.lpstrFile = path.data();
+    ask.nMaxFile = static_cast<DWORD>(path.size());
+    ask.lpstrDefExt = L"form";
+    ask.Flags = OFN_NOCHANGEDIR | OFN_HIDEREADONLY |
+                (saving ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+    const BOOL chosen = saving ? GetSaveFileNameW(&ask) : GetOpenFileNameW(&ask);
+    return chosen ? std::filesystem::path(path.data()) : std::filesystem::path();
+}
+
+FormFile EmptyForm() {
+    FormFile form;
+    form.Name = u"Form1";
+    form.Properties.Set({u"Caption", std::u16string(u"Form1")});
+    return form;
+}
+
+} // namespace
+
+FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) {
+    placement_.Dll = settings.Dll;
+    placement_.Locale = settings.Locale;
+    Create(L"QuorvaneFormWindow", L"Quorvane Form",
+           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr, MenuBar(), WS_EX_CONTROLPARENT);
+    accelerators_ = Accelerators();
+    surface_ = std::make_unique<FormSurface>(Handle(), *this);
+    grid_ = std::make_unique<PropertyGrid>(Handle());
+    runPanel_ = std::make_unique<RunPanel>(Handle(), settings.BatchFolder);
+    SetWindowPos(Handle(), nullptr, 0, 0, Scaled(960), Scaled(720), SWP_NOMOVE | SWP_NOZORDER);
+    placement_.RunMode = settings.RunMode;
+    if (settings.Form) {
+        OpenForm(*settings.Form);
+    } else {
+        NewForm();
+    }
+}
+
+FormWindow::~FormWindow() {
+    if (accelerators_) {
+        DestroyAcceleratorTable(accelerators_);
+    }
+}
+
+bool FormWindow::TranslateKey(MSG& message) {
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
+        return false;
+    }
+    // The control first: while it has the keyboard, keys are its own.
+    IOleInPlaceActiveObject* const active = surface_->ActiveObject();
+    if (active && IsChild(surface_->Handle(), message.hwnd) &&
+        active->TranslateAccelerator(&message) == S_OK) {
+        return true;
+    }
+    // Insert and Delete belong to the form only while it has the keyboard, not a field.
+    if (message.message == WM_KEYDOWN && message.hwnd == surface_->Handle() &&
+        (message.wParam == VK_INSERT || message.wParam == VK_DELETE)) {
+        OnCommand(message.wParam == VK_INSERT ? AddId : RemoveId);
+        return true;
+    }
+    return TranslateAcceleratorW(Handle(), accelerators_, &message) != 0 ||
+           IsDialogMessageW(Handle(), &message);
+}
+
+LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_SIZE:
+        if (runPanel_) {
+            Arrange();
+        }
+        return 0;
+    case WM_INITMENUPOPUP:
+        UpdateMenu();
+        return 0;
+    case WM_COMMAND:
+        OnCommand(LOWORD(wParam));
+        return 0;
+    case WM_CLOSE:
+        if (MayDiscard()) {
+            DestroyWindow(Handle());
+        }
+        return 0;
+    case WM_DESTROY:
+        runPanel_->Clear();
+        grid_->SetObject(L"", nullptr);
+        surface_->Clear();
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return Window::OnMessage(message, wParam, lParam);
+    }
+}
+
+void FormWindow::Arrange() {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    const int panel = std::min(Scaled(PanelWidth), static_cast<int>(area.right) / 2);
+    const int form = area.right - panel;
+    MoveWindow(surface_->Handle(), 0, 0, form, area.bottom, TRUE);
+    MoveWindow(grid_->Handle(), form, 0, panel, area.bottom, TRUE);
+    MoveWindow(runPanel_->Handle(), form, 0, panel, area.bottom, TRUE);
+}
+
+void FormWindow::OnCommand(int id) {
+    switch (id) {
+    case NewId:
+        if (MayDiscard()) {
+            placement_.RunMode = false;
+            NewForm();
+        }
+        break;
+    case OpenId:
+        OpenForm();
+        break;
+    case SaveId:
+        SaveForm();
+        break;
+    case SaveAsId:
+        SaveFormAs();
+        break;
+    case ExitId:
+        SendMessageW(Handle(), WM_CLOSE, 0, 0);
+        break;
+    case DesignId:
+        SetRunMode(false);
+        break;
+    case RunId:
+        SetRunMode(true);
+        break;
+    case AddId:
+        AddControl();
+        break;
+    case RemoveId:
+        if (!placement_.RunMode) {
+            grid_->SetObject(L"", nullptr);
+            surface_->RemoveSelected();
+        }
+        break;
+    case PropertiesId:
+        ShowProperties();
+        break;
+    case AboutId:
+        ShowAbout();
+        break;
+    default:
+        break;
+    }
+}
+
+void FormWindow::NewForm() {
+    form_ = EmptyForm();
+    path_.clear();
+    ReloadControls();
+    isChanged_ = false;
+    UpdateTitle();
+}
+
+void FormWindow::OpenForm() {
+    if (!MayDiscard()) {
+        return;
+    }
+    const auto path = AskForFile(Handle(), {}, false);
+    if (!path.empty()) {
+        OpenForm(path);
+    }
+}
+
+void FormWindow::OpenForm(const std::filesystem::path& path) {
+    form_ = ReadFormFile(path);
+    path_ = path;
+    ReloadControls();
+    isChanged_ = false;
+    UpdateTitle();
+}
+
+bool FormWindow::SaveForm() {
+    return path_.empty() ? SaveFormAs() : SaveTo(path_);
+}
+
+bool FormWindow::SaveFormAs() {
+    const auto path = AskForFile(Handle(), path_, true);
+    return !path.empty() && SaveTo(path);
+}
+
+bool FormWindow::SaveTo(const std::filesystem::path& path) {
+    form_.Controls = surface_->Save();
+    SaveFormFile(path, form_);
+    path_ = path;
+    isChanged_ = false;
+    UpdateTitle();
+    return true;
+}
+
+bool FormWindow::MayDiscard() {
+    if (!isChanged_) {
+        return true;
+    }
+    switch (MessageBoxW(Handle(), L"Save the changes to this form?", L"Quorvane Form",
+                        MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return SaveForm();
+    case IDNO:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void FormWindow::SetRunMode(bool runMode) {
+    if (placement_.RunMode == runMode) {
+        return;
+    }
+    form_.Controls = surface_->Save();
+    placement_.RunMode = runMode;
+    ReloadControls();
+    UpdateTitle();
+}
+
+void FormWindow::ReloadControls() {
+    runPanel_->Clear();
+    grid_->SetObject(L"", nullptr);
+    isLoading_ = true;
+    const auto loaded = [this] {
+        isLoading_ = false;
+        ShowWindow(grid_->Handle(), placement_.RunMode ? SW_HIDE : SW_SHOW);
+        ShowWindow(runPanel_->Handle(), placement_.RunMode ? SW_SHOW : SW_HIDE);
+        Arrange();
+    };
+    try {
+        surface_->Load(form_, placement_);
+    } catch (...) {
+        loaded();
+        throw;
+    }
+    loaded();
+    if (placement_.RunMode) {
+        runPanel_->SetControls(surface_->Controls());
+    }
+    OnSelectionChanged();
+}
+
+void FormWindow::AddControl() {
+    if (placement_.RunMode) {
+        return;
+    }
+    std::u16string name;
+    for (int number = 1; name.empty(); ++number) {
+        const std::u16string candidate = u"FIS" + FromWide(std::to_wstring(number));
+        const bool isTaken =
+            std::ranges::any_of(surface_->Controls(), [&](const auto& control) {
+                return SameName(FromWide(control->Name()), candidate);
+            });
+        if (!isTaken) {
+            name = candidate;
+        }
+    }
+    surface_->Add({ControlClass, name, {}});
+}
+
+void FormWindow::ShowProperties() {
+    PlacedControl* const control = surface_->Selected();
+    if (!control) {
+        return;
+    }
+    ShowPropertyFrame(Handle(), control->Name() + L" Properties", control->Object(),
+                      placement_.Locale.value_or(GetUserDefaultLCID()));
+    if (!placement_.RunMode) {
+        grid_->RefreshValues();
+    }
+    InvalidateRect(surface_->Handle(), nullptr, FALSE);
+}
+
+void FormWindow::ShowAbout() {
+    if (PlacedControl* const control = surface_->Selected()) {
+        CallMember(control->Dispatch().Get(), L"ShowAboutBox", {}, DISPATCH_METHOD);
+    }
+}
+
+void FormWindow::UpdateTitle() {
+    const std::wstring name = path_.empty() ? L"(new form)" : path_.filename().wstring();
+    const wchar_t* const mode = placement_.RunMode ? L" [Run]" : L" [Design]";
+    const wchar_t* const changed = isChanged_ ? L" *" : L"";
+    SetWindowTextW(Handle(), (name + changed + mode + L" - Quorvane Form").c_str());
+}
+
+void FormWindow::UpdateMenu() {
+    const HMENU menu = GetMenu(Handle());
+    const bool isDesign = !placement_.RunMode;
+    const bool isSelected = surface_->Selected() != nullptr;
+    const auto enable = [menu](UINT id, bool enabled) {
+        EnableMenuItem(menu, id, enabled ? MF_ENABLED : MF_GRAYED);
+    };
+    CheckMenuRadioItem(menu, DesignId, RunId, isDesign ? DesignId : RunId, MF_BYCOMMAND);
+    enable(AddId, isDesign);
+    enable(RemoveId, isDesign && isSelected);
+    enable(PropertiesId, isSelected);
+    enable(AboutId, isSelected);
+}
+
+void FormWindow::OnControlEvent(const std::wstring& control, const std::wstring& event) {
+    runPanel_->OnEvent(control, event);
+}
+
+void FormWindow::OnSelectionChanged() {
+    if (isLoading_ || placement_.RunMode || !grid_) {
+        return;
+    }
+    if (PlacedControl* const control = surface_->Selected()) {
+        grid_->SetObject(control->Name(), control->Dispatch().Get());
+    } else {
+        grid_->SetObject(L"", nullptr);
+    }
+}
+
+void FormWindow::OnFormChanged() {
+    if (!isLoading_) {
+        isChanged_ = true;
+        UpdateTitle();
+    }
+}
+
+} // namespace Quorvane::Host

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// FormWindow: the main window with the form, the tools for design and run mode, and the file menu.
+#pragma once
+
+#include "host/form/FormSurface.h"
+#include "host/form/PropertyGrid.h"
+#include "host/form/RunPanel.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+namespace Quorvane::Host {
+
+/// How the program starts.
+struct FormWindowSettings {
+    std::optional<std::filesystem::path> Form;
+    std::optional<std::filesystem::path> Dll;
+    std::optional<LCID> Locale;
+    std::filesystem::path BatchFolder;
+    bool RunMode = false;
+};
+
+class FormWindow final : public Window, public FormSurfaceOwner {
+  public:
+    explicit FormWindow(const FormWindowSettings& settings);
+    ~FormWindow() override;
+
+    /// Offers a key message to the active control, the menu and the dialog navigation; whether one
+    /// of them took it.
+    bool TranslateKey(MSG& message);
+
+  protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void Arrange();
+    void OnCommand(int id);
+
+    void NewForm();
+    void OpenForm();
+    void OpenForm(const std::filesystem::path& path);
+    bool SaveForm();
+    bool SaveFormAs();
+    bool SaveTo(const std::filesystem::path& path);
+    bool MayDiscard();
+
+    /// Saves the bags, destroys every control, then creates and loads them anew in the other mode.
+    void SetRunMode(bool runMode);
+    void ReloadControls();
+    void AddControl();
+    void ShowProperties();
+    void ShowAbout();
+    void UpdateTitle();
+    void UpdateMenu();
+
+    // FormSurfaceOwner
+    void OnControlEvent(const std::wstring& control, const std::wstring& event) override;
+    void OnSelectionChanged() override;
+    void OnFormChanged() override;
+    void OnPropertyFrameWanted() override { ShowProperties(); }
+
+    PlacementSettings placement_;
+    FormFile form_;
+    std::filesystem::path path_;
+    bool isChanged_ = false;
+    bool isLoading_ = false;
+    HACCEL accelerators_ = nullptr;
+    std::unique_ptr<FormSurface> surface_;
+    std::unique_ptr<PropertyGrid> grid_;
+    std::unique_ptr<RunPanel> runPanel_;
+};
+
+} // namespace Quorvane::Host

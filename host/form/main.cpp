@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// main: the graphical host program, a form to place controls on.
+#include "host/HResult.h"
+#include "host/Options.h"
+#include "host/form/FormWindow.h"
+
+#include <cstdlib>
+
+#include <commctrl.h>
+#include <ole2.h>
+
+namespace {
+
+using namespace Quorvane::Host;
+
+class Apartment {
+  public:
+    Apartment() { Check(OleInitialize(nullptr), L"initialise COM"); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+    ~Apartment() { OleUninitialize(); }
+};
+
+FormWindowSettings SettingsFrom(const Options& options) {
+    FormWindowSettings settings;
+    if (!options.Form.empty()) {
+        settings.Form = options.Form;
+    }
+    settings.Dll = options.Dll;
+    settings.Locale = options.Locale;
+    settings.BatchFolder = std::filesystem::absolute(options.Output);
+    settings.RunMode = !options.Form.empty() && !options.Design;
+    return settings;
+}
+
+int RunMessages(FormWindow& window) {
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (!window.TranslateKey(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    return static_cast<int>(message.wParam);
+}
+
+int Run() {
+    // Without arguments it begins with an empty form.
+    const Options options =
+        __argc > 1 ? ParseOptions({__wargv + 1, __wargv + __argc}) : Options();
+    const Apartment apartment;
+    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&controls);
+    FormWindow window(SettingsFrom(options));
+    ShowWindow(window.Handle(), SW_SHOWDEFAULT);
+    UpdateWindow(window.Handle());
+    return RunMessages(window);
+}
+
+} // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    try {
+        return Run();
+    } catch (const std::exception& error) {
+        ShowError(nullptr, error.what());
+        return 1;
+    }
+}
