@@ -4,7 +4,9 @@
 
 #include <oleauto.h>
 
-#include <vector>
+#include <charconv>
+#include <iterator>
+#include <string>
 
 #include "control/com/ErrorBoundary.h"
 #include "control/com/Module.h"
@@ -32,6 +34,11 @@ Text GuidText(REFGUID guid) {
 
 Text DecimalText(DWORD number) {
     return Widen(std::to_string(number));
+}
+
+Text VersionText() {
+    const ModuleDescription& module = DescribeModule();
+    return DecimalText(module.MajorVersion) + u"." + DecimalText(module.MinorVersion);
 }
 
 Text ClassPath(const ClassEntry& entry) {
@@ -87,10 +94,8 @@ class ClassWriter {
     }
 
     void WriteTypeLibrary() {
-        const ModuleDescription& module = DescribeModule();
-        Default(u"TypeLib", GuidText(*module.TypeLibrary));
-        Default(u"Version",
-                DecimalText(module.MajorVersion) + u"." + DecimalText(module.MinorVersion));
+        Default(u"TypeLib", GuidText(*DescribeModule().TypeLibrary));
+        Default(u"Version", VersionText());
     }
 
     void WriteProgIds() {
@@ -133,14 +138,25 @@ void RegisterTypeLibrary(RegistrationScope scope, const Text& modulePath) {
               : ::RegisterTypeLib(library.Get(), path, helpDirectory));
 }
 
-HRESULT UnregisterTypeLibrary(RegistrationScope scope) noexcept {
+/// The key of the type library for the module's own width.
+Text LibraryPath() {
+    const ModuleDescription& module = DescribeModule();
+    char locale[8];
+    const auto end = std::to_chars(std::begin(locale), std::end(locale), module.Locale, 16).ptr;
+    return u"TypeLib\\" + GuidText(*module.TypeLibrary) + u"\\" + VersionText() + u"\\" +
+           Widen({std::begin(locale), end}) + (OwnKind == SYS_WIN64 ? u"\\win64" : u"\\win32");
+}
+
+void UnregisterTypeLibrary(RegistrationScope scope, HKEY classes) {
     const ModuleDescription& module = DescribeModule();
     const auto unregister =
         scope == RegistrationScope::User ? &::UnRegisterTypeLibForUser : &::UnRegisterTypeLib;
     const HRESULT result = unregister(*module.TypeLibrary, module.MajorVersion, module.MinorVersion,
                                       module.Locale, OwnKind);
-    // The answer where it is not registered.
-    return result == TYPE_E_REGISTRYACCESS ? S_OK : result;
+    // The platforms differ in how they fail where it is not registered, which is no failure here.
+    if (RegistryKey::Open(classes, LibraryPath(), KEY_READ)) {
+        Check(result);
+    }
 }
 
 HRESULT DeleteTree(HKEY parent, const Text& path) noexcept {
@@ -175,8 +191,8 @@ void RegisterModule(RegistrationScope scope) {
     // Last, since the journal cannot undo it.
     try {
         RegisterTypeLibrary(scope, modulePath);
-    } catch (...) {
-        UnregisterTypeLibrary(scope);
+    } catch (const HresultError&) {
+        UnregisterTypeLibrary(scope, classes.Get());
         throw;
     }
     journal.Commit();
@@ -188,9 +204,8 @@ void UnregisterModule(RegistrationScope scope) {
     for (const ClassEntry& entry : DescribeModule().Classes) {
         UnregisterClass(classes.Get(), entry, failure);
     }
-    const HRESULT library = UnregisterTypeLibrary(scope);
+    UnregisterTypeLibrary(scope, classes.Get());
     Check(failure);
-    Check(library);
 }
 
 HRESULT InstallModule(bool install, const wchar_t* command) noexcept {

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// What registration writes, and that it takes everything back.
+#include "control/com/Registration.h"
+
+#include <map>
+
+#include "control/com/ErrorBoundary.h"
+#include "control/com/RegistryJournal.h"
+#include "control/com/Scoped.h"
+#include "tests/com/plumbing/PlumbingTest.h"
+
+namespace Quorvane {
+namespace {
+
+const Text ClassKey = u"CLSID\\{39D1E767-9EF8-49EA-AC6C-7A1D10C278DF}";
+const Text LibraryKey = u"TypeLib\\{588D15EB-9598-4BC6-B24C-7C9B30A7C0C0}";
+const Text ScratchKey = u"QuorvaneTrial.Scratch";
+
+/// A registry tree as text: every key and value below it.
+using Snapshot = std::map<Text, Text>;
+
+void Collect(HKEY key, const Text& path, Snapshot& snapshot) {
+    wchar_t name[512];
+    for (DWORD index = 0;; ++index) {
+        DWORD length = 512;
+        BYTE data[2048]{};
+        DWORD size = sizeof data - 2;
+        if (::RegEnumValueW(key, index, name, &length, nullptr, nullptr, data, &size) !=
+            ERROR_SUCCESS) {
+            break;
+        }
+        snapshot[path + u"@" + Com::ToText(name)] =
+            Com::ToText(reinterpret_cast<const wchar_t*>(data));
+    }
+    for (DWORD index = 0;; ++index) {
+        DWORD length = 512;
+        if (::RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
+            ERROR_SUCCESS) {
+            break;
+        }
+        const Text child = path + u"\\" + Com::ToText(name);
+        snapshot[child] = u"";
+        const auto opened = Com::RegistryKey::Open(key, Com::ToText(name), KEY_READ);
+        Collect(opened.Get(), child, snapshot);
+    }
+}
+
+class Registration : public PlumbingTest {
+  protected:
+    void SetUp() override {
+        HKEY classes = nullptr;
+        ASSERT_EQ(::RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, nullptr, 0,
+                                    KEY_ALL_ACCESS, nullptr, &classes, nullptr),
+                  ERROR_SUCCESS);
+        classes_ = Com::RegistryKey(classes);
+    }
+
+    Snapshot UserClasses() const { return Below(classes_.Get(), {}); }
+
+    static Snapshot Below(HKEY root, const Text& path) {
+        Snapshot snapshot;
+        if (const auto key = Com::RegistryKey::Open(root, path, KEY_READ)) {
+            Collect(key.Get(), {}, snapshot);
+        }
+        return snapshot;
+    }
+
+    /// The value of a key of the user's classes, "(none)" where it is missing.
+    Text Value(const Text& path, const wchar_t* name = nullptr) const {
+        wchar_t text[512];
+        DWORD size = sizeof text;
+        const LSTATUS result = ::RegGetValueW(classes_.Get(), Com::Wide(path), name, RRF_RT_REG_SZ,
+                                              nullptr, text, &size);
+        return result == ERROR_SUCCESS ? Com::ToText(text) : u"(none)";
+    }
+
+    Com::RegistryKey classes_;
+};
+
+TEST_F(Registration, WritesWhatHostsLookForAndRemovesAllOfIt) {
+    const Snapshot before = UserClasses();
+    Com::RegisterModule(Com::RegistrationScope::User);
+    EXPECT_EQ(Value(ClassKey), u"A trial object");
+    EXPECT_EQ(Value(ClassKey + u"\\InprocServer32"), Com::ModulePath());
+    EXPECT_EQ(Value(ClassKey + u"\\InprocServer32", L"ThreadingModel"), u"Apartment");
+    EXPECT_EQ(Value(ClassKey + u"\\ProgID"), u"QuorvaneTrial.Trial.1");
+    EXPECT_EQ(Value(ClassKey + u"\\VersionIndependentProgID"), u"QuorvaneTrial.Trial");
+    EXPECT_EQ(Value(ClassKey + u"\\TypeLib"), u"{588D15EB-9598-4BC6-B24C-7C9B30A7C0C0}");
+    EXPECT_EQ(Value(ClassKey + u"\\Version"), u"1.0");
+    EXPECT_EQ(Value(ClassKey + u"\\MiscStatus"), u"0");
+    EXPECT_EQ(Value(ClassKey + u"\\MiscStatus\\1"), u"131473");
+    EXPECT_EQ(Value(ClassKey + u"\\ToolboxBitmap32"), Com::ModulePath() + u", 101");
+    for (const Text key : {u"\\Control", u"\\Programmable",
+                           u"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}"}) {
+        EXPECT_TRUE(Com::RegistryKey::Open(classes_.Get(), ClassKey + key, KEY_READ));
+    }
+    for (const Text name : {u"QuorvaneTrial.Trial", u"QuorvaneTrial.Trial.1"}) {
+        EXPECT_EQ(Value(name), u"A trial object");
+        EXPECT_EQ(Value(name + u"\\CLSID"), u"{39D1E767-9EF8-49EA-AC6C-7A1D10C278DF}");
+    }
+    EXPECT_EQ(Value(u"QuorvaneTrial.Trial\\CurVer"), u"QuorvaneTrial.Trial.1");
+    Com::UnregisterModule(Com::RegistrationScope::User);
+    EXPECT_EQ(UserClasses(), before);
+    Com::UnregisterModule(Com::RegistrationScope::User);
+    EXPECT_EQ(UserClasses(), before) << "a second time finds nothing and fails nowhere";
+}
+
+TEST_F(Registration, RegistersTheTypeLibraryOfTheMachineWithTheFolderAsItsHelpDirectory) {
+    const Text root = u"Software\\Classes\\" + LibraryKey;
+    ASSERT_TRUE(Below(HKEY_LOCAL_MACHINE, root).empty());
+    Com::RegisterModule(Com::RegistrationScope::Machine);
+    Com::ComPtr<ITypeLib> library;
+    EXPECT_EQ(::LoadRegTypeLib(LIBID_TrialLibrary, 1, 0, 0x409, library.Put()), S_OK);
+    library.Reset();
+    const Snapshot written = Below(HKEY_LOCAL_MACHINE, root);
+    const Text path = Com::ModulePath();
+    EXPECT_EQ(written.at(u"\\1.0\\HELPDIR@"), path.substr(0, path.find_last_of(u'\\')));
+    Com::UnregisterModule(Com::RegistrationScope::Machine);
+    EXPECT_TRUE(Below(HKEY_LOCAL_MACHINE, root).empty());
+    EXPECT_TRUE(Below(HKEY_LOCAL_MACHINE, u"Software\\Classes\\" + ClassKey).empty());
+    EXPECT_FALSE(SUCCEEDED(::LoadRegTypeLib(LIBID_TrialLibrary, 1, 0, 0x409, library.Put())));
+}
+
+// No key that lasts can be made below one that goes with the session.
+TEST_F(Registration, LeavesTheRegistryAsItWasWhenItFails) {
+    HKEY created = nullptr;
+    ASSERT_EQ(::RegCreateKeyExW(classes_.Get(), L"QuorvaneTrial.Trial", 0, nullptr,
+                                REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &created, nullptr),
+              ERROR_SUCCESS);
+    const Com::RegistryKey obstacle(created);
+    const wchar_t old[] = L"what was there";
+    ASSERT_EQ(::RegSetValueExW(obstacle.Get(), nullptr, 0, REG_SZ,
+                               reinterpret_cast<const BYTE*>(old), sizeof old),
+              ERROR_SUCCESS);
+    const Snapshot before = UserClasses();
+    EXPECT_THROW(Com::RegisterModule(Com::RegistrationScope::User), Com::HresultError);
+    EXPECT_EQ(UserClasses(), before);
+    ASSERT_EQ(::RegDeleteTreeW(classes_.Get(), L"QuorvaneTrial.Trial"), ERROR_SUCCESS);
+}
+
+TEST_F(Registration, UndoesChangesThatAreNotCommitted) {
+    const Snapshot before = UserClasses();
+    {
+        Com::RegistryJournal journal(classes_.Get());
+        journal.SetText(ScratchKey + u"\\Kept", u"name", u"first");
+        journal.Commit();
+    }
+    const Snapshot committed = UserClasses();
+    EXPECT_EQ(committed.at(u"\\" + ScratchKey + u"\\Kept@name"), u"first");
+    {
+        Com::RegistryJournal journal(classes_.Get());
+        journal.SetText(ScratchKey + u"\\Kept", u"name", u"second");
+        journal.SetText(ScratchKey + u"\\Kept", u"other", u"added");
+        journal.SetText(ScratchKey + u"\\Kept\\Deep\\Deeper", {}, u"added");
+        journal.CreateKey(ScratchKey + u"\\Made");
+        EXPECT_EQ(Value(ScratchKey + u"\\Kept", L"name"), u"second");
+    }
+    EXPECT_EQ(UserClasses(), committed);
+    ASSERT_EQ(::RegDeleteTreeW(classes_.Get(), Com::Wide(ScratchKey)), ERROR_SUCCESS);
+    EXPECT_EQ(UserClasses(), before);
+}
+
+TEST_F(Registration, InstallsForTheUserOrTheMachineByCommand) {
+    EXPECT_EQ(Com::InstallModule(true, L"elsewhere"), E_INVALIDARG);
+    const Snapshot before = UserClasses();
+    EXPECT_EQ(Com::InstallModule(true, L"User"), S_OK);
+    EXPECT_EQ(Value(ClassKey), u"A trial object");
+    EXPECT_EQ(Com::InstallModule(false, L"user"), S_OK);
+    EXPECT_EQ(UserClasses(), before);
+}
+
+} // namespace
+} // namespace Quorvane
