@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The about box.
 #include "control/FISControl.h"
-#include "control/MessageBox.h"
+#include "win/MessageBox.h"
 #include "text/GetText.h"
 
 namespace Quorvane {
@@ -17,7 +17,7 @@ constexpr TextView ComponentName = u"QuorvaneAxEditor";
 STDMETHODIMP FISControl::ShowAboutBox() noexcept {
     return Com::Guard<_FISControl>([&] {
         const Com::KeepAlive alive(this);
-        ShowMessage(site_.Window(), Main::GetText(AboutTextId), Text(ComponentName),
+        Win::ShowMessage(site_.Window(), Main::GetText(AboutTextId), Text(ComponentName),
                     MB_OK | MB_ICONINFORMATION);
     });
 }

@@ -2,12 +2,12 @@
 // Tabulating the control surface into two text files.
 #include "control/BatchFile.h"
 #include "control/FISControl.h"
-#include "control/MessageBox.h"
 #include "control/com/Scoped.h"
 #include "engine/GridWalk.h"
 #include "shared/Definition.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
+#include "win/MessageBox.h"
 
 namespace Quorvane {
 namespace {
@@ -96,8 +96,8 @@ STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);
         } catch (...) {
             // Whatever failed, the host is not told by an error but the person by this message.
-            ShowMessage(site_.Window(), Main::GetText(InvalidEvaluation),
-                        Main::GetText(ControllerTitle), MB_OK | MB_ICONERROR);
+            Win::ShowMessage(site_.Window(), Main::GetText(InvalidEvaluation),
+                             Main::GetText(ControllerTitle), MB_OK | MB_ICONERROR);
         }
     });
 }

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// Activation contexts from manifest resources.
+#include "win/ActivationContext.h"
+
+namespace Quorvane::Win {
+
+ActivationContext::ActivationContext(HMODULE module, WORD manifest) noexcept {
+    ACTCTXW description{};
+    description.cbSize = sizeof description;
+    description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    description.hModule = module;
+    description.lpResourceName = MAKEINTRESOURCEW(manifest);
+    context_ = ::CreateActCtxW(&description);
+    if (context_ != INVALID_HANDLE_VALUE) {
+        LiveCount<ActivationContext>::Add(1);
+    }
+}
+
+ActivationContext::~ActivationContext() {
+    if (context_ != INVALID_HANDLE_VALUE) {
+        ::ReleaseActCtx(context_);
+        LiveCount<ActivationContext>::Add(-1);
+    }
+}
+
+} // namespace Quorvane::Win

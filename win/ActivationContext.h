@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Activation contexts: which version of the common controls a window gets.
+#pragma once
+
+#include <windows.h>
+
+#include "win/Counted.h"
+
+namespace Quorvane::Win {
+
+/// An activation context made from a manifest resource of a module. Where the platform makes none,
+/// the context of the host stays in force.
+class ActivationContext {
+  public:
+    ActivationContext(HMODULE module, WORD manifest) noexcept;
+    ~ActivationContext();
+    ActivationContext(const ActivationContext&) = delete;
+    ActivationContext& operator=(const ActivationContext&) = delete;
+
+    HANDLE Get() const noexcept { return context_; }
+
+  private:
+    HANDLE context_;
+};
+
+/// Puts a context in force on this thread for as long as it lives.
+class ActivationScope {
+  public:
+    explicit ActivationScope(const ActivationContext& context) noexcept
+        : active_(context.Get() != INVALID_HANDLE_VALUE &&
+                  ::ActivateActCtx(context.Get(), &cookie_)) {}
+    ~ActivationScope() {
+        if (active_) {
+            ::DeactivateActCtx(0, cookie_);
+        }
+    }
+    ActivationScope(const ActivationScope&) = delete;
+    ActivationScope& operator=(const ActivationScope&) = delete;
+
+  private:
+    ULONG_PTR cookie_ = 0;
+    bool active_;
+};
+
+} // namespace Quorvane::Win

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// Watching the messages of a window of somebody else's class.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+
+namespace Quorvane::Win {
+
+/// Sees the messages of a window before its own procedure does, for as long as it lives. The window
+/// may be destroyed first.
+class Subclass {
+  public:
+    /// Gives a result for a message that the window shall not see, nothing for any other. An
+    /// exception counts as nothing.
+    using Handler = std::function<std::optional<LRESULT>(UINT message, WPARAM, LPARAM)>;
+
+    /// Throws std::system_error where the window system refuses.
+    Subclass(HWND window, Handler handler);
+    ~Subclass();
+    Subclass(const Subclass&) = delete;
+    Subclass& operator=(const Subclass&) = delete;
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR id, DWORD_PTR self) noexcept;
+
+    HWND window_;
+    Handler handler_;
+};
+
+} // namespace Quorvane::Win

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+// Texts for the platform's functions.
+#pragma once
+
+#include "shared/Text.h"
+
+namespace Quorvane::Win {
+
+/// A zero-terminated form for the platform's functions; it lives as long as the text.
+inline const wchar_t* Wide(const Text& text) noexcept {
+    return reinterpret_cast<const wchar_t*>(text.c_str());
+}
+
+} // namespace Quorvane::Win
