@@ -164,6 +164,18 @@ HRESULT DeleteTree(HKEY parent, const Text& path) noexcept {
     return result == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(static_cast<DWORD>(result));
 }
 
+/// Registering the first class of a user makes the key that holds all of them.
+void DeleteIfEmpty(HKEY parent, const Text& path) noexcept {
+    const RegistryKey key = RegistryKey::Open(parent, path, KEY_READ);
+    DWORD keys = 1;
+    DWORD values = 1;
+    ::RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
+                       nullptr, nullptr, nullptr, nullptr);
+    if (keys == 0 && values == 0) {
+        ::RegDeleteKeyW(parent, Wide(path));
+    }
+}
+
 /// The two widths of the module share their programmatic names.
 bool IsServedByOtherWidth(HKEY classes, const ClassEntry& entry) {
     return static_cast<bool>(RegistryKey::Open(classes, ClassPath(entry), KEY_READ | OtherWidth));
@@ -204,6 +216,7 @@ void UnregisterModule(RegistrationScope scope) {
     for (const ClassEntry& entry : DescribeModule().Classes) {
         UnregisterClass(classes.Get(), entry, failure);
     }
+    DeleteIfEmpty(classes.Get(), u"CLSID");
     UnregisterTypeLibrary(scope, classes.Get());
     Check(failure);
 }

@@ -53,6 +53,8 @@ class Registration : public PlumbingTest {
                                     KEY_ALL_ACCESS, nullptr, &classes, nullptr),
                   ERROR_SUCCESS);
         classes_ = Com::RegistryKey(classes);
+        // An empty one, which does not survive the removal of a class, may be left from elsewhere.
+        ::RegDeleteKeyW(classes_.Get(), L"CLSID");
     }
 
     Snapshot UserClasses() const { return Below(classes_.Get(), {}); }
