@@ -59,9 +59,8 @@ double Midpoint(const LinguisticVariable& variable) {
 
 /// Parses the variables of one side, with the value that each starts with.
 template <class InitialValue>
-void ParseVariables(const Text& stored, Side side, VariableDictionary& variables,
+void ParseVariables(TextView plain, Side side, VariableDictionary& variables,
                     OwnValueDictionary& values, InitialValue initialValue) {
-    const Text plain = TransformText(stored, false);
     for (const TextView piece : Split(plain, u'|')) {
         LinguisticVariable parsed = ParseVariable(piece, side);
         Text name = parsed.Name;
@@ -70,8 +69,7 @@ void ParseVariables(const Text& stored, Side side, VariableDictionary& variables
     }
 }
 
-void ParseRules(const Text& stored, RuleDictionary& rules) {
-    const Text plain = TransformText(stored, false);
+void ParseRules(TextView plain, RuleDictionary& rules) {
     for (const TextView rule : Split(plain, u'|')) {
         rules.Add(Text(rule), Text(rule));
     }
@@ -79,21 +77,24 @@ void ParseRules(const Text& stored, RuleDictionary& rules) {
 
 } // namespace
 
+// A text is decoded before what it replaces is touched: one that does not decode changes nothing.
 void ParseDefinition() {
     Definition::ProcessState& state = Definition::State();
 
+    const Text inputs = TransformText(state.InputsText, false);
     const auto inputValues = std::make_shared<OwnValueDictionary>(KeyComparison::IgnoreCase);
     state.InputValues = inputValues;
-    ParseVariables(state.InputsText, Side::Input,
-                   state.InputVariables.emplace(KeyComparison::IgnoreCase), *inputValues,
-                   [](const LinguisticVariable& input) { return input.LBound; });
+    ParseVariables(inputs, Side::Input, state.InputVariables.emplace(KeyComparison::IgnoreCase),
+                   *inputValues, [](const LinguisticVariable& input) { return input.LBound; });
 
+    const Text outputs = TransformText(state.OutputsText, false);
     const auto defaults = std::make_shared<OwnValueDictionary>(KeyComparison::Exact);
     state.DefaultOutputValues = defaults;
-    ParseVariables(state.OutputsText, Side::Output,
-                   state.OutputVariables.emplace(KeyComparison::IgnoreCase), *defaults, Midpoint);
+    ParseVariables(outputs, Side::Output, state.OutputVariables.emplace(KeyComparison::IgnoreCase),
+                   *defaults, Midpoint);
 
-    ParseRules(state.RulesText, state.RuleBase.emplace(KeyComparison::IgnoreCase));
+    const Text rules = TransformText(state.RulesText, false);
+    ParseRules(rules, state.RuleBase.emplace(KeyComparison::IgnoreCase));
 }
 
 } // namespace Quorvane::Main

@@ -13,9 +13,9 @@ namespace Quorvane::Main {
 ///   outputs  Name/UBound/LBound/Term,p;Term,...|Name/...
 ///   rules    Input>Term;Input>Term/Output<Term;Output<Term:Weight|...
 ///
-/// Raises TypeMismatch or Overflow for a number that does not convert, SubscriptOutOfRange for a
-/// missing field and DuplicateKey for a name that repeats; what was built until then stays in
-/// place. The prepared rule tables are those of the old model until the rule base is prepared anew.
+/// Raises TypeMismatch for a text that does not decode, TypeMismatch or Overflow for a number that
+/// does not convert, SubscriptOutOfRange for a missing field and DuplicateKey for a name that
+/// repeats; what was built until then stays in place. The prepared rule tables are those of the old model until the rule base is prepared anew.
 void ParseDefinition();
 
 } // namespace Quorvane::Main
