@@ -2,11 +2,10 @@
 // What registration writes, and that it takes everything back.
 #include "control/com/Registration.h"
 
-#include <map>
-
 #include "control/com/ErrorBoundary.h"
 #include "control/com/RegistryJournal.h"
 #include "control/com/Scoped.h"
+#include "tests/com/RegistrySnapshot.h"
 #include "tests/com/plumbing/PlumbingTest.h"
 
 namespace Quorvane {
@@ -15,35 +14,6 @@ namespace {
 const Text ClassKey = u"CLSID\\{39D1E767-9EF8-49EA-AC6C-7A1D10C278DF}";
 const Text LibraryKey = u"TypeLib\\{588D15EB-9598-4BC6-B24C-7C9B30A7C0C0}";
 const Text ScratchKey = u"QuorvaneTrial.Scratch";
-
-/// A registry tree as text: every key and value below it.
-using Snapshot = std::map<Text, Text>;
-
-void Collect(HKEY key, const Text& path, Snapshot& snapshot) {
-    wchar_t name[512];
-    for (DWORD index = 0;; ++index) {
-        DWORD length = 512;
-        BYTE data[2048]{};
-        DWORD size = sizeof data - 2;
-        if (::RegEnumValueW(key, index, name, &length, nullptr, nullptr, data, &size) !=
-            ERROR_SUCCESS) {
-            break;
-        }
-        snapshot[path + u"@" + Com::ToText(name)] =
-            Com::ToText(reinterpret_cast<const wchar_t*>(data));
-    }
-    for (DWORD index = 0;; ++index) {
-        DWORD length = 512;
-        if (::RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS) {
-            break;
-        }
-        const Text child = path + u"\\" + Com::ToText(name);
-        snapshot[child] = u"";
-        const auto opened = Com::RegistryKey::Open(key, Com::ToText(name), KEY_READ);
-        Collect(opened.Get(), child, snapshot);
-    }
-}
 
 class Registration : public PlumbingTest {
   protected:
@@ -57,15 +27,7 @@ class Registration : public PlumbingTest {
         ::RegDeleteKeyW(classes_.Get(), L"CLSID");
     }
 
-    Snapshot UserClasses() const { return Below(classes_.Get(), {}); }
-
-    static Snapshot Below(HKEY root, const Text& path) {
-        Snapshot snapshot;
-        if (const auto key = Com::RegistryKey::Open(root, path, KEY_READ)) {
-            Collect(key.Get(), {}, snapshot);
-        }
-        return snapshot;
-    }
+    RegistrySnapshot UserClasses() const { return TakeSnapshot(classes_.Get(), {}); }
 
     /// The value of a key of the user's classes, "(none)" where it is missing.
     Text Value(const Text& path, const wchar_t* name = nullptr) const {
@@ -80,7 +42,7 @@ class Registration : public PlumbingTest {
 };
 
 TEST_F(Registration, WritesWhatHostsLookForAndRemovesAllOfIt) {
-    const Snapshot before = UserClasses();
+    const RegistrySnapshot before = UserClasses();
     Com::RegisterModule(Com::RegistrationScope::User);
     EXPECT_EQ(Value(ClassKey), u"A trial object");
     EXPECT_EQ(Value(ClassKey + u"\\InprocServer32"), Com::ModulePath());
@@ -109,17 +71,17 @@ TEST_F(Registration, WritesWhatHostsLookForAndRemovesAllOfIt) {
 
 TEST_F(Registration, RegistersTheTypeLibraryOfTheMachineWithTheFolderAsItsHelpDirectory) {
     const Text root = u"Software\\Classes\\" + LibraryKey;
-    ASSERT_TRUE(Below(HKEY_LOCAL_MACHINE, root).empty());
+    ASSERT_TRUE(TakeSnapshot(HKEY_LOCAL_MACHINE, root).empty());
     Com::RegisterModule(Com::RegistrationScope::Machine);
     Com::ComPtr<ITypeLib> library;
     EXPECT_EQ(::LoadRegTypeLib(LIBID_TrialLibrary, 1, 0, 0x409, library.Put()), S_OK);
     library.Reset();
-    const Snapshot written = Below(HKEY_LOCAL_MACHINE, root);
+    const RegistrySnapshot written = TakeSnapshot(HKEY_LOCAL_MACHINE, root);
     const Text path = Com::ModulePath();
     EXPECT_EQ(written.at(u"\\1.0\\HELPDIR@"), path.substr(0, path.find_last_of(u'\\')));
     Com::UnregisterModule(Com::RegistrationScope::Machine);
-    EXPECT_TRUE(Below(HKEY_LOCAL_MACHINE, root).empty());
-    EXPECT_TRUE(Below(HKEY_LOCAL_MACHINE, u"Software\\Classes\\" + ClassKey).empty());
+    EXPECT_TRUE(TakeSnapshot(HKEY_LOCAL_MACHINE, root).empty());
+    EXPECT_TRUE(TakeSnapshot(HKEY_LOCAL_MACHINE, u"Software\\Classes\\" + ClassKey).empty());
     EXPECT_FALSE(SUCCEEDED(::LoadRegTypeLib(LIBID_TrialLibrary, 1, 0, 0x409, library.Put())));
 }
 
@@ -134,20 +96,20 @@ TEST_F(Registration, LeavesTheRegistryAsItWasWhenItFails) {
     ASSERT_EQ(::RegSetValueExW(obstacle.Get(), nullptr, 0, REG_SZ,
                                reinterpret_cast<const BYTE*>(old), sizeof old),
               ERROR_SUCCESS);
-    const Snapshot before = UserClasses();
+    const RegistrySnapshot before = UserClasses();
     EXPECT_THROW(Com::RegisterModule(Com::RegistrationScope::User), Com::HresultError);
     EXPECT_EQ(UserClasses(), before);
     ASSERT_EQ(::RegDeleteTreeW(classes_.Get(), L"QuorvaneTrial.Trial"), ERROR_SUCCESS);
 }
 
 TEST_F(Registration, UndoesChangesThatAreNotCommitted) {
-    const Snapshot before = UserClasses();
+    const RegistrySnapshot before = UserClasses();
     {
         Com::RegistryJournal journal(classes_.Get());
         journal.SetText(ScratchKey + u"\\Kept", u"name", u"first");
         journal.Commit();
     }
-    const Snapshot committed = UserClasses();
+    const RegistrySnapshot committed = UserClasses();
     EXPECT_EQ(committed.at(u"\\" + ScratchKey + u"\\Kept@name"), u"first");
     {
         Com::RegistryJournal journal(classes_.Get());
@@ -164,7 +126,7 @@ TEST_F(Registration, UndoesChangesThatAreNotCommitted) {
 
 TEST_F(Registration, InstallsForTheUserOrTheMachineByCommand) {
     EXPECT_EQ(Com::InstallModule(true, L"elsewhere"), E_INVALIDARG);
-    const Snapshot before = UserClasses();
+    const RegistrySnapshot before = UserClasses();
     EXPECT_EQ(Com::InstallModule(true, L"User"), S_OK);
     EXPECT_EQ(Value(ClassKey), u"A trial object");
     EXPECT_EQ(Com::InstallModule(false, L"user"), S_OK);
