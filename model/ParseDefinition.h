@@ -15,7 +15,8 @@ namespace Quorvane::Main {
 ///
 /// Raises TypeMismatch for a text that does not decode, TypeMismatch or Overflow for a number that
 /// does not convert, SubscriptOutOfRange for a missing field and DuplicateKey for a name that
-/// repeats; what was built until then stays in place. The prepared rule tables are those of the old model until the rule base is prepared anew.
+/// repeats; what was built until then stays in place. The prepared rule tables are those of the old
+/// model until the rule base is prepared anew.
 void ParseDefinition();
 
 } // namespace Quorvane::Main
