@@ -37,5 +37,5 @@ logged() {
 build_quietly() {
     say "Building $1"
     logged "configure-$1" cmake --preset "$1" &&
-        logged "build-$1" cmake --build --preset "$1" --target "${2:-all}"
+        logged "build-$1" cmake --build --preset "$1" --target "${2:-all}" -- --quiet
 }
