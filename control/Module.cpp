@@ -7,6 +7,7 @@
 #include "control/FISControl.h"
 #include "control/Resource.h"
 #include "control/com/Module.h"
+#include "editor/page/FIS_IO.h"
 #include "shared/Definition.h"
 
 namespace Quorvane {
@@ -30,6 +31,15 @@ constexpr Com::ClassEntry Classes[] = {
                       .MiscStatus = FISControl::MiscStatus,
                       .ToolboxBitmap = QUORVANE_TOOLBOX_BITMAP,
                       .Categories = ControlCategories}},
+    {.Clsid = &CLSID_FIS_IO,
+     .Create = Com::CreateInstance<Editor::FIS_IO>,
+     .Registration = {.Title = u"Quorvane fuzzy system property page",
+                      .ProgId = {},
+                      .ProgIdVersion = {},
+                      .IsControl = false,
+                      .MiscStatus = 0,
+                      .ToolboxBitmap = 0,
+                      .Categories = {}}},
 };
 
 } // namespace

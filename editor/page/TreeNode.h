@@ -28,10 +28,10 @@ struct TreeNode {
     /// Whether the node shows its children when it is new.
     bool Expanded = false;
     /// 0x00BBGGRR; the tree's own colour where there is none.
-    std::optional<std::uint32_t> Color;
+    std::optional<std::uint32_t> Color{};
     /// Not owned; null for a root.
     TreeNode* Parent = nullptr;
-    std::vector<std::unique_ptr<TreeNode>> Children;
+    std::vector<std::unique_ptr<TreeNode>> Children{};
 };
 
 /// Adds a node as the last one below a parent.

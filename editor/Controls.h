@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// Child controls of the editors' windows, in the font of the user's dialogs.
+#pragma once
+
+#include <windows.h>
+
+#include "shared/Text.h"
+#include "win/Handle.h"
+#include "win/Window.h"
+
+namespace Quorvane::Editor {
+
+/// The font of dialogs, and the dialog units that follow from it.
+class DialogFont {
+  public:
+    /// For a screen of so many dots per inch.
+    explicit DialogFont(int dpi);
+
+    HFONT Get() const noexcept { return font_.Get(); }
+
+    /// Horizontal and vertical dialog units in pixels.
+    int X(int units) const noexcept;
+    int Y(int units) const noexcept;
+
+    /// The width of a text in pixels.
+    int TextWidth(TextView text) const;
+
+  private:
+    Win::Font font_;
+    SIZE base_{};
+};
+
+/// Makes a visible child control. The position is left to the caller. Throws std::system_error.
+Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& text, DWORD style,
+                             UINT id, const DialogFont& font, DWORD extendedStyle = 0);
+
+/// The text of a control.
+Text TextOf(HWND control);
+
+/// Sets the text of a control that has another one.
+void SetText(HWND control, const Text& text);
+
+} // namespace Quorvane::Editor

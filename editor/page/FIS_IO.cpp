@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// The property page class `FIS_IO` as frames see it.
+#include "editor/page/FIS_IO.h"
+
+#include <olectl.h>
+#include <oleidl.h>
+
+#include "control/WindowsTextServices.h"
+#include "control/com/ClientSite.h"
+#include "control/com/Scoped.h"
+#include "editor/TextIds.h"
+#include "shared/Definition.h"
+#include "text/GetText.h"
+
+namespace Quorvane::Editor {
+namespace {
+
+/// A control, whose properties are assigned by name.
+class LateBoundControl final : public SelectedControl {
+  public:
+    explicit LateBoundControl(Com::ComPtr<IDispatch> control) : control_(std::move(control)) {}
+
+    void Put(TextView property, const Text& value) override {
+        Text name(property);
+        auto* const wideName = reinterpret_cast<wchar_t*>(name.data());
+        LPOLESTR names[] = {wideName};
+        DISPID id = DISPID_UNKNOWN;
+        Com::Check(control_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id));
+        Com::Variant argument{TextView(value)};
+        DISPID put = DISPID_PROPERTYPUT;
+        DISPPARAMS arguments{&argument.Get(), &put, 1, 1};
+        EXCEPINFO exception{};
+        const HRESULT result =
+            control_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &arguments,
+                             nullptr, &exception, nullptr);
+        const HRESULT number = result == DISP_E_EXCEPTION ? exception.scode : result;
+        ::SysFreeString(exception.bstrSource);
+        ::SysFreeString(exception.bstrDescription);
+        ::SysFreeString(exception.bstrHelpFile);
+        Com::Check(number);
+    }
+
+  private:
+    Com::ComPtr<IDispatch> control_;
+};
+
+/// Whether a control runs: its definition cannot be set then.
+bool IsInRunMode(IUnknown* control) {
+    const auto object = Com::Query<IOleObject>(control);
+    Com::ComPtr<IOleClientSite> clientSite;
+    if (object) {
+        object->GetClientSite(clientSite.Put());
+    }
+    Com::ClientSite site;
+    site.Set(clientSite.Get());
+    return site.UserMode();
+}
+
+/// A copy of a text for the caller to free with CoTaskMemFree.
+LPOLESTR TaskMemoryCopy(const Text& text) {
+    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+    auto* const copy = static_cast<LPOLESTR>(::CoTaskMemAlloc(size));
+    if (!copy) {
+        throw std::bad_alloc();
+    }
+    std::char_traits<char>::copy(reinterpret_cast<char*>(copy),
+                                 reinterpret_cast<const char*>(text.c_str()), size);
+    return copy;
+}
+
+} // namespace
+
+FIS_IO::FIS_IO(IUnknown* outer)
+    : ComObject(outer),
+      view_([this] { ReportChanged(); },
+            [this]() -> std::shared_ptr<void> { return std::make_shared<Com::KeepAlive>(this); }) {
+    Definition::State().Platform = &WindowsTextServices();
+}
+
+void FIS_IO::ReportChanged() noexcept {
+    // Held, as the frame may take its site away while it answers.
+    if (const Com::ComPtr<IPropertyPageSite> site = site_) {
+        site->OnStatusChange(PROPPAGESTATUS_DIRTY);
+    }
+}
+
+STDMETHODIMP FIS_IO::SetPageSite(IPropertyPageSite* site) noexcept {
+    site_ = site;
+    return S_OK;
+}
+
+STDMETHODIMP FIS_IO::Activate(HWND parent, LPCRECT position, BOOL) noexcept {
+    return Com::Guard<IPropertyPage>([&] {
+        Com::Out(position);
+        view_.Destroy();
+        view_.Create(parent, *position);
+    });
+}
+
+STDMETHODIMP FIS_IO::Deactivate() noexcept {
+    view_.Destroy();
+    return S_OK;
+}
+
+STDMETHODIMP FIS_IO::GetPageInfo(PROPPAGEINFO* info) noexcept {
+    return Com::Guard<IPropertyPage>([&] {
+        PROPPAGEINFO& result = Com::Out(info);
+        result.cb = sizeof result;
+        result.pszTitle = nullptr;
+        result.pszDocString = nullptr;
+        result.pszHelpFile = nullptr;
+        result.dwHelpContext = 0;
+        result.size = PageView::NaturalSize();
+        result.pszTitle = TaskMemoryCopy(Main::GetText(TextIds::InferenceSystem));
+    });
+}
+
+STDMETHODIMP FIS_IO::SetObjects(ULONG count, IUnknown** objects) noexcept {
+    return Com::Guard<IPropertyPage>([&] {
+        selectedControls_.clear();
+        if (count == 0) {
+            return;
+        }
+        Com::Out(objects);
+        for (ULONG i = 0; i < count; ++i) {
+            selectedControls_.emplace_back(objects[i]);
+        }
+        view_.Load(IsInRunMode(selectedControls_.front().Get()));
+    });
+}
+
+STDMETHODIMP FIS_IO::Show(UINT command) noexcept {
+    view_.Show(command);
+    return S_OK;
+}
+
+STDMETHODIMP FIS_IO::Move(LPCRECT position) noexcept {
+    return Com::Guard<IPropertyPage>([&] { view_.Move(Com::Out(position)); });
+}
+
+STDMETHODIMP FIS_IO::IsPageDirty() noexcept {
+    return view_.Changed() ? S_OK : S_FALSE;
+}
+
+STDMETHODIMP FIS_IO::Apply() noexcept {
+    const Com::KeepAlive alive(this);
+    return Com::Guard<IPropertyPage>([&] {
+        if (selectedControls_.empty()) {
+            return E_UNEXPECTED;
+        }
+        auto control = selectedControls_.front().As<IDispatch>();
+        if (!control) {
+            return E_NOINTERFACE;
+        }
+        LateBoundControl selected(std::move(control));
+        // A refusal has been shown; a failure keeps the frame open and the edits pending.
+        return view_.Apply(selected) ? S_OK : E_FAIL;
+    });
+}
+
+STDMETHODIMP FIS_IO::Help(LPCOLESTR) noexcept {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP FIS_IO::TranslateAccelerator(MSG* message) noexcept {
+    const Com::KeepAlive alive(this);
+    return Com::Guard<IPropertyPage>(
+        [&] { return view_.TranslateKey(Com::Out(message)) ? S_OK : S_FALSE; });
+}
+
+STDMETHODIMP FIS_IO::EditProperty(DISPID) noexcept {
+    return E_NOTIMPL;
+}
+
+} // namespace Quorvane::Editor

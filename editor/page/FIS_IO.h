@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// The property page class `FIS_IO` as frames see it.
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+
+#include <vector>
+
+#include "QuorvaneAxEditor.h"
+#include "control/com/ComObject.h"
+#include "control/com/Dispatch.h"
+#include "editor/page/PageView.h"
+
+namespace Quorvane::Editor {
+
+class FIS_IO final : public Com::ComObject<Com::DualDispatch<_FIS_IO>,
+                                           Com::Chain<IPropertyPage2, IPropertyPage>> {
+  public:
+    explicit FIS_IO(IUnknown* outer);
+
+    // IPropertyPage
+    STDMETHODIMP SetPageSite(IPropertyPageSite* site) noexcept override;
+    STDMETHODIMP Activate(HWND parent, LPCRECT position, BOOL modal) noexcept override;
+    STDMETHODIMP Deactivate() noexcept override;
+    STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override;
+    STDMETHODIMP SetObjects(ULONG count, IUnknown** objects) noexcept override;
+    STDMETHODIMP Show(UINT command) noexcept override;
+    STDMETHODIMP Move(LPCRECT position) noexcept override;
+    STDMETHODIMP IsPageDirty() noexcept override;
+    STDMETHODIMP Apply() noexcept override;
+    STDMETHODIMP Help(LPCOLESTR helpFolder) noexcept override;
+    STDMETHODIMP TranslateAccelerator(MSG* message) noexcept override;
+
+    // IPropertyPage2
+    STDMETHODIMP EditProperty(DISPID property) noexcept override;
+
+  private:
+    void ReportChanged() noexcept;
+
+    Com::ComPtr<IPropertyPageSite> site_;
+    /// The first is the one that the edits are applied to.
+    std::vector<Com::ComPtr<IUnknown>> selectedControls_;
+    PageView view_;
+};
+
+} // namespace Quorvane::Editor

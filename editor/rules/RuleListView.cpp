@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// `lvwRule`: the list of the rules, which asks for its cells when it shows them.
+#include "editor/rules/RuleListView.h"
+
+#include "editor/TextIds.h"
+#include "text/GetText.h"
+#include "win/Dpi.h"
+#include "win/WideText.h"
+
+namespace Quorvane::Editor {
+namespace {
+
+HFONT MakeBold(HFONT font) {
+    LOGFONTW description{};
+    ::GetObjectW(font, sizeof description, &description);
+    description.lfWeight = FW_BOLD;
+    return ::CreateFontIndirectW(&description);
+}
+
+} // namespace
+
+RuleListView::RuleListView(HWND parent, UINT id, const RuleEditor& editor, const DialogFont& font,
+                           const std::vector<RuleColumn>& columns, int dpi, Events events)
+    : editor_(editor), events_(std::move(events)), bold_(MakeBold(font.Get())),
+      window_(MakeControl(parent, WC_LISTVIEWW, Main::GetText(TextIds::RuleBase),
+                          WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL |
+                              LVS_SHOWSELALWAYS,
+                          id, font, WS_EX_CLIENTEDGE)) {
+    ListView_SetExtendedListViewStyle(Window(), LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES |
+                                                    LVS_EX_DOUBLEBUFFER);
+    AddColumns(columns, dpi);
+}
+
+void RuleListView::AddColumns(const std::vector<RuleColumn>& columns, int dpi) {
+    int index = 0;
+    for (const RuleColumn& column : columns) {
+        LVCOLUMNW item{};
+        item.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        item.fmt = column.Alignment == ColumnAlignment::Right ? LVCFMT_RIGHT : LVCFMT_LEFT;
+        item.cx = ::MulDiv(column.Width, dpi, Win::TwipsPerInch);
+        item.pszText = const_cast<wchar_t*>(Win::Wide(column.Caption));
+        ::SendMessageW(Window(), LVM_INSERTCOLUMNW, static_cast<WPARAM>(index++),
+                       reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void RuleListView::Reflect() {
+    isShowing_ = true;
+    const auto count = static_cast<int>(editor_.Rows().Count());
+    if (ListView_GetItemCount(Window()) != count) {
+        ListView_SetItemCountEx(Window(), count, LVSICF_NOSCROLL);
+    }
+    constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
+    ListView_SetItemState(Window(), -1, 0, Both);
+    if (const auto row = editor_.SelectedRow()) {
+        const auto index = static_cast<int>(*row);
+        ListView_SetItemState(Window(), index, Both, Both);
+        ListView_EnsureVisible(Window(), index, FALSE);
+    }
+    ::InvalidateRect(Window(), nullptr, FALSE);
+    isShowing_ = false;
+}
+
+LRESULT RuleListView::OnNotify(NMHDR& header) {
+    switch (header.code) {
+    case LVN_GETDISPINFOW:
+        FillCell(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+        return 0;
+    case LVN_ITEMCHANGED: {
+        const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+        const bool isSelected = (change.uNewState & LVIS_SELECTED) != 0 &&
+                                (change.uOldState & LVIS_SELECTED) == 0;
+        if (isSelected && change.iItem >= 0 && !isShowing_) {
+            events_.RowClicked(static_cast<std::size_t>(change.iItem));
+        }
+        return 0;
+    }
+    case NM_CLICK: {
+        // A click on the selected row changes no selection, but shows its rule again.
+        const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(header);
+        if (click.iItem >= 0) {
+            events_.RowClicked(static_cast<std::size_t>(click.iItem));
+        }
+        return 0;
+    }
+    case LVN_COLUMNCLICK:
+        events_.HeaderClicked(
+            static_cast<std::size_t>(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem));
+        return 0;
+    case LVN_KEYDOWN:
+        if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_DELETE) {
+            events_.DeletePressed();
+        }
+        return 0;
+    case NM_CUSTOMDRAW:
+        return CustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    default:
+        return 0;
+    }
+}
+
+void RuleListView::FillCell(LVITEMW& item) {
+    const auto row = static_cast<std::size_t>(item.iItem);
+    if ((item.mask & LVIF_TEXT) != 0 && row < editor_.Rows().Count()) {
+        cell_ = editor_.Rows().CellText(row, static_cast<std::size_t>(item.iSubItem));
+        item.pszText = const_cast<wchar_t*>(Win::Wide(cell_));
+    }
+}
+
+LRESULT RuleListView::CustomDraw(NMLVCUSTOMDRAW& draw) const {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
+        return CDRF_NOTIFYITEMDRAW;
+    }
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) {
+        return CDRF_DODEFAULT;
+    }
+    draw.clrText = RuleRowColor();
+    ::SelectObject(draw.nmcd.hdc, bold_.Get());
+    return CDRF_NEWFONT;
+}
+
+} // namespace Quorvane::Editor

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// `lvwRule`: the list of the rules, which asks for its cells when it shows them.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <functional>
+#include <vector>
+
+#include "editor/Controls.h"
+#include "editor/rules/RuleColumns.h"
+#include "editor/rules/RuleEditor.h"
+
+namespace Quorvane::Editor {
+
+class RuleListView {
+  public:
+    /// What the user does in the list.
+    struct Events {
+        std::function<void(std::size_t row)> RowClicked;
+        std::function<void(std::size_t column)> HeaderClicked;
+        std::function<void()> DeletePressed;
+    };
+
+    /// The editor outlives the list. Throws std::system_error.
+    RuleListView(HWND parent, UINT id, const RuleEditor& editor, const DialogFont& font,
+                 const std::vector<RuleColumn>& columns, int dpi, Events events);
+
+    HWND Window() const noexcept { return window_.Get(); }
+
+    /// Shows the rows as the editor has them, the selected one in view.
+    void Reflect();
+
+    /// Handles a notification of the list.
+    LRESULT OnNotify(NMHDR& header);
+
+  private:
+    void AddColumns(const std::vector<RuleColumn>& columns, int dpi);
+    void FillCell(LVITEMW& item);
+    LRESULT CustomDraw(NMLVCUSTOMDRAW& draw) const;
+
+    const RuleEditor& editor_;
+    Events events_;
+    Win::Font bold_;
+    Win::ChildWindow window_;
+    /// The text of the cell that was asked for last; the list copies it.
+    Text cell_;
+    /// Whether what the list reports now comes from the editor and not from the user.
+    bool isShowing_ = false;
+};
+
+} // namespace Quorvane::Editor
