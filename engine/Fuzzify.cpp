@@ -9,14 +9,30 @@
 namespace Quorvane::RunTime {
 namespace {
 
-void SetDegrees(RuleTables& tables, std::size_t index, double x, double upper, double lower) {
-    UsedInput& input = tables.UsedInputs[index];
-    const std::vector<BoundTerm>& terms = tables.Binding.Input(index).Terms;
-    for (std::size_t i = 0; i < terms.size(); ++i) {
-        tables.Degrees[input.FirstDegree + i] = Membership(terms[i], x, upper, lower);
+/// Makes what depends on the degrees of an input follow them when it ends: also where only some of
+/// the degrees were set before a term failed.
+class DegreeChange {
+  public:
+    DegreeChange(RuleTables& tables, std::size_t input) : tables_(tables), input_(input) {}
+    DegreeChange(const DegreeChange&) = delete;
+    DegreeChange& operator=(const DegreeChange&) = delete;
+    ~DegreeChange() {
+        tables_.Selector.Update(input_, tables_.DegreesOf(tables_.UsedInputs[input_]));
+        tables_.AreSumsCurrent = false;
     }
-    tables.Selector.Update(index, tables.DegreesOf(input));
-    tables.AreSumsCurrent = false;
+
+  private:
+    RuleTables& tables_;
+    std::size_t input_;
+};
+
+void SetDegrees(RuleTables& tables, std::size_t index, double x, double upper, double lower) {
+    const DegreeChange change(tables, index);
+    const std::vector<BoundTerm>& terms = tables.Binding.Input(index).Terms;
+    double* const degrees = &tables.Degrees[tables.UsedInputs[index].FirstDegree];
+    for (std::size_t i = 0; i < terms.size(); ++i) {
+        degrees[i] = Membership(terms[i], x, upper, lower);
+    }
 }
 
 void FuzzifyValue(RuleTables& tables, std::size_t index, const Value& value) {

@@ -83,11 +83,10 @@ void SetOutputs(RuleTables& tables) {
 
 void Infer() {
     RunRoutine(Message::InvalidInference, [] {
-        // Held, as reading a host's dictionary may run code that prepares the rule base anew.
-        const std::shared_ptr<RuleTables> held = Definition::State().Tables;
-        if (!held || held->RuleCount() == 0) {
-            return;
-        }
+        // Held, as reading a host's dictionary may run code that prepares the rule base anew. A
+        // rule base that was never prepared is an empty one.
+        const std::shared_ptr<RuleTables> prepared = Definition::State().Tables;
+        const auto held = prepared ? prepared : std::make_shared<RuleTables>();
         RuleTables& tables = *held;
         Fuzzify(tables);
         if (tables.AddsToUnknownOutput) {

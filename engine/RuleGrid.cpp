@@ -51,10 +51,11 @@ std::optional<RuleGrid> RuleGrid::Build(const RuleTables& tables) {
         if (namingRules[input] < tables.RuleCount()) {
             axes[input].FreePlace = places++;
         }
-        cellCount *= places;
-        if (cellCount > mostCells) {
+        // Divided, as the product of very many terms can be beyond 32 bits.
+        if (places > mostCells / cellCount) {
             return std::nullopt;
         }
+        cellCount *= places;
     }
     RuleGrid grid(std::move(axes));
     grid.PlaceRules(tables, cellCount);
