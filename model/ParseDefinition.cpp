@@ -3,6 +3,7 @@
 #include "model/ParseDefinition.h"
 
 #include <cmath>
+#include <utility>
 
 #include "model/TransformText.h"
 #include "shared/Definition.h"
@@ -78,18 +79,19 @@ void ParseRules(TextView plain, RuleDictionary& rules) {
 } // namespace
 
 // A text is decoded before what it replaces is touched: one that does not decode changes nothing.
+// The dictionaries that a host assigned are released at the end, as that may run its code.
 void ParseDefinition() {
     Definition::ProcessState& state = Definition::State();
 
     const Text inputs = TransformText(state.InputsText, false);
     const auto inputValues = std::make_shared<OwnValueDictionary>(KeyComparison::IgnoreCase);
-    state.InputValues = inputValues;
+    const auto formerInputValues = std::exchange(state.InputValues, inputValues);
     ParseVariables(inputs, Side::Input, state.InputVariables.emplace(KeyComparison::IgnoreCase),
                    *inputValues, [](const LinguisticVariable& input) { return input.LBound; });
 
     const Text outputs = TransformText(state.OutputsText, false);
     const auto defaults = std::make_shared<OwnValueDictionary>(KeyComparison::Exact);
-    state.DefaultOutputValues = defaults;
+    const auto formerDefaults = std::exchange(state.DefaultOutputValues, defaults);
     ParseVariables(outputs, Side::Output, state.OutputVariables.emplace(KeyComparison::IgnoreCase),
                    *defaults, Midpoint);
 
