@@ -11,9 +11,9 @@ namespace {
 constexpr int PointSize = 8;
 constexpr int PointsPerInch = 72;
 
-HFONT MakeDialogFont(int dpi) {
-    return ::CreateFontW(-::MulDiv(PointSize, dpi, PointsPerInch), 0, 0, 0, FW_NORMAL, FALSE,
-                         FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+HFONT MakeDialogFont(int dpi, int weight) {
+    return ::CreateFontW(-::MulDiv(PointSize, dpi, PointsPerInch), 0, 0, 0, weight, FALSE, FALSE,
+                         FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
                          CLEARTYPE_QUALITY, DEFAULT_PITCH, L"MS Shell Dlg 2");
 }
 
@@ -32,7 +32,8 @@ SIZE AverageCharacter(HFONT font) {
 
 } // namespace
 
-DialogFont::DialogFont(int dpi) : font_(MakeDialogFont(dpi)), base_(AverageCharacter(Get())) {}
+DialogFont::DialogFont(int dpi, int weight)
+    : font_(MakeDialogFont(dpi, weight)), base_(AverageCharacter(Get())) {}
 
 int DialogFont::X(int units) const noexcept {
     return ::MulDiv(units, base_.cx, 4);

@@ -13,8 +13,8 @@ namespace Quorvane::Editor {
 /// The font of dialogs, and the dialog units that follow from it.
 class DialogFont {
   public:
-    /// For a screen of so many dots per inch.
-    explicit DialogFont(int dpi);
+    /// For a screen of so many dots per inch; the weight is the platform's, such as FW_BOLD.
+    explicit DialogFont(int dpi, int weight = FW_NORMAL);
 
     HFONT Get() const noexcept { return font_.Get(); }
 

@@ -8,8 +8,7 @@ namespace Quorvane::Editor {
 
 PromptAnswer MessagePrompt::Show(const Text& text, PromptStyle style, const Text& title) {
     HWND const top = owner_ ? ::GetAncestor(owner_, GA_ROOT) : nullptr;
-    return static_cast<PromptAnswer>(
-        Win::ShowMessage(top, text, title, static_cast<UINT>(style)));
+    return static_cast<PromptAnswer>(Win::ShowMessage(top, text, title, static_cast<UINT>(style)));
 }
 
 } // namespace Quorvane::Editor

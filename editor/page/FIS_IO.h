@@ -15,8 +15,8 @@
 
 namespace Quorvane::Editor {
 
-class FIS_IO final : public Com::ComObject<Com::DualDispatch<_FIS_IO>,
-                                           Com::Chain<IPropertyPage2, IPropertyPage>> {
+class FIS_IO final
+    : public Com::ComObject<Com::DualDispatch<_FIS_IO>, Com::Chain<IPropertyPage2, IPropertyPage>> {
   public:
     explicit FIS_IO(IUnknown* outer);
 

@@ -41,16 +41,15 @@ void GdiGraphSurface::SetPen(PenStyle style, int width) {
 }
 
 void GdiGraphSurface::Line(float x1, float y1, float x2, float y2) {
-    const auto width =
-        static_cast<DWORD>(::MulDiv(penWidth_, dpi_, USER_DEFAULT_SCREEN_DPI));
+    const auto width = static_cast<DWORD>(::MulDiv(penWidth_, dpi_, USER_DEFAULT_SCREEN_DPI));
     const LOGBRUSH brush{BS_SOLID, color_, 0};
     // A geometric pen has square ends at any width, so that a line of two pixels ends where it
     // should; dots are a pattern of one-pixel lines.
-    const Win::Pen pen(penStyle_ == PenStyle::Dotted
-                           ? ::CreatePen(PS_DOT, 1, color_)
-                           : ::ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND |
-                                                PS_JOIN_ROUND,
-                                            width, &brush, 0, nullptr));
+    const Win::Pen pen(
+        penStyle_ == PenStyle::Dotted
+            ? ::CreatePen(PS_DOT, 1, color_)
+            : ::ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND | PS_JOIN_ROUND, width,
+                             &brush, 0, nullptr));
     const Win::Selection selected(context_, pen.Get());
     ::MoveToEx(context_, transform_.PixelX(x1), transform_.PixelY(y1), nullptr);
     ::LineTo(context_, transform_.PixelX(x2), transform_.PixelY(y2));

@@ -12,7 +12,15 @@
 namespace Quorvane::Editor {
 namespace {
 
-enum ChildId : UINT { TreInputId = 100, TreOutputId, CmdAddId, CmdModifyId, CmdDeleteId, CmdRuleId, PicMFId };
+enum ChildId : UINT {
+    TreInputId = 100,
+    TreOutputId,
+    CmdAddId,
+    CmdModifyId,
+    CmdDeleteId,
+    CmdRuleId,
+    PicMFId
+};
 
 /// The page in dialog units: the size of a page of the platform's property sheets.
 constexpr int PageWidth = 252;
@@ -284,8 +292,8 @@ bool PageView::TranslateKey(MSG& message) {
     }
     if (message.message == WM_KEYDOWN && message.wParam == VK_TAB) {
         const BOOL back = ::GetKeyState(VK_SHIFT) < 0;
-        HWND const edge = back ? treInput_.Window()
-                               : ::GetNextDlgTabItem(Get(), treInput_.Window(), TRUE);
+        HWND const edge =
+            back ? treInput_.Window() : ::GetNextDlgTabItem(Get(), treInput_.Window(), TRUE);
         if (message.hwnd == edge) {
             return false;
         }

@@ -34,11 +34,13 @@ double Distance(Point p, Point from, Point to) {
     const double dy = to.Y - from.Y;
     const double length = dx * dx + dy * dy;
     const double along =
-        length == 0 ? 0 : std::clamp(((p.X - from.X) * dx + (p.Y - from.Y) * dy) / length, 0.0, 1.0);
+        length == 0 ? 0
+                    : std::clamp(((p.X - from.X) * dx + (p.Y - from.Y) * dy) / length, 0.0, 1.0);
     return std::hypot(p.X - from.X - along * dx, p.Y - from.Y - along * dy);
 }
 
-/// A picture in design units on which strokes and dots are laid one over the other, with soft edges.
+/// A picture in design units on which strokes and dots are laid one over the other, with soft
+/// edges.
 class Picture {
   public:
     explicit Picture(int side)
@@ -56,7 +58,8 @@ class Picture {
     std::vector<std::uint32_t> Take() { return std::move(pixels_); }
 
   private:
-    /// Lays a colour where `depth`, the distance in design units from the edge inwards, is positive.
+    /// Lays a colour where `depth`, the distance in design units from the edge inwards, is
+    /// positive.
     template <class Depth>
     void Cover(Color color, Depth depth) {
         for (int y = 0; y < side_; ++y) {

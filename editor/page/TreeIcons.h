@@ -10,9 +10,9 @@
 namespace Quorvane::Editor {
 
 /// The keys of `imgIO`, in the order of its images.
-inline constexpr TextView TreeIconKeys[] = {u"Inputs", u"Outputs", u"Input",  u"Output",
-                                            u"UBound", u"LBound",  u"MF",     u"MF_P1",
-                                            u"MF_P2",  u"MF_P3",   u"MF_P4",  u"MF_P"};
+inline constexpr TextView TreeIconKeys[] = {u"Inputs", u"Outputs", u"Input", u"Output",
+                                            u"UBound", u"LBound",  u"MF",    u"MF_P1",
+                                            u"MF_P2",  u"MF_P3",   u"MF_P4", u"MF_P"};
 
 /// An icon as side x side pixels, 0xAARRGGBB with the colours premultiplied, the top row first. An
 /// unknown key gives a transparent icon.

@@ -168,8 +168,8 @@ TreeNode* TreeView::NodeOf(HTREEITEM item) const {
     TVITEMW asked{};
     asked.mask = TVIF_PARAM;
     asked.hItem = item;
-    const bool known = item && ::SendMessageW(Window(), TVM_GETITEMW, 0,
-                                              reinterpret_cast<LPARAM>(&asked)) != 0;
+    const bool known =
+        item && ::SendMessageW(Window(), TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&asked)) != 0;
     return known ? reinterpret_cast<TreeNode*>(asked.lParam) : nullptr;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A scrolling panel of the rule editor: `picInput` with `picInCtrl` and `vsbInput`, or the outputs'.
+// A scrolling panel of the rule editor: `picInput` with `picInCtrl` and `vsbInput`, or the
+// outputs'.
 #include "editor/rules/PanelWindow.h"
 
 #include <algorithm>

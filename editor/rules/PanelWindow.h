@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A scrolling panel of the rule editor: `picInput` with `picInCtrl` and `vsbInput`, or the outputs'.
+// A scrolling panel of the rule editor: `picInput` with `picInCtrl` and `vsbInput`, or the
+// outputs'.
 #pragma once
 
 #include <functional>
@@ -21,7 +22,8 @@ class PanelWindow final : public Win::Window {
     using Chosen = std::function<void(std::size_t variable, std::size_t item)>;
 
     /// The panel and the font outlive the window. Throws std::system_error.
-    PanelWindow(HWND parent, UINT id, const RulePanel& panel, const DialogFont& font, Chosen chosen);
+    PanelWindow(HWND parent, UINT id, const RulePanel& panel, const DialogFont& font,
+                Chosen chosen);
     ~PanelWindow() override;
 
     /// The width that shows labels, list boxes and the scroll bar, in pixels.

@@ -73,6 +73,8 @@ class RuleEditorWindow final : public Win::Window {
     MessagePrompt prompt_;
     RuleEditor editor_;
     DialogFont font_;
+    /// The font of the rows, in which `picRule` measures the columns.
+    DialogFont rowFont_;
     Win::ChildWindow lblAntecedent_;
     Win::ChildWindow lblConsequent_;
     Win::ChildWindow lblWeight_;
@@ -83,12 +85,14 @@ class RuleEditorWindow final : public Win::Window {
     std::unique_ptr<PanelWindow> picInput_;
     std::unique_ptr<PanelWindow> picOutput_;
     std::unique_ptr<RuleListView> lvwRule_;
-    bool isShowing_ = false;
+    /// Whether what the controls report now comes from the editor and not from the user.
+    bool isShowing_ = true;
     bool isClosed_ = false;
 };
 
 RuleEditorWindow::RuleEditorWindow(HWND owner, bool changed)
-    : owner_(owner), dpi_(Win::DpiOf(owner)), editor_(prompt_, changed), font_(dpi_) {
+    : owner_(owner), dpi_(Win::DpiOf(owner)), editor_(prompt_, changed), font_(dpi_),
+      rowFont_(dpi_, FW_BOLD) {
     RECT around{};
     ::GetWindowRect(owner_, &around);
     const int left = static_cast<int>(around.left) + font_.X(Margin) * 3;
@@ -97,8 +101,8 @@ RuleEditorWindow::RuleEditorWindow(HWND owner, bool changed)
         Com::ModuleHandle(),
         {.Parent = owner_,
          .Position = {left, top, left + font_.X(WindowWidth), top + font_.Y(WindowHeight)},
-         .Style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX |
-                  WS_CLIPCHILDREN,
+         .Style =
+             WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN,
          .ExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT,
          .Id = 0});
     prompt_.SetOwner(Get());
@@ -116,7 +120,7 @@ RuleEditorWindow::~RuleEditorWindow() {
 }
 
 double RuleEditorWindow::TwipsWidth(TextView text) const {
-    return Win::TwipsOf(font_.TextWidth(text), dpi_);
+    return Win::TwipsOf(rowFont_.TextWidth(text), dpi_);
 }
 
 void RuleEditorWindow::MakeControls() {
@@ -129,39 +133,37 @@ void RuleEditorWindow::MakeControls() {
     };
     // In the order of the tab key: conditions, conclusions, weight, buttons, rules.
     lblAntecedent_ = label(captions.Antecedent);
-    picInput_ = std::make_unique<PanelWindow>(
-        Get(), PicInputId, editor_.Panel(Side::Input), font_,
-        [this](std::size_t variable, std::size_t item) {
-            editor_.ChooseTerm(Side::Input, variable, item);
-        });
+    picInput_ = std::make_unique<PanelWindow>(Get(), PicInputId, editor_.Panel(Side::Input), font_,
+                                              [this](std::size_t variable, std::size_t item) {
+                                                  editor_.ChooseTerm(Side::Input, variable, item);
+                                              });
     lblConsequent_ = label(captions.Consequent);
-    picOutput_ = std::make_unique<PanelWindow>(
-        Get(), PicOutputId, editor_.Panel(Side::Output), font_,
-        [this](std::size_t variable, std::size_t item) {
-            editor_.ChooseTerm(Side::Output, variable, item);
-        });
+    picOutput_ =
+        std::make_unique<PanelWindow>(Get(), PicOutputId, editor_.Panel(Side::Output), font_,
+                                      [this](std::size_t variable, std::size_t item) {
+                                          editor_.ChooseTerm(Side::Output, variable, item);
+                                      });
     lblWeight_ = label(captions.Weight);
     txtWeight_ = MakeControl(Get(), WC_EDITW, {}, WS_TABSTOP | ES_AUTOHSCROLL, TxtWeightId, font_,
                              WS_EX_CLIENTEDGE);
     cmdAdd_ = button(captions.Add, CmdAddId, BS_DEFPUSHBUTTON);
     cmdDelete_ = button(captions.Delete, CmdDeleteId, BS_PUSHBUTTON);
     cmdClose_ = button(captions.Close, IDCANCEL, BS_PUSHBUTTON);
-    const auto columns =
-        MakeRuleColumns(editor_.Panel(Side::Input), editor_.Panel(Side::Output),
-                        [this](TextView text) { return TwipsWidth(text); });
-    lvwRule_ = std::make_unique<RuleListView>(
-        Get(), LvwRuleId, editor_, font_, columns, dpi_,
-        RuleListView::Events{.RowClicked =
-                                 [this](std::size_t row) {
-                                     editor_.SelectRow(row);
-                                     Reflect();
-                                 },
-                             .HeaderClicked =
-                                 [this](std::size_t column) {
-                                     editor_.SortBy(column);
-                                     Reflect();
-                                 },
-                             .DeletePressed = [this] { Delete(); }});
+    const auto columns = MakeRuleColumns(editor_.Panel(Side::Input), editor_.Panel(Side::Output),
+                                         [this](TextView text) { return TwipsWidth(text); });
+    lvwRule_ =
+        std::make_unique<RuleListView>(Get(), LvwRuleId, editor_, font_, rowFont_, columns, dpi_,
+                                       RuleListView::Events{.RowClicked =
+                                                                [this](std::size_t row) {
+                                                                    editor_.SelectRow(row);
+                                                                    Reflect();
+                                                                },
+                                                            .HeaderClicked =
+                                                                [this](std::size_t column) {
+                                                                    editor_.SortBy(column);
+                                                                    Reflect();
+                                                                },
+                                                            .DeletePressed = [this] { Delete(); }});
 }
 
 int RuleEditorWindow::SidePanelsWidth() const {

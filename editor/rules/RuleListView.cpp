@@ -8,24 +8,15 @@
 #include "win/WideText.h"
 
 namespace Quorvane::Editor {
-namespace {
-
-HFONT MakeBold(HFONT font) {
-    LOGFONTW description{};
-    ::GetObjectW(font, sizeof description, &description);
-    description.lfWeight = FW_BOLD;
-    return ::CreateFontIndirectW(&description);
-}
-
-} // namespace
 
 RuleListView::RuleListView(HWND parent, UINT id, const RuleEditor& editor, const DialogFont& font,
-                           const std::vector<RuleColumn>& columns, int dpi, Events events)
-    : editor_(editor), events_(std::move(events)), bold_(MakeBold(font.Get())),
-      window_(MakeControl(parent, WC_LISTVIEWW, Main::GetText(TextIds::RuleBase),
-                          WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL |
-                              LVS_SHOWSELALWAYS,
-                          id, font, WS_EX_CLIENTEDGE)) {
+                           const DialogFont& rowFont, const std::vector<RuleColumn>& columns,
+                           int dpi, Events events)
+    : editor_(editor), events_(std::move(events)), rowFont_(rowFont),
+      window_(
+          MakeControl(parent, WC_LISTVIEWW, Main::GetText(TextIds::RuleBase),
+                      WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
+                      id, font, WS_EX_CLIENTEDGE)) {
     ListView_SetExtendedListViewStyle(Window(), LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES |
                                                     LVS_EX_DOUBLEBUFFER);
     AddColumns(columns, dpi);
@@ -68,8 +59,8 @@ LRESULT RuleListView::OnNotify(NMHDR& header) {
         return 0;
     case LVN_ITEMCHANGED: {
         const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
-        const bool isSelected = (change.uNewState & LVIS_SELECTED) != 0 &&
-                                (change.uOldState & LVIS_SELECTED) == 0;
+        const bool isSelected =
+            (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
         if (isSelected && change.iItem >= 0 && !isShowing_) {
             events_.RowClicked(static_cast<std::size_t>(change.iItem));
         }
@@ -115,7 +106,7 @@ LRESULT RuleListView::CustomDraw(NMLVCUSTOMDRAW& draw) const {
         return CDRF_DODEFAULT;
     }
     draw.clrText = RuleRowColor();
-    ::SelectObject(draw.nmcd.hdc, bold_.Get());
+    ::SelectObject(draw.nmcd.hdc, rowFont_.Get());
     return CDRF_NEWFONT;
 }
 

@@ -24,9 +24,11 @@ class RuleListView {
         std::function<void()> DeletePressed;
     };
 
-    /// The editor outlives the list. Throws std::system_error.
+    /// The headings are in one font, the rows in another. Editor and fonts outlive the list. Throws
+    /// std::system_error.
     RuleListView(HWND parent, UINT id, const RuleEditor& editor, const DialogFont& font,
-                 const std::vector<RuleColumn>& columns, int dpi, Events events);
+                 const DialogFont& rowFont, const std::vector<RuleColumn>& columns, int dpi,
+                 Events events);
 
     HWND Window() const noexcept { return window_.Get(); }
 
@@ -43,7 +45,7 @@ class RuleListView {
 
     const RuleEditor& editor_;
     Events events_;
-    Win::Font bold_;
+    const DialogFont& rowFont_;
     Win::ChildWindow window_;
     /// The text of the cell that was asked for last; the list copies it.
     Text cell_;

@@ -23,8 +23,8 @@ Variant Invoke(IDispatch* object, const wchar_t* name, WORD flags, std::vector<V
     std::ranges::reverse(arguments);
     std::vector<VARIANT> passed(arguments.begin(), arguments.end());
     DISPID putId = DISPID_PROPERTYPUT;
-    DISPPARAMS parameters{passed.data(), isPut ? &putId : nullptr,
-                          static_cast<UINT>(passed.size()), isPut ? 1U : 0U};
+    DISPPARAMS parameters{passed.data(), isPut ? &putId : nullptr, static_cast<UINT>(passed.size()),
+                          isPut ? 1U : 0U};
     Variant result;
     ExceptionInfo exception;
     const HRESULT called =
@@ -39,8 +39,8 @@ Variant Invoke(IDispatch* object, const wchar_t* name, WORD flags, std::vector<V
 
 } // namespace
 
-Variant CallMember(IDispatch* object, const wchar_t* name,
-                   std::initializer_list<Variant> arguments, WORD flags) {
+Variant CallMember(IDispatch* object, const wchar_t* name, std::initializer_list<Variant> arguments,
+                   WORD flags) {
     return Invoke(object, name, flags, arguments, false);
 }
 
@@ -71,8 +71,7 @@ std::vector<std::wstring> KeysOf(IDispatch* dictionary) {
 }
 
 Variant ItemOf(IDispatch* dictionary, const std::wstring& key) {
-    return CallMember(dictionary, L"Item", {Variant(std::wstring_view(key))},
-                      DISPATCH_PROPERTYGET);
+    return CallMember(dictionary, L"Item", {Variant(std::wstring_view(key))}, DISPATCH_PROPERTYGET);
 }
 
 void SetItem(IDispatch* dictionary, const std::wstring& key, Variant value) {

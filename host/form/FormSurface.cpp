@@ -22,9 +22,8 @@ LONG Snapped(LONG value, int step) {
 } // namespace
 
 FormSurface::FormSurface(HWND parent, FormSurfaceOwner& owner) : owner_(owner) {
-    Create(L"QuorvaneFormSurface", L"Form",
-           WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP, parent, nullptr,
-           WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT);
+    Create(L"QuorvaneFormSurface", L"Form", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP,
+           parent, nullptr, WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT);
 }
 
 FormSurface::~FormSurface() {
@@ -64,15 +63,15 @@ void FormSurface::Load(const FormFile& form, const PlacementSettings& settings) 
 }
 
 void FormSurface::Add(const FormControl& control) {
-    controls_.push_back(std::make_unique<PlacedControl>(*this, control, PlacedControl::Origin::New,
-                                                        settings_));
+    controls_.push_back(
+        std::make_unique<PlacedControl>(*this, control, PlacedControl::Origin::New, settings_));
     Select(controls_.back().get());
     owner_.OnFormChanged();
 }
 
 void FormSurface::RemoveSelected() {
-    const auto found = std::ranges::find(controls_, selected_,
-                                         [](const auto& control) { return control.get(); });
+    const auto found =
+        std::ranges::find(controls_, selected_, [](const auto& control) { return control.get(); });
     if (found != controls_.end()) {
         Select(nullptr);
         controls_.erase(found);
@@ -234,12 +233,12 @@ void FormSurface::SetPointer(POINT point) const {
     const Grip grip = GripAt(point);
     const bool diagonal = (grip.Left && grip.Top) || (grip.Right && grip.Bottom);
     const bool otherDiagonal = (grip.Right && grip.Top) || (grip.Left && grip.Bottom);
-    const wchar_t* pointer = diagonal                   ? IDC_SIZENWSE
-                             : otherDiagonal            ? IDC_SIZENESW
-                             : grip.Left || grip.Right  ? IDC_SIZEWE
-                             : grip.Top || grip.Bottom  ? IDC_SIZENS
-                             : ControlAt(point)         ? IDC_SIZEALL
-                                                        : IDC_ARROW;
+    const wchar_t* pointer = diagonal                  ? IDC_SIZENWSE
+                             : otherDiagonal           ? IDC_SIZENESW
+                             : grip.Left || grip.Right ? IDC_SIZEWE
+                             : grip.Top || grip.Bottom ? IDC_SIZENS
+                             : ControlAt(point)        ? IDC_SIZEALL
+                                                       : IDC_ARROW;
     SetCursor(LoadCursorW(nullptr, pointer));
 }
 

@@ -79,8 +79,8 @@ std::filesystem::path AskForFile(HWND owner, const std::filesystem::path& offere
     ask.lpstrFile = path.data();
     ask.nMaxFile = static_cast<DWORD>(path.size());
     ask.lpstrDefExt = L"form";
-    ask.Flags = OFN_NOCHANGEDIR | OFN_HIDEREADONLY |
-                (saving ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+    ask.Flags =
+        OFN_NOCHANGEDIR | OFN_HIDEREADONLY | (saving ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
     const BOOL chosen = saving ? GetSaveFileNameW(&ask) : GetOpenFileNameW(&ask);
     return chosen ? std::filesystem::path(path.data()) : std::filesystem::path();
 }
@@ -97,8 +97,8 @@ FormFile EmptyForm() {
 FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) {
     placement_.Dll = settings.Dll;
     placement_.Locale = settings.Locale;
-    Create(L"QuorvaneFormWindow", L"Quorvane Form",
-           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr, MenuBar(), WS_EX_CONTROLPARENT);
+    Create(L"QuorvaneFormWindow", L"Quorvane Form", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr,
+           MenuBar(), WS_EX_CONTROLPARENT);
     accelerators_ = Accelerators();
     surface_ = std::make_unique<FormSurface>(Handle(), *this);
     grid_ = std::make_unique<PropertyGrid>(Handle());
@@ -322,10 +322,9 @@ void FormWindow::AddControl() {
     std::u16string name;
     for (int number = 1; name.empty(); ++number) {
         const std::u16string candidate = u"FIS" + FromWide(std::to_wstring(number));
-        const bool isTaken =
-            std::ranges::any_of(surface_->Controls(), [&](const auto& control) {
-                return SameName(FromWide(control->Name()), candidate);
-            });
+        const bool isTaken = std::ranges::any_of(surface_->Controls(), [&](const auto& control) {
+            return SameName(FromWide(control->Name()), candidate);
+        });
         if (!isTaken) {
             name = candidate;
         }

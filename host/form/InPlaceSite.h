@@ -138,8 +138,8 @@ class InPlaceSite final
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
                                             DISPID* ids) noexcept override;
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD flags,
-                                     DISPPARAMS* arguments, VARIANT* result,
-                                     EXCEPINFO* exception, UINT* badArgument) noexcept override;
+                                     DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                                     UINT* badArgument) noexcept override;
 
   private:
     ~InPlaceSite() override = default;

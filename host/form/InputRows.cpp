@@ -58,8 +58,8 @@ void InputRows::SetInputs(const std::vector<StoredVariable>& inputs) {
                                        SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, -1);
         const HWND field = CreateChild(Handle(), L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, id++,
                                        WS_EX_CLIENTEDGE);
-        const HWND slider =
-            CreateChild(Handle(), TRACKBAR_CLASSW, input.Name.c_str(), WS_TABSTOP | TBS_NOTICKS, -1);
+        const HWND slider = CreateChild(Handle(), TRACKBAR_CLASSW, input.Name.c_str(),
+                                        WS_TABSTOP | TBS_NOTICKS, -1);
         SendMessageW(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, SliderSteps));
         SendMessageW(slider, TBM_SETPAGESIZE, 0, SliderSteps / 20);
         rows_.push_back({input, label, field, slider});
@@ -156,10 +156,10 @@ void InputRows::OnSlider(HWND slider) {
         if (row.Slider == slider) {
             const auto step = static_cast<double>(SendMessageW(slider, TBM_GETPOS, 0, 0));
             const double range = row.Input.Upper - row.Input.Lower;
-            const double value = step == SliderSteps
-                                     ? row.Input.Upper
-                                     : Rounded(row.Input.Lower + step / SliderSteps * range,
-                                               std::abs(range));
+            const double value =
+                step == SliderSteps
+                    ? row.Input.Upper
+                    : Rounded(row.Input.Lower + step / SliderSteps * range, std::abs(range));
             const std::wstring text = TextOfNumber(value);
             isShowing_ = true;
             SetWindowTextW(row.Field, text.c_str());

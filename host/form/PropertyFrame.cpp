@@ -94,8 +94,7 @@ HRESULT STDMETHODCALLTYPE PageSite::OnStatusChange(DWORD) noexcept {
     return S_OK;
 }
 
-Frame::Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale)
-    : owner_(owner) {
+Frame::Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale) : owner_(owner) {
     const auto specify = Query<ISpecifyPropertyPages>(object);
     CAUUID classes{};
     if (specify) {
@@ -162,8 +161,8 @@ void Frame::CreateChildren() {
                  window.right - window.left, window.bottom - window.top, SWP_NOZORDER);
 
     tabs_ = CreateChild(Handle(), WC_TABCONTROLW, L"", WS_TABSTOP | WS_CLIPSIBLINGS, TabsId);
-    MoveWindow(tabs_, gap, gap, client.right - 2 * gap,
-               client.bottom - buttonHeight - 3 * gap, FALSE);
+    MoveWindow(tabs_, gap, gap, client.right - 2 * gap, client.bottom - buttonHeight - 3 * gap,
+               FALSE);
     int index = 0;
     for (const Page& page : pages_) {
         TCITEMW item{};
@@ -179,10 +178,9 @@ void Frame::CreateChildren() {
     int left = client.right - 4 * (buttonWidth + gap);
     for (const Button& button : {Button{L"OK", IDOK}, Button{L"Cancel", IDCANCEL},
                                  Button{L"&Apply", ApplyId}, Button{L"Help", HelpButtonId}}) {
-        const HWND child =
-            CreateChild(Handle(), L"BUTTON", button.Caption,
-                        WS_TABSTOP | (button.Id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON),
-                        button.Id);
+        const HWND child = CreateChild(
+            Handle(), L"BUTTON", button.Caption,
+            WS_TABSTOP | (button.Id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), button.Id);
         MoveWindow(child, left, client.bottom - buttonHeight - gap, buttonWidth, buttonHeight,
                    FALSE);
         left += buttonWidth + gap;

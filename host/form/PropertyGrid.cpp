@@ -56,10 +56,10 @@ PropertyGrid::PropertyGrid(HWND parent) {
     Create(L"QuorvanePropertyGrid", L"Properties", WS_CHILD | WS_CLIPCHILDREN, parent, nullptr,
            WS_EX_CONTROLPARENT);
     title_ = CreateChild(Handle(), L"STATIC", L"", SS_LEFT | SS_NOPREFIX, -1);
-    list_ = CreateChild(Handle(), WC_LISTVIEWW, L"Properties",
-                        WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
-                            LVS_NOSORTHEADER,
-                        ListId, WS_EX_CLIENTEDGE);
+    list_ =
+        CreateChild(Handle(), WC_LISTVIEWW, L"Properties",
+                    WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
+                    ListId, WS_EX_CLIENTEDGE);
     SetColumns(list_, {{L"Property", 120}, {L"Value", 200}});
     field_ = CreateChild(list_, L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, FieldId);
     ShowWindow(field_, SW_HIDE);
@@ -117,7 +117,7 @@ void PropertyGrid::AddProperty(ITypeInfo& type, const FUNCDESC& getter) {
         return;
     }
     const bool isColor = getter.memid == DISPID_BACKCOLOR || getter.memid == DISPID_FORECOLOR;
-    property.EditedAs = isColor                  ? Editor::Color
+    property.EditedAs = isColor                   ? Editor::Color
                         : value.vt == VT_DISPATCH ? Editor::Font
                         : value.vt == VT_BOOL     ? Editor::Flag
                                                   : Editor::Text;

@@ -73,10 +73,10 @@ void RunPanel::CreateChildren() {
     fire_ = CreateChild(Handle(), L"BUTTON", L"&Fire", WS_TABSTOP | BS_PUSHBUTTON, FireId);
     autoFire_ =
         CreateChild(Handle(), L"BUTTON", L"&Auto fire", WS_TABSTOP | BS_AUTOCHECKBOX, AutoFireId);
-    dataShow_ = CreateChild(Handle(), L"BUTTON", L"&Data show", WS_TABSTOP | BS_AUTOCHECKBOX,
-                            DataShowId);
-    outputList_ = CreateChild(Handle(), WC_LISTVIEWW, L"Outputs", List, OutputListId,
-                              WS_EX_CLIENTEDGE);
+    dataShow_ =
+        CreateChild(Handle(), L"BUTTON", L"&Data show", WS_TABSTOP | BS_AUTOCHECKBOX, DataShowId);
+    outputList_ =
+        CreateChild(Handle(), WC_LISTVIEWW, L"Outputs", List, OutputListId, WS_EX_CLIENTEDGE);
     SetColumns(outputList_, {{L"Output", 120}, {L"Value", 160}});
     eventLog_ = CreateChild(Handle(), WC_LISTVIEWW, L"Events", List, EventLogId, WS_EX_CLIENTEDGE);
     SetColumns(eventLog_, {{L"Event", 180}, {L"Count", 100}});

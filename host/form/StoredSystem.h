@@ -15,8 +15,9 @@ struct StoredVariable {
     double Upper = 1;
 };
 
-/// The variables of an `Inputs` or `Outputs` property: two hexadecimal digits for each character, the
-/// low one first, that spell "Name/Upper/Lower/terms|Name/...". What cannot be read is left out.
+/// The variables of an `Inputs` or `Outputs` property: two hexadecimal digits for each character,
+/// the low one first, that spell "Name/Upper/Lower/terms|Name/...". What cannot be read is left
+/// out.
 std::vector<StoredVariable> ReadStoredVariables(std::wstring_view stored);
 
 } // namespace Quorvane::Host

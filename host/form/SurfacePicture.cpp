@@ -43,7 +43,6 @@ std::vector<std::vector<double>> ReadRows(const std::filesystem::path& path) {
     return rows;
 }
 
-
 /// Selects an object for as long as it lives, then deletes it.
 class Selected {
   public:
@@ -81,8 +80,7 @@ COLORREF ShadeOf(double share) {
 }
 
 void PrintCentred(HDC context, const std::wstring& text, RECT area, UINT vertical) {
-    DrawTextW(context, text.c_str(), -1, &area,
-              DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | vertical);
+    DrawTextW(context, text.c_str(), -1, &area, DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | vertical);
 }
 
 std::wstring Short(double number) {
@@ -210,8 +208,7 @@ void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
         const double b = double(j) / double(side - 1);
         const double z = (values_[i * side + j] - lowest_) / (highest_ - lowest_);
         return POINT{area.left + Scaled(16) + std::lround((0.5 + (a - b) * 0.5) * width),
-                     area.bottom - Scaled(24) -
-                         std::lround(((a + b) * 0.27 + z * 0.46) * height)};
+                     area.bottom - Scaled(24) - std::lround(((a + b) * 0.27 + z * 0.46) * height)};
     };
     const Selected pen(context, CreatePen(PS_SOLID, 1, RGB(70, 70, 70)));
     // The far tiles first, so that near ones cover them.
@@ -222,8 +219,8 @@ void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
                                 4;
             const std::array<POINT, 4> tile = {project(i, j), project(i + 1, j),
                                                project(i + 1, j + 1), project(i, j + 1)};
-            const Selected brush(context, CreateSolidBrush(ShadeOf((mean - lowest_) /
-                                                                   (highest_ - lowest_))));
+            const Selected brush(
+                context, CreateSolidBrush(ShadeOf((mean - lowest_) / (highest_ - lowest_))));
             Polygon(context, tile.data(), static_cast<int>(tile.size()));
         }
     }

@@ -46,8 +46,7 @@ int RunMessages(FormWindow& window) {
 
 int Run() {
     // Without arguments it begins with an empty form.
-    const Options options =
-        __argc > 1 ? ParseOptions({__wargv + 1, __wargv + __argc}) : Options();
+    const Options options = __argc > 1 ? ParseOptions({__wargv + 1, __wargv + __argc}) : Options();
     const Apartment apartment;
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     InitCommonControlsEx(&controls);
