@@ -54,6 +54,6 @@ class EngineTest : public CoreTest, public testing::WithParamInterface<RunnerKin
 /// Makes a test suite run on both.
 #define QUORVANE_ON_BOTH_RUNNERS(Suite)                                                            \
     INSTANTIATE_TEST_SUITE_P(, Suite, testing::ValuesIn(BothRunners),                              \
-                             [](const auto& info) { return info.param.Name; })
+                             [](const auto& run) { return run.param.Name; })
 
 } // namespace Quorvane

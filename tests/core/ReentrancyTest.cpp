@@ -163,9 +163,9 @@ TEST_P(ReentrancyTest, IsSurvived) {
 
 INSTANTIATE_TEST_SUITE_P(, ReentrancyTest,
                          testing::Combine(testing::ValuesIn(Moments), testing::ValuesIn(Deeds)),
-                         [](const auto& info) {
-                             return std::string(std::get<1>(info.param).Name) + "While" +
-                                    std::get<0>(info.param).Name;
+                         [](const auto& run) {
+                             return std::string(std::get<1>(run.param).Name) + "While" +
+                                    std::get<0>(run.param).Name;
                          });
 
 class ReentrancyOutcomeTest : public CoreTest {
@@ -234,8 +234,11 @@ TEST_F(ReentrancyOutcomeTest, ParsingSurvivesInputsThatParseAsTheyGo) {
                                Parse(u"Z/1/0/T,0,0,1,1", u"W/1/0/V,1", u"Z>T/W<V:1");
                            }};
     Parse(Ramp, Steps, u"X>A/Y<P:1");
-    EXPECT_EQ(KeysOf(*State().InputVariables), std::vector<Text>{u"X"});
-    EXPECT_EQ(State().InputVariables->Count(), 1U);
+    // The inner parse is the later one, and whole.
+    EXPECT_EQ(KeysOf(*State().InputVariables), std::vector<Text>{u"Z"});
+    EXPECT_TRUE(IsNumber(0, State().InputValues->Get(u"Z")));
+    EXPECT_TRUE(IsNumber(0.5, State().DefaultOutputValues->Get(u"W")));
+    EXPECT_EQ(KeysOf(*State().RuleBase), std::vector<Text>{u"Z>T/W<V:1"});
     RunTime::PrepareRuleBase();
 }
 

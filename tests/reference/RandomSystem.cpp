@@ -280,7 +280,7 @@ double MakeNumber(Choices& choices, const std::vector<double>& edges) {
 
 Value MakeValue(Choices& choices, const std::vector<double>& edges) {
     const double number = MakeNumber(choices, edges);
-    switch (choices.Below(30)) {
+    switch (choices.Below(80)) {
     case 0:
         return {};
     case 1:
@@ -288,9 +288,12 @@ Value MakeValue(Choices& choices, const std::vector<double>& edges) {
     case 2:
         return Text(u"abc");
     case 3:
-        return Text(u" ") + NumberText(number) + u' ';
     case 4:
+        return Text(u" ") + NumberText(number) + u' ';
     case 5:
+    case 6:
+    case 7:
+    case 8:
         return NumberText(number);
     default:
         return number;

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+// Tests of rule bases of particular shapes, in which the engine looks at few of the rules.
+#include <algorithm>
+#include <string>
+
+#include "tests/core/EnginePair.h"
+#include "tests/reference/RandomSystem.h"
+
+namespace Quorvane {
+namespace {
+
+using Definition::State;
+using Reference::Random;
+
+Text Number(std::uint32_t number) {
+    return Widen(std::to_string(number));
+}
+
+/// Neighbouring triangles over 0 to the number of terms minus 1, each 1 at its own number.
+Text Triangles(TextView name, std::uint32_t count) {
+    Text text = Text(name) + u'/' + Number(count - 1) + u"/0/";
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const Text left = Number(i == 0 ? 0 : i - 1);
+        text += (i == 0 ? u"t" : u";t") + Number(i) + u',' + left + u',' + Number(i) + u',' +
+                Number(i) + u',' + Number(std::min(i + 1, count - 1));
+    }
+    return text;
+}
+
+/// All combinations of the terms of so many inputs, each with a weight and a term of its own.
+std::vector<Text> FullGrid(std::uint32_t inputs, std::uint32_t terms, std::uint32_t outputTerms) {
+    std::vector<Text> rules = {u""};
+    for (std::uint32_t input = 0; input < inputs; ++input) {
+        std::vector<Text> longer;
+        for (const Text& rule : rules) {
+            for (std::uint32_t term = 0; term < terms; ++term) {
+                longer.push_back(rule + (input == 0 ? u"i" : u";i") + Number(input) + u">t" +
+                                 Number(term));
+            }
+        }
+        rules = std::move(longer);
+    }
+    for (std::uint32_t i = 0; i < rules.size(); ++i) {
+        rules[i] += u"/Y<t" + Number(i * 7 % outputTerms) + u":0." + Number(i % 9 + 1);
+    }
+    return rules;
+}
+
+Text Joined(const std::vector<Text>& pieces) {
+    Text text;
+    for (const Text& piece : pieces) {
+        text += (text.empty() ? u"" : u"|") + piece;
+    }
+    return text;
+}
+
+class RuleSelectionTest : public CoreTest {
+  protected:
+    void LoadInputs(std::uint32_t inputs, std::uint32_t terms, const std::vector<Text>& rules) {
+        std::vector<Text> variables;
+        for (std::uint32_t i = 0; i < inputs; ++i) {
+            variables.push_back(Triangles(u"i" + Number(i), terms));
+        }
+        Text outputs = u"Y/100/-3/t0,-3";
+        for (std::uint32_t i = 1; i < 12; ++i) {
+            outputs += u";t" + Number(i) + u',' + Number(i * i) + u".3";
+        }
+        Parse(Joined(variables), outputs, Joined(rules));
+        EXPECT_EQ(Pair.PrepareRuleBase(), Nothing);
+    }
+
+    /// Runs cycles with random inputs; now and then only some of them change.
+    void RunCycles(Random& random, int cycles) {
+        for (int i = 0; i < cycles; ++i) {
+            const std::uint32_t share = 1 + random.Below(100);
+            for (const auto& [name, variable] : *State().InputVariables) {
+                if (random.Percent(share)) {
+                    State().InputValues->Put(
+                        name, Reference::MakeNumber(random, Reference::EdgesOf(variable)));
+                }
+            }
+            ASSERT_EQ(Pair.Infer(), Nothing);
+        }
+    }
+
+    EnginePair Pair;
+};
+
+TEST_F(RuleSelectionTest, FullGridsInAnyOrder) {
+    Random random(7);
+    struct Case {
+        std::uint32_t Inputs;
+        std::uint32_t Terms;
+    };
+    for (const Case& shape : {Case{1, 1}, {1, 7}, {2, 3}, {2, 8}, {3, 5}, {4, 3}, {5, 2}}) {
+        SCOPED_TRACE(testing::Message() << shape.Inputs << " x " << shape.Terms);
+        std::vector<Text> rules = FullGrid(shape.Inputs, shape.Terms, 12);
+        LoadInputs(shape.Inputs, shape.Terms, rules);
+        RunCycles(random, 60);
+        for (std::size_t i = rules.size(); i > 1; --i) {
+            std::swap(rules[i - 1], rules[random.Below(static_cast<std::uint32_t>(i))]);
+        }
+        LoadInputs(shape.Inputs, shape.Terms, rules);
+        RunCycles(random, 60);
+    }
+}
+
+TEST_F(RuleSelectionTest, GridsWithGapsFreeInputsAndSeveralRulesOfOneCombination) {
+    Random random(8);
+    for (int system = 0; system < 40; ++system) {
+        std::vector<Text> rules = FullGrid(3, 4, 12);
+        std::erase_if(rules, [&](const Text&) { return random.Percent(20); });
+        for (Text& rule : rules) {
+            if (random.Percent(15)) {
+                const auto term = rule.find(u'>') + 1;
+                rule.replace(term, rule.find_first_of(u";/") - term, u"[NONE]");
+            }
+        }
+        std::ranges::sort(rules);
+        rules.erase(std::ranges::unique(rules).begin(), rules.end());
+        for (std::size_t i = 0; i < rules.size(); i += 5) {
+            Text again = rules[i] + u"5";
+            rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(i), again);
+        }
+        LoadInputs(3, 4, rules);
+        RunCycles(random, 20);
+    }
+}
+
+TEST_F(RuleSelectionTest, SparseRuleBasesOfEverySizeAroundAMachineWord) {
+    Random random(9);
+    for (const std::size_t count : {1, 2, 31, 32, 33, 63, 64, 65, 127, 128, 129, 200}) {
+        SCOPED_TRACE(count);
+        // Twelve inputs of five terms have far more combinations than there are rules.
+        StringKeyedDictionary<bool> rules(KeyComparison::Exact);
+        while (rules.Count() < count) {
+            Text rule;
+            for (std::uint32_t input = 0; input < 12; ++input) {
+                rule += (input == 0 ? u"i" : u";i") + Number(input) + u'>';
+                rule += random.Percent(75) ? Text(u"[NONE]") : u"t" + Number(random.Below(5));
+            }
+            rule += u"/Y<t" + Number(random.Below(12));
+            rules.Put(rule + u":0." + Number(1 + random.Below(99)), true);
+        }
+        LoadInputs(12, 5, KeysOf(rules));
+        RunCycles(random, 40);
+    }
+}
+
+TEST_F(RuleSelectionTest, TheLargestRuleBaseOfTheEditors) {
+    Random random(10);
+    std::vector<Text> rules = FullGrid(5, 8, 12);
+    rules.pop_back();
+    ASSERT_EQ(rules.size(), 32767U);
+    LoadInputs(5, 8, rules);
+    RunCycles(random, 3);
+}
+
+TEST_F(RuleSelectionTest, MoreTermsThanAGridHasRoomFor) {
+    // The product of the terms of both inputs is 2^32.
+    constexpr std::uint32_t Terms = 65536;
+    Text points = u"X/65535/0/";
+    std::vector<Text> rules;
+    for (std::uint32_t i = 0; i < Terms; ++i) {
+        const Text number = Number(i);
+        points += (i == 0 ? u"t" : u";t") + number;
+        for (int point = 0; point < 4; ++point) {
+            points += u',' + number;
+        }
+        rules.push_back(u"X>t" + number + u";U>t" + number + u"/Y<P:1");
+    }
+    Parse(points + u"|U" + points.substr(1), u"Y/65535/1/P,7", Joined(rules));
+    auto engine = MakeEngine();
+    engine->PrepareRuleBase();
+    for (const double x : {0.0, 65535.0, 12345.0}) {
+        State().InputValues->Put(u"X", x);
+        State().InputValues->Put(u"U", x);
+        engine->Infer();
+        EXPECT_TRUE(IsNumber(7, engine->Output(u"Y")));
+    }
+    State().InputValues->Put(u"U", 1.0);
+    engine->Infer();
+    EXPECT_TRUE(IsNumber(32768, engine->Output(u"Y")));
+}
+
+} // namespace
+} // namespace Quorvane
