@@ -17,11 +17,12 @@ can_be_root() {
     [ "$(id -u)" = 0 ] || sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; }
 }
 
-# One ./quorvane at a time in this folder. Background helpers close descriptor 9.
+# lock_project SECONDS: one command at a time in this folder, waiting so long for another to end.
+# Background helpers close descriptor 9.
 lock_project() {
     mkdir -p out/log
     exec 9>out/.lock
-    flock -n 9 || die "another ./quorvane is at work in this folder"
+    flock -w "$1" 9 || die "another ./quorvane is at work in this folder"
 }
 
 # logged NAME COMMAND...: run it with its output in out/log/NAME.log, the end of it shown on failure.

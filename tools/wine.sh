@@ -65,8 +65,9 @@ add_key() {
 }
 
 # A display nobody else uses, with a window manager: without one every closed dialog costs 2 s.
+# Both end with this script, even a killed one; Wine's programs end with the display.
 start_display() {
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>out/log/display 2>out/log/xvfb.log 9>&- &
+    setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>out/log/display 2>out/log/xvfb.log 9>&- &
     HELPER_PIDS+=($!)
     trap wine_stop EXIT
     for _ in $(seq 100); do
@@ -76,6 +77,6 @@ start_display() {
     [ -s out/log/display ] || die "Xvfb did not start; see out/log/xvfb.log"
     export DISPLAY=:$(cat out/log/display) QUORVANE_DISPLAY=1
     unset XAUTHORITY
-    HOME=$PWD/out/wine openbox --sm-disable >out/log/openbox.log 2>&1 9>&- &
+    HOME=$PWD/out/wine setpriv --pdeathsig TERM openbox --sm-disable >out/log/openbox.log 2>&1 9>&- &
     HELPER_PIDS+=($!)
 }
