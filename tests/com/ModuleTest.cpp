@@ -11,12 +11,12 @@ class ControlModule : public ControlTest {};
 
 TEST_F(ControlModule, HasAFactoryForTheControlOnly) {
     Com::ComPtr<IClassFactory> factory;
-    EXPECT_EQ(Module().GetClassObject(__uuidof(::FISControl), __uuidof(IClassFactory),
-                                      factory.PutVoid()),
-              S_OK);
-    EXPECT_EQ(Module().GetClassObject(__uuidof(_FISControl), __uuidof(IClassFactory),
-                                      factory.PutVoid()),
-              CLASS_E_CLASSNOTAVAILABLE);
+    EXPECT_EQ(
+        Module().GetClassObject(__uuidof(::FISControl), __uuidof(IClassFactory), factory.PutVoid()),
+        S_OK);
+    EXPECT_EQ(
+        Module().GetClassObject(__uuidof(_FISControl), __uuidof(IClassFactory), factory.PutVoid()),
+        CLASS_E_CLASSNOTAVAILABLE);
 }
 
 TEST_F(ControlModule, MayGoWhileNothingIsLeftOfIt) {
@@ -31,15 +31,15 @@ TEST_F(ControlModule, MayGoWhileNothingIsLeftOfIt) {
 
 TEST_F(ControlModule, StaysWhileItIsLocked) {
     Com::ComPtr<IClassFactory> factory;
-    ASSERT_EQ(Module().GetClassObject(__uuidof(::FISControl), __uuidof(IClassFactory),
-                                      factory.PutVoid()),
-              S_OK);
+    ASSERT_EQ(
+        Module().GetClassObject(__uuidof(::FISControl), __uuidof(IClassFactory), factory.PutVoid()),
+        S_OK);
     EXPECT_EQ(factory->LockServer(TRUE), S_OK);
     factory.Reset();
     EXPECT_EQ(Module().CanUnloadNow(), S_FALSE);
-    ASSERT_EQ(Module().GetClassObject(__uuidof(::FISControl), __uuidof(IClassFactory),
-                                      factory.PutVoid()),
-              S_OK);
+    ASSERT_EQ(
+        Module().GetClassObject(__uuidof(::FISControl), __uuidof(IClassFactory), factory.PutVoid()),
+        S_OK);
     EXPECT_EQ(factory->LockServer(FALSE), S_OK);
     factory.Reset();
     EXPECT_EQ(Module().CanUnloadNow(), S_OK);

@@ -25,8 +25,7 @@ class LoadedModule {
   private:
     template <class Function>
     Function Export(const char* name) const noexcept {
-        return reinterpret_cast<Function>(
-            reinterpret_cast<void*>(::GetProcAddress(module_, name)));
+        return reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(module_, name)));
     }
 
     HMODULE module_;

@@ -14,9 +14,6 @@ namespace {
 /// A hook procedure has no argument that could tell it whose it is.
 MessageBoxes* current = nullptr;
 
-/// The control that holds the text of a message box.
-constexpr int MessageId = 0xFFFF;
-
 Text TextOf(HWND window) {
     wchar_t text[1024]{};
     ::GetWindowTextW(window, text, static_cast<int>(std::size(text)));
@@ -39,8 +36,7 @@ const wchar_t* NameOfIcon(HICON icon) {
 }
 
 ShownBox ReadBox(HWND box) {
-    ShownBox shown{TextOf(box), TextOf(::GetDlgItem(box, MessageId)), nullptr, {},
-                   ::GetWindow(box, GW_OWNER)};
+    ShownBox shown{TextOf(box), {}, nullptr, {}, ::GetWindow(box, GW_OWNER)};
     for (HWND child = ::GetWindow(box, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
         const auto style = ::GetWindowLongW(child, GWL_STYLE);
         if ((style & WS_VISIBLE) == 0) {
@@ -50,9 +46,11 @@ ShownBox ReadBox(HWND box) {
             Text text = TextOf(child);
             std::erase(text, u'&');
             shown.Buttons.push_back(std::move(text));
-        } else if (IsOfClass(child, L"Static") && (style & SS_TYPEMASK) == SS_ICON) {
+        } else if ((style & SS_TYPEMASK) == SS_ICON) {
             shown.Icon =
                 NameOfIcon(reinterpret_cast<HICON>(::SendMessageW(child, STM_GETICON, 0, 0)));
+        } else {
+            shown.Message = TextOf(child);
         }
     }
     return shown;
@@ -75,18 +73,27 @@ MessageBoxes::~MessageBoxes() {
 
 LRESULT CALLBACK MessageBoxes::OnHook(int code, WPARAM window, LPARAM details) {
     const auto box = reinterpret_cast<HWND>(window);
-    if (code == HCBT_ACTIVATE && current && IsOfClass(box, L"#32770")) {
-        current->Answer(box);
+    if (code == HCBT_ACTIVATE && current && box != current->box_ && IsOfClass(box, L"#32770")) {
+        // A box may be activated before it has been given its text: it is read from its own loop.
+        current->box_ = box;
+        ::SetTimer(nullptr, 0, 0, OnTimer);
     }
     return ::CallNextHookEx(nullptr, code, window, details);
 }
 
-void MessageBoxes::Answer(HWND box) {
-    Shown.push_back(ReadBox(box));
+void CALLBACK MessageBoxes::OnTimer(HWND, UINT, UINT_PTR timer, DWORD) {
+    ::KillTimer(nullptr, timer);
+    if (current) {
+        current->Answer();
+    }
+}
+
+void MessageBoxes::Answer() {
+    Shown.push_back(ReadBox(box_));
     if (whileShown_) {
         whileShown_();
     }
-    ::PostMessageW(box, WM_COMMAND, IDOK, 0);
+    ::PostMessageW(box_, WM_COMMAND, IDOK, 0);
 }
 
 } // namespace Quorvane

@@ -36,10 +36,13 @@ class MessageBoxes {
 
   private:
     static LRESULT CALLBACK OnHook(int code, WPARAM window, LPARAM details);
-    void Answer(HWND box);
+    static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR timer, DWORD time);
+    void Answer();
 
     std::function<void()> whileShown_;
     HHOOK hook_;
+    /// The last box that has appeared.
+    HWND box_ = nullptr;
 };
 
 } // namespace Quorvane

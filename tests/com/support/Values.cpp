@@ -18,10 +18,10 @@ struct TypeName {
 };
 
 constexpr TypeName NumberTypes[] = {
-    {VT_I1, "SByte"},    {VT_UI1, "Byte"},    {VT_I2, "Integer"},   {VT_UI2, "UInteger"},
-    {VT_I4, "Long"},     {VT_UI4, "ULong"},   {VT_INT, "Int"},      {VT_UINT, "UInt"},
-    {VT_I8, "LongLong"}, {VT_UI8, "ULongLong"}, {VT_R4, "Single"},  {VT_R8, "Double"},
-    {VT_CY, "Currency"}, {VT_DATE, "Date"},   {VT_DECIMAL, "Decimal"}, {VT_ERROR, "Error"},
+    {VT_I1, "SByte"},    {VT_UI1, "Byte"},      {VT_I2, "Integer"},      {VT_UI2, "UInteger"},
+    {VT_I4, "Long"},     {VT_UI4, "ULong"},     {VT_INT, "Int"},         {VT_UINT, "UInt"},
+    {VT_I8, "LongLong"}, {VT_UI8, "ULongLong"}, {VT_R4, "Single"},       {VT_R8, "Double"},
+    {VT_CY, "Currency"}, {VT_DATE, "Date"},     {VT_DECIMAL, "Decimal"}, {VT_ERROR, "Error"},
 };
 
 std::string NumberForm(const VARIANT& value) {
