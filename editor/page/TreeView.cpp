@@ -76,6 +76,8 @@ bool TreeView::EndEdit() {
 }
 
 void TreeView::CancelEdit() {
+    // Wine reports the typed text for a cancelled edit as well, so the report is told apart here.
+    const Raised cancelling(isCancelling_);
     TreeView_EndEditLabelNow(Window(), TRUE);
 }
 
@@ -209,7 +211,7 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
         const auto& edit = reinterpret_cast<const NMTVDISPINFOW&>(header);
         TreeNode* const node = NodeOf(edit.item.hItem);
         // The caption is set by the page, as it may differ from what was typed; Esc gives no text.
-        if (node && edit.item.pszText) {
+        if (node && edit.item.pszText && !isCancelling_) {
             const Text typed(reinterpret_cast<const char16_t*>(edit.item.pszText));
             events_.OnAfterLabelEdit(*node, typed);
         }

@@ -68,6 +68,7 @@ class TreeView final : public TreeControl {
     std::unordered_map<const TreeNode*, HTREEITEM> items_;
     /// Whether what the tree reports now comes from the page and not from the user.
     bool isShowing_ = false;
+    bool isCancelling_ = false;
 };
 
 } // namespace Quorvane::Editor

@@ -88,6 +88,8 @@ class RuleEditorWindow final : public Win::Window {
     /// Whether what the controls report now comes from the editor and not from the user.
     bool isShowing_ = true;
     bool isClosed_ = false;
+    /// What has the keyboard when the window becomes active again.
+    HWND focus_ = nullptr;
 };
 
 RuleEditorWindow::RuleEditorWindow(HWND owner, bool changed)
@@ -292,6 +294,14 @@ LRESULT RuleEditorWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
                                     font_.Y(WindowHeight / 2)};
         }
         return 0;
+    case WM_ACTIVATE:
+        // As dialogs do it: a message box gives the keyboard back to the field it interrupted.
+        if (LOWORD(first) == WA_INACTIVE) {
+            focus_ = ::GetFocus();
+        } else {
+            ::SetFocus(focus_);
+        }
+        return 0;
     case WM_COMMAND:
         OnCommand(LOWORD(first), HIWORD(first));
         return 0;
@@ -327,8 +337,8 @@ LRESULT RuleEditorWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
 
 void RuleEditorWindow::Run() {
     ::EnableWindow(owner_, FALSE);
+    focus_ = lvwRule_->Window();
     ::ShowWindow(Get(), SW_SHOW);
-    ::SetFocus(lvwRule_->Window());
     MSG message{};
     // The window goes with its owner when a host destroys its frame meanwhile.
     while (!isClosed_ && Get() && ::GetMessageW(&message, nullptr, 0, 0) > 0) {

@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+// The property page in its frame, worked with mouse and keyboard.
+#include <gtest/gtest.h>
+
+#include "control/com/Scoped.h"
+#include "tests/editorwindows/PageTest.h"
+
+namespace Quorvane {
+namespace {
+
+using Texts = std::vector<Text>;
+
+TEST_F(PageTest, FillsBothTreesAndWaitsForAClick) {
+    const Placed control = Design(TwoOutputs);
+    Open({control.Control.Get()});
+    EXPECT_EQ(ItemText(Tree(true), Item(Tree(true), {})), u"Input");
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"X"}));
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"X"})),
+              (Texts{u"128", u"-128", u"Low", u"High"}));
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"X", u"Low"})),
+              (Texts{u"-128", u"-128", u"-128", u"128"}));
+    EXPECT_EQ(ItemText(Tree(false), Item(Tree(false), {})), u"Output");
+    EXPECT_EQ(ChildTexts(Tree(false), Item(Tree(false), {})), (Texts{u"Y", u"Z"}));
+    EXPECT_EQ(ChildTexts(Tree(false), Item(Tree(false), {u"Y", u"Top"})), (Texts{u"256"}));
+    EXPECT_EQ(ButtonCaptions(),
+              (Texts{u"-Add Variable", u"-Modify", u"-Delete", u"Rule Editor..."}));
+    EXPECT_EQ(page_->IsPageDirty(), S_FALSE);
+    EXPECT_EQ(site_->DirtyReports, 0);
+}
+
+TEST_F(PageTest, NamesAndEnablesTheButtonsForTheClickedNode) {
+    const Placed control = Design(TwoOutputs);
+    Open({control.Control.Get()});
+    const struct {
+        bool Input;
+        std::initializer_list<TextView> Path;
+        Texts Captions;
+    } cases[] = {
+        {true, {}, {u"Add Variable", u"-Modify", u"-Delete"}},
+        {true, {u"X"}, {u"Add Term", u"Modify Variable", u"-Delete Variable"}},
+        {false, {u"Z"}, {u"Add Term", u"Modify Variable", u"Delete Variable"}},
+        {true, {u"X", u"128"}, {u"-Add", u"Modify Value", u"-Delete"}},
+        {true, {u"X", u"High"}, {u"-Add", u"Modify Term", u"Delete Term"}},
+        {false, {u"Y", u"Zero", u"0"}, {u"-Add", u"Modify Value", u"-Delete"}},
+    };
+    for (const auto& test : cases) {
+        HWND const tree = Tree(test.Input);
+        Click(tree, Item(tree, test.Path));
+        Texts captions = ButtonCaptions();
+        captions.pop_back();
+        EXPECT_EQ(captions, test.Captions);
+    }
+}
+
+TEST_F(PageTest, RenamesAVariableByF2AndEnter) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    EditLabel(Tree(true), u"Level");
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"Level"}));
+    EXPECT_EQ(page_->IsPageDirty(), S_OK);
+    EXPECT_GT(site_->DirtyReports, 0);
+    ASSERT_EQ(page_->Apply(), S_OK);
+    EXPECT_EQ(page_->IsPageDirty(), S_FALSE);
+    EXPECT_EQ(GetText(*control, &_FISControl::get_Rules),
+              Stored(u"Level>Low/Y<Zero:1|Level>High/Y<Top:1"));
+}
+
+TEST_F(PageTest, EscEndsAnEditWithoutAChange) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    Press(Tree(true), VK_F2);
+    HWND const field = TreeView_GetEditControl(Tree(true));
+    ASSERT_NE(field, nullptr);
+    ::SetWindowTextW(field, L"Level");
+    Press(field, VK_ESCAPE);
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"X"}));
+    EXPECT_EQ(page_->IsPageDirty(), S_FALSE);
+}
+
+TEST_F(PageTest, ShowsARefusalOnceAndRestoresTheLabel) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X", u"Low", u"128"}));
+    MessageBoxes boxes;
+    EditLabel(Tree(true), u"abc");
+    ASSERT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(boxes.Shown[0].Message, u"Should be a number!");
+    EXPECT_EQ(boxes.Shown[0].Title, u"Quorvane Inference System");
+    EXPECT_EQ(boxes.Shown[0].Owner, frame_);
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"X", u"Low"})),
+              (Texts{u"-128", u"-128", u"-128", u"128"}));
+    EXPECT_EQ(page_->IsPageDirty(), S_FALSE);
+}
+
+TEST_F(PageTest, AppliesAnEditThatIsStillOpen) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(false), Item(Tree(false), {u"Y", u"Top", u"256"}));
+    Press(Tree(false), VK_F2);
+    HWND const field = TreeView_GetEditControl(Tree(false));
+    ASSERT_NE(field, nullptr);
+    ::SetWindowTextW(field, L"300");
+    ASSERT_EQ(page_->Apply(), S_OK);
+    EXPECT_EQ(GetText(*control, &_FISControl::get_Outputs), Stored(u"Y/1000/0/Zero,0;Top,300"));
+}
+
+TEST_F(PageTest, AppliesToTheFirstOfTwoControlsOnly) {
+    const Placed first = Design(Adder);
+    const Placed second = Design(Adder);
+    const auto firstSink = Com::MakeObject<NotifySink>();
+    const auto secondSink = Com::MakeObject<NotifySink>();
+    Connection one(first.Control.Get(), __uuidof(IPropertyNotifySink), firstSink.Get());
+    Connection two(second.Control.Get(), __uuidof(IPropertyNotifySink), secondSink.Get());
+    Open({first.Control.Get(), second.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    EditLabel(Tree(true), u"Level");
+    ASSERT_EQ(page_->Apply(), S_OK);
+    EXPECT_EQ(firstSink->Changed, (std::vector<DISPID>{0x68030007, 0x68030006, 0x68030005}));
+    EXPECT_TRUE(secondSink->Changed.empty());
+}
+
+TEST_F(PageTest, AddsAVariableByInsertAfterAQuestionAndRefusesAnEmptyRuleBase) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {}));
+    MessageBoxes boxes(AnswerYes);
+    Press(Tree(true), VK_INSERT);
+    ASSERT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(boxes.Shown[0].Message, u"The rule base will be emptied!\r\nDo you want to preceed?");
+    EXPECT_EQ(boxes.Shown[0].Buttons, (Texts{u"Yes", u"No"}));
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"X", u"Input_1"}));
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"Input_1", u"MF_1"})),
+              (Texts{u"-0.6", u"-0.2", u"0.2", u"0.6"}));
+    EXPECT_TRUE(FAILED(page_->Apply()));
+    ASSERT_EQ(boxes.Shown.size(), 2U);
+    EXPECT_EQ(boxes.Shown[1].Message, u"The rule base cannot be empty!");
+    EXPECT_EQ(page_->IsPageDirty(), S_OK);
+    EXPECT_EQ(GetText(*control, &_FISControl::get_Rules), Stored(Adder.Rules));
+}
+
+TEST_F(PageTest, DeletesATermByItsKeyWithTheRulesThatUseIt) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X", u"High"}));
+    Press(Tree(true), VK_DELETE);
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"X"})), (Texts{u"128", u"-128", u"Low"}));
+    ASSERT_EQ(page_->Apply(), S_OK);
+    EXPECT_EQ(GetText(*control, &_FISControl::get_Rules), Stored(u"X>Low/Y<Zero:1"));
+}
+
+TEST_F(PageTest, ShowsARunningControlReadOnly) {
+    const Placed control = Run(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    for (const Text& caption : ButtonCaptions()) {
+        EXPECT_TRUE(caption.starts_with(u'-'));
+    }
+    Press(Tree(true), VK_F2);
+    EXPECT_EQ(TreeView_GetEditControl(Tree(true)), nullptr);
+    EXPECT_TRUE(FAILED(page_->Apply()));
+}
+
+TEST_F(PageTest, SpeaksChinese) {
+    const Placed control = Place(false);
+    control.Site->Ambients[DISPID_AMBIENT_LOCALEID] = Com::Variant(LONG{2052});
+    ASSERT_EQ(LoadSystem(control, Adder), S_OK);
+    Open({control.Control.Get()});
+    EXPECT_EQ(ItemText(Tree(true), Item(Tree(true), {})), u"输入");
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    EXPECT_EQ(ButtonCaptions(), (Texts{u"添加项", u"修改变量", u"-删除变量", u"规则编辑器..."}));
+}
+
+TEST_F(PageTest, DrawsTheGraphOfTheClickedVariable) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(false), Item(Tree(false), {u"Y"}));
+    HWND const picture =
+        ::FindWindowExW(::GetWindow(frame_, GW_CHILD), nullptr, L"QuorvaneGraph", nullptr);
+    ASSERT_NE(picture, nullptr);
+    RECT area{};
+    ::GetClientRect(picture, &area);
+    HDC const screen = ::GetDC(nullptr);
+    HDC const memory = ::CreateCompatibleDC(screen);
+    HBITMAP const bitmap = ::CreateCompatibleBitmap(screen, area.right, area.bottom);
+    HGDIOBJ const former = ::SelectObject(memory, bitmap);
+    ::SendMessageW(picture, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory), PRF_CLIENT);
+    // Top, at 256 of 0..1000, is the second term: a red line from degree 0 to 1. The picture spans
+    // the degrees 1.35 down to -0.42.
+    const int x = static_cast<int>(0.256 * area.right);
+    const int y = static_cast<int>((1.35 - 0.6) / 1.77 * area.bottom);
+    bool isRed = false;
+    for (int column = x - 2; column <= x + 2; ++column) {
+        isRed = isRed || ::GetPixel(memory, column, y) == RGB(255, 0, 0);
+    }
+    EXPECT_TRUE(isRed);
+    EXPECT_EQ(::GetPixel(memory, area.right / 3, y), RGB(255, 255, 255));
+    ::SelectObject(memory, former);
+    ::DeleteObject(bitmap);
+    ::DeleteDC(memory);
+    ::ReleaseDC(nullptr, screen);
+}
+
+TEST_F(PageTest, LivesThroughOddOrdersOfItsFrame) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    const RECT place{0, 0, 300, 300};
+    EXPECT_EQ(page_->Deactivate(), S_OK);
+    EXPECT_EQ(page_->Deactivate(), S_OK);
+    EXPECT_EQ(page_->Move(&place), S_OK);
+    EXPECT_EQ(page_->Activate(frame_, &place, FALSE), S_OK);
+    EXPECT_EQ(page_->Activate(frame_, &place, TRUE), S_OK);
+    EXPECT_EQ(page_->Show(SW_SHOW), S_OK);
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"X"}));
+    IUnknown* object = control.Control.Get();
+    EXPECT_EQ(page_->SetObjects(1, &object), S_OK);
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"X"}));
+    // A frame that forgets to say goodbye: the page lets go of everything by itself.
+    page_.Reset();
+}
+
+TEST_F(PageTest, LeaksNothingOverManyOpenings) {
+    const Placed control = Design(Adder);
+    for (int i = 0; i < 100; ++i) {
+        Open({control.Control.Get()});
+        Close();
+    }
+    Open({control.Control.Get()});
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"X"}));
+}
+
+} // namespace
+} // namespace Quorvane
