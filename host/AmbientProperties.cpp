@@ -35,7 +35,7 @@ constexpr NamedAmbient NamedAmbients[] = {
 };
 
 Variant SystemColor(int index) {
-    return Variant(static_cast<LONG>(0x80000000u + unsigned(index)));
+    return Variant(static_cast<LONG>(0x80000000U + unsigned(index)));
 }
 
 } // namespace
@@ -58,8 +58,9 @@ AmbientProperties AmbientProperties::OfAnOrdinaryForm() {
 
 HRESULT AmbientProperties::Get(DISPID id, VARIANT* value) const {
     const auto found = values_.find(id);
-    if (found == values_.end())
+    if (found == values_.end()) {
         return DISP_E_MEMBERNOTFOUND;
+    }
     Variant copy;
     const HRESULT copied = copy.Copy(found->second);
     copy.MoveTo(value);
@@ -67,9 +68,11 @@ HRESULT AmbientProperties::Get(DISPID id, VARIANT* value) const {
 }
 
 DISPID AmbientProperties::IdOf(const wchar_t* name) noexcept {
-    for (const NamedAmbient& ambient : NamedAmbients)
-        if (_wcsicmp(ambient.Name, name) == 0)
+    for (const NamedAmbient& ambient : NamedAmbients) {
+        if (_wcsicmp(ambient.Name, name) == 0) {
             return ambient.Id;
+        }
+    }
     return DISPID_UNKNOWN;
 }
 

@@ -23,15 +23,18 @@ class ComObject : public First, public Others... {
     ComObject& operator=(const ComObject&) = delete;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override {
-        if (!object)
+        if (!object) {
             return E_POINTER;
+        }
         *object = nullptr;
-        if (iid == __uuidof(IUnknown) || AnswersAsFirst(iid))
+        if (iid == __uuidof(IUnknown) || AnswersAsFirst(iid)) {
             *object = static_cast<First*>(this);
-        else
+        } else {
             (void)(Offer<First>(iid, object) || ... || Offer<Others>(iid, object));
-        if (!*object)
+        }
+        if (!*object) {
             return E_NOINTERFACE;
+        }
         AddRef();
         return S_OK;
     }
@@ -40,8 +43,9 @@ class ComObject : public First, public Others... {
 
     ULONG STDMETHODCALLTYPE Release() noexcept override {
         const ULONG left = --references_;
-        if (left == 0)
+        if (left == 0) {
             delete this;
+        }
         return left;
     }
 
@@ -55,8 +59,9 @@ class ComObject : public First, public Others... {
   private:
     template <typename Interface>
     bool Offer(REFIID iid, void** object) noexcept {
-        if (iid != __uuidof(Interface))
+        if (iid != __uuidof(Interface)) {
             return false;
+        }
         *object = static_cast<Interface*>(this);
         return true;
     }

@@ -20,8 +20,9 @@ class ComPtr {
 
     /// Adds a reference to `object`, which may be null.
     ComPtr(Interface* object) noexcept : object_(object) {
-        if (object_)
+        if (object_) {
             object_->AddRef();
+        }
     }
     ComPtr(const ComPtr& other) noexcept : ComPtr(other.object_) {}
     ComPtr(ComPtr&& other) noexcept : object_(other.Detach()) {}
@@ -59,8 +60,9 @@ class ComPtr {
 
     void Reset() noexcept {
         // The object may come back here while it goes.
-        if (Interface* const object = std::exchange(object_, nullptr))
+        if (Interface* const object = std::exchange(object_, nullptr)) {
             object->Release();
+        }
     }
 
     /// Gives a reference of its own to the caller's `place`.
@@ -77,8 +79,9 @@ class ComPtr {
 template <typename Interface>
 ComPtr<Interface> Query(IUnknown* object) {
     ComPtr<Interface> found;
-    if (object)
+    if (object) {
         object->QueryInterface(__uuidof(Interface), found.ReceiveVoid());
+    }
     return found;
 }
 

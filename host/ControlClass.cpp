@@ -57,8 +57,9 @@ CLSID ClassInLibrary(const std::filesystem::path& dll, const std::wstring& progI
     for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
         TYPEKIND kind{};
         if (SUCCEEDED(library->GetTypeInfoType(i, &kind)) && kind == TKIND_COCLASS &&
-            _wcsicmp((prefix + NameOf(*library.Get(), i)).c_str(), wanted.c_str()) == 0)
+            _wcsicmp((prefix + NameOf(*library.Get(), i)).c_str(), wanted.c_str()) == 0) {
             return ClassAt(*library.Get(), i);
+        }
     }
     Fail(REGDB_E_CLASSNOTREG, L"create " + progId,
          L"no class of " + dll.wstring() + L" bears this name");
@@ -70,14 +71,23 @@ CLSID ParseClassIdentifier(const std::wstring& name) {
     return clsid;
 }
 
+void FindRegistered(const std::wstring& progId, CLSID& clsid) {
+    const HRESULT found = CLSIDFromProgID(progId.c_str(), &clsid);
+    if (FAILED(found)) {
+        Fail(found, L"create " + progId, L"no class of this name is registered");
+    }
+}
+
 GetClassObject LoadLibraryFile(const std::filesystem::path& dll) {
     const HMODULE module = LoadLibraryExW(dll.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (!module)
+    if (!module) {
         Fail(HRESULT_FROM_WIN32(GetLastError()), L"load " + dll.wstring(), {});
+    }
     const FARPROC entry = GetProcAddress(module, "DllGetClassObject");
-    if (!entry)
+    if (!entry) {
         Fail(HRESULT_FROM_WIN32(GetLastError()), L"use " + dll.wstring(),
              L"it holds no COM classes");
+    }
     return reinterpret_cast<GetClassObject>(reinterpret_cast<void*>(entry));
 }
 
@@ -85,10 +95,11 @@ GetClassObject LoadLibraryFile(const std::filesystem::path& dll) {
 
 ComPtr<IUnknown> CreateRegistered(const std::wstring& name) {
     CLSID clsid{};
-    if (IsClassIdentifier(name))
+    if (IsClassIdentifier(name)) {
         clsid = ParseClassIdentifier(name);
-    else
-        Check(CLSIDFromProgID(name.c_str(), &clsid), L"find the class " + name);
+    } else {
+        FindRegistered(name, clsid);
+    }
     ComPtr<IUnknown> object;
     Check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown),
                            object.ReceiveVoid()),

@@ -8,8 +8,9 @@ namespace {
 
 template <typename Interface>
 HRESULT Refuse(Interface** place, HRESULT reason) {
-    if (!place)
+    if (!place) {
         return E_POINTER;
+    }
     *place = nullptr;
     return reason;
 }
@@ -29,8 +30,9 @@ HRESULT ControlSite::GetExtendedControl(IDispatch** control) noexcept {
 }
 
 HRESULT ControlSite::GetTypeInfoCount(UINT* count) noexcept {
-    if (!count)
+    if (!count) {
         return E_POINTER;
+    }
     *count = 0;
     return S_OK;
 }
@@ -41,10 +43,12 @@ HRESULT ControlSite::GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept {
 
 HRESULT ControlSite::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
                                    DISPID* ids) noexcept {
-    if (!names || !ids || count == 0)
+    if (!names || !ids || count == 0) {
         return E_INVALIDARG;
-    for (UINT i = 1; i < count; ++i)
+    }
+    for (UINT i = 1; i < count; ++i) {
         ids[i] = DISPID_UNKNOWN;
+    }
     ids[0] = AmbientProperties::IdOf(names[0]);
     return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
 }
@@ -52,10 +56,12 @@ HRESULT ControlSite::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
 HRESULT ControlSite::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result,
                             EXCEPINFO*, UINT*) noexcept {
     // Some controls ask with DISPATCH_METHOD as well, so only a write is refused.
-    if ((flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) == 0)
+    if ((flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) == 0) {
         return DISP_E_MEMBERNOTFOUND;
-    if (!result)
+    }
+    if (!result) {
         return E_POINTER;
+    }
     return ambients_.Get(id, result);
 }
 

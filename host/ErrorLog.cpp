@@ -8,11 +8,13 @@
 namespace Quorvane::Host {
 
 HRESULT ErrorLog::AddError(LPCOLESTR property, EXCEPINFO* error) noexcept {
-    if (!property || !error)
+    if (!property || !error) {
         return E_POINTER;
+    }
     return Guard([&] {
-        if (error->pfnDeferredFillIn)
+        if (error->pfnDeferredFillIn) {
             error->pfnDeferredFillIn(error);
+        }
         std::wstring line(property);
         line += L": ";
         line += error->bstrDescription ? ViewBstr(error->bstrDescription)

@@ -13,8 +13,9 @@ constexpr wchar_t ReadingTypes[] = L"read the control's type information";
 
 IID DefaultSourceId(IProvideClassInfo2& provider) {
     IID id{};
-    if (FAILED(provider.GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &id)))
+    if (FAILED(provider.GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &id))) {
         return IID_NULL;
+    }
     return id;
 }
 
@@ -48,8 +49,9 @@ ComPtr<ITypeInfo> DefaultSource(ITypeInfo& coclass) {
         INT flags = 0;
         Check(coclass.GetImplTypeFlags(i, &flags), ReadingTypes);
         constexpr INT Wanted = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
-        if ((flags & Wanted) == Wanted)
+        if ((flags & Wanted) == Wanted) {
             return InterfaceAt(coclass, i);
+        }
     }
     return nullptr;
 }
@@ -59,8 +61,9 @@ void ReadEventNames(ITypeInfo& source, std::map<DISPID, std::wstring>& events) {
     for (UINT i = 0; i < attributes->cFuncs; ++i) {
         FUNCDESC* function = nullptr;
         // Some type libraries count the members of IDispatch without holding them.
-        if (FAILED(source.GetFuncDesc(i, &function)))
+        if (FAILED(source.GetFuncDesc(i, &function))) {
             continue;
+        }
         const DISPID id = function->memid;
         source.ReleaseFuncDesc(function);
         Bstr name;
@@ -74,18 +77,21 @@ void ReadEventNames(ITypeInfo& source, std::map<DISPID, std::wstring>& events) {
 SourceInterface FindSourceInterface(IUnknown* control) {
     SourceInterface source;
     const auto provider = Query<IProvideClassInfo>(control);
-    if (!provider)
+    if (!provider) {
         return source;
+    }
     ComPtr<ITypeInfo> coclass;
     Check(provider->GetClassInfo(coclass.Receive()), ReadingTypes);
     const ComPtr<ITypeInfo> events = DefaultSource(*coclass.Get());
-    if (!events)
+    if (!events) {
         return source;
+    }
     source.Id = Attributes(*events.Get())->guid;
     ReadEventNames(*events.Get(), source.Events);
     const auto provider2 = Query<IProvideClassInfo2>(control);
-    if (provider2 && DefaultSourceId(*provider2.Get()) != IID_NULL)
+    if (provider2 && DefaultSourceId(*provider2.Get()) != IID_NULL) {
         source.Id = DefaultSourceId(*provider2.Get());
+    }
     return source;
 }
 
@@ -98,14 +104,16 @@ class EventConnection::Sink final : public ComObject<IDispatch> {
     void Silence() noexcept { isSilent_ = true; }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
-        if (!count)
+        if (!count) {
             return E_POINTER;
+        }
         *count = 0;
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override {
-        if (!info)
+        if (!info) {
             return E_POINTER;
+        }
         *info = nullptr;
         return DISP_E_BADINDEX;
     }
@@ -117,10 +125,12 @@ class EventConnection::Sink final : public ComObject<IDispatch> {
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*,
                                      EXCEPINFO*, UINT*) noexcept override {
         const auto event = source_.Events.find(id);
-        if (event == source_.Events.end())
+        if (event == source_.Events.end()) {
             return DISP_E_MEMBERNOTFOUND;
-        if (isSilent_)
+        }
+        if (isSilent_) {
             return S_OK;
+        }
         return Guard([&] {
             // The handler may disconnect, which releases this sink.
             const ComPtr<IUnknown> keepAlive(this);
@@ -148,8 +158,9 @@ EventConnection::~EventConnection() {
 
 EventConnection::EventConnection(IUnknown* control, EventHandler handler) {
     SourceInterface source = FindSourceInterface(control);
-    if (source.Id == IID_NULL)
+    if (source.Id == IID_NULL) {
         return;
+    }
     constexpr wchar_t Connecting[] = L"connect to the control's events";
     ComPtr<IConnectionPointContainer> container;
     ComPtr<IConnectionPoint> point;
@@ -175,10 +186,12 @@ EventConnection& EventConnection::operator=(EventConnection&& other) noexcept {
 }
 
 void EventConnection::Disconnect() noexcept {
-    if (sink_)
+    if (sink_) {
         sink_->Silence();
-    if (point_)
+    }
+    if (point_) {
         point_->Unadvise(cookie_);
+    }
     point_.Reset();
     sink_.Reset();
 }

@@ -12,7 +12,7 @@ namespace Quorvane::Host {
 
 namespace {
 
-constexpr std::uintmax_t MaximumFileSize = 16u << 20;
+constexpr std::uintmax_t MaximumFileSize = 16U << 20;
 
 char16_t Lower(char16_t c) {
     return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c - u'A' + u'a') : c;
@@ -40,16 +40,18 @@ const FormProperty* FormProperties::Find(std::u16string_view key) const {
 
 void FormProperties::Set(FormProperty property) {
     const auto found = FindKey(items_, property.Key);
-    if (found == items_.end())
+    if (found == items_.end()) {
         items_.push_back(std::move(property));
-    else
+    } else {
         *found = std::move(property);
+    }
 }
 
 bool FormProperties::Remove(std::u16string_view key) {
     const auto found = FindKey(items_, key);
-    if (found == items_.end())
+    if (found == items_.end()) {
         return false;
+    }
     items_.erase(found);
     return true;
 }
@@ -84,14 +86,17 @@ bool IsPlacementKey(std::u16string_view key) {
 FormFile ReadFormFile(const std::filesystem::path& path) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (error)
+    if (error) {
         throw FormFileError(0, "the file cannot be read: " + error.message());
-    if (size > MaximumFileSize)
+    }
+    if (size > MaximumFileSize) {
         throw FormFileError(0, "the file is larger than 16 MB");
+    }
     std::ifstream stream(path, std::ios::binary);
     std::string bytes(std::istreambuf_iterator<char>(stream), {});
-    if (!stream)
+    if (!stream) {
         throw FormFileError(0, "the file cannot be read");
+    }
     return ParseFormFile(bytes);
 }
 
@@ -103,8 +108,9 @@ void SaveFormFile(const std::filesystem::path& path, const FormFile& form) {
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     stream.close();
     std::error_code error;
-    if (stream)
+    if (stream) {
         std::filesystem::rename(temporary, path, error);
+    }
     if (!stream || error) {
         std::error_code ignored;
         std::filesystem::remove(temporary, ignored);

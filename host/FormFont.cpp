@@ -14,8 +14,9 @@ namespace {
 bool Take(const FormProperties& properties, std::u16string_view key, VARTYPE type, Variant& value) {
     const FormProperty* const property = properties.Find(key);
     // A block inside a font has no meaning, and making a font of it could go on for ever.
-    if (!property || std::holds_alternative<FormProperties>(property->Value))
+    if (!property || std::holds_alternative<FormProperties>(property->Value)) {
         return false;
+    }
     Check(ToVariant(property->Value, type, value), L"read the font's " + ToWide(key));
     return true;
 }
@@ -32,8 +33,9 @@ SHORT TakeShort(const FormProperties& properties, std::u16string_view key, SHORT
 
 CY TakeSize(const FormProperties& properties) {
     Variant size;
-    if (Take(properties, u"Size", VT_CY, size))
+    if (Take(properties, u"Size", VT_CY, size)) {
         return size.cyVal;
+    }
     CY standard;
     standard.int64 = 82500;
     return standard;
@@ -78,8 +80,9 @@ FormProperties DescribeFont(IFont& font) {
                                font.get_Italic(&italic),
                                font.get_Underline(&underline),
                                font.get_Strikethrough(&strikethrough)};
-    for (const HRESULT result : results)
+    for (const HRESULT result : results) {
         Check(result, L"read the font");
+    }
     FormProperties properties;
     properties.Set({u"Name", FromWide(name.View())});
     properties.Set({u"Size", static_cast<double>(size.int64) / 10000});

@@ -41,55 +41,67 @@ class FormParser {
     FormFile Parse() {
         ReadVersion();
         NextStatement("'Begin Form'");
-        if (!line_.TakeWord(u"Begin") || !line_.TakeWord(u"Form"))
+        if (!line_.TakeWord(u"Begin") || !line_.TakeWord(u"Form")) {
             line_.Fail("'Begin Form' and the form's name are expected here");
+        }
         form_.Name = line_.TakeIdentifier("the form's name");
         line_.ExpectEnd();
         ReadForm();
-        if (line_.NextStatement())
+        if (line_.NextStatement()) {
             line_.Fail("nothing may follow the form's 'End'");
+        }
         return std::move(form_);
     }
 
   private:
     void ReadVersion() {
-        while (line_.Next() && line_.IsBlankOrComment())
-            if (const auto comment = line_.Comment())
+        while (line_.Next() && line_.IsBlankOrComment()) {
+            if (const auto comment = line_.Comment()) {
                 form_.Comments.emplace_back(*comment);
-        if (!line_.TakeWord(u"Version"))
+            }
+        }
+        if (!line_.TakeWord(u"Version")) {
             line_.Fail("a form file starts with 'Version 1'");
-        if (line_.TakeValue() != FormValue(std::int32_t{1}))
+        }
+        if (line_.TakeValue() != FormValue(std::int32_t{1})) {
             line_.Fail("this version of the form file is not known; 1 is");
+        }
         line_.ExpectEnd();
     }
 
     void NextStatement(const std::string& missing) {
-        if (!line_.NextStatement())
+        if (!line_.NextStatement()) {
             line_.Fail("the file ends where " + missing + " is expected");
+        }
     }
 
     void ReadForm() {
         for (;;) {
             NextStatement("the form's 'End'");
-            if (line_.TakeStatementWord(u"End"))
+            if (line_.TakeStatementWord(u"End")) {
                 return line_.ExpectEnd();
-            if (line_.TakeStatementWord(u"Begin"))
+            }
+            if (line_.TakeStatementWord(u"Begin")) {
                 form_.Controls.push_back(ReadControl());
-            else
+            } else {
                 ReadProperty(form_.Properties, 0);
+            }
         }
     }
 
     FormControl ReadControl() {
-        if (form_.Controls.size() == MaximumCount)
+        if (form_.Controls.size() == MaximumCount) {
             line_.Fail("the form has too many controls");
+        }
         FormControl control;
         control.Class = line_.TakeClass();
         control.Name = line_.TakeIdentifier("the control's name");
         line_.ExpectEnd();
-        for (const FormControl& other : form_.Controls)
-            if (SameName(other.Name, control.Name))
+        for (const FormControl& other : form_.Controls) {
+            if (SameName(other.Name, control.Name)) {
                 line_.Fail("the form already has a control named", control.Name);
+            }
+        }
         ReadProperties(control.Properties, u"End", 0);
         return control;
     }
@@ -98,10 +110,12 @@ class FormParser {
         const int firstLine = line_.Number();
         for (;;) {
             NextStatement("the end of the block begun in line " + std::to_string(firstLine));
-            if (line_.TakeStatementWord(terminator))
+            if (line_.TakeStatementWord(terminator)) {
                 return line_.ExpectEnd();
-            if (line_.TakeStatementWord(u"Begin"))
+            }
+            if (line_.TakeStatementWord(u"Begin")) {
                 line_.Fail("a control cannot hold another one");
+            }
             ReadProperty(properties, depth);
         }
     }
@@ -109,8 +123,9 @@ class FormParser {
     void ReadProperty(FormProperties& properties, int depth) {
         FormProperty property;
         if (line_.TakeStatementWord(u"BeginProperty")) {
-            if (depth == MaximumNesting)
+            if (depth == MaximumNesting) {
                 line_.Fail("the blocks are nested too deeply");
+            }
             property.Key = TakeNewKey(properties);
             line_.ExpectEnd();
             FormProperties nested;
@@ -118,8 +133,9 @@ class FormParser {
             property.Value = std::move(nested);
         } else {
             property.Key = TakeNewKey(properties);
-            if (!line_.TakeSymbol(u'='))
+            if (!line_.TakeSymbol(u'=')) {
                 line_.Fail("'=' is expected after", property.Key);
+            }
             property.Value = line_.TakeValue();
             line_.ExpectEnd();
         }
@@ -128,10 +144,12 @@ class FormParser {
 
     std::u16string TakeNewKey(const FormProperties& properties) {
         std::u16string key = line_.TakeIdentifier("a property's name");
-        if (properties.Count() == MaximumCount)
+        if (properties.Count() == MaximumCount) {
             line_.Fail("the block has too many properties");
-        if (properties.Find(key))
+        }
+        if (properties.Find(key)) {
             line_.Fail("the block already has a property named", key);
+        }
         return key;
     }
 

@@ -28,8 +28,9 @@ struct NaturalVariant {
 };
 
 HRESULT ObjectAsUnknown(Variant& object, Variant& result) {
-    if (object.vt != VT_DISPATCH)
+    if (object.vt != VT_DISPATCH) {
         return DISP_E_TYPEMISMATCH;
+    }
     result = std::move(object);
     result.vt = VT_UNKNOWN;
     return S_OK;
@@ -42,8 +43,9 @@ bool IsColorKey(std::u16string_view key) {
 
 HRESULT FromObject(const VARIANT& value, FormValue& result) {
     const auto font = Query<IFont>(value.punkVal);
-    if (!font)
+    if (!font) {
         return DISP_E_TYPEMISMATCH;
+    }
     result = DescribeFont(*font.Get());
     return S_OK;
 }
@@ -51,34 +53,40 @@ HRESULT FromObject(const VARIANT& value, FormValue& result) {
 HRESULT FromReal(const VARIANT& value, FormValue& result) {
     Variant real;
     HRESULT converted = real.Copy(value);
-    if (SUCCEEDED(converted))
+    if (SUCCEEDED(converted)) {
         converted = real.ChangeType(VT_R8, FileLocale);
-    if (FAILED(converted))
+    }
+    if (FAILED(converted)) {
         return converted;
-    if (!std::isfinite(real.dblVal))
+    }
+    if (!std::isfinite(real.dblVal)) {
         return DISP_E_TYPEMISMATCH;
+    }
     result = real.dblVal;
     return S_OK;
 }
 
 HRESULT FromWhole(const VARIANT& value, std::u16string_view key, FormValue& result) {
     Variant whole;
-    if (FAILED(whole.Copy(value)) || FAILED(whole.ChangeType(VT_I4, FileLocale)))
+    if (FAILED(whole.Copy(value)) || FAILED(whole.ChangeType(VT_I4, FileLocale))) {
         return FromReal(value, result);
-    if (IsColorKey(key))
+    }
+    if (IsColorKey(key)) {
         result = HexNumber{static_cast<std::uint32_t>(whole.lVal)};
-    else
+    } else {
         result = std::int32_t{whole.lVal};
+    }
     return S_OK;
 }
 
 HRESULT FromUnsigned(ULONG value, std::u16string_view key, FormValue& result) {
-    if (IsColorKey(key))
+    if (IsColorKey(key)) {
         result = HexNumber{value};
-    else if (value <= LONG_MAX)
+    } else if (value <= LONG_MAX) {
         result = static_cast<std::int32_t>(value);
-    else
+    } else {
         result = static_cast<double>(value);
+    }
     return S_OK;
 }
 
@@ -87,17 +95,20 @@ HRESULT FromUnsigned(ULONG value, std::u16string_view key, FormValue& result) {
 HRESULT ToVariant(const FormValue& value, VARTYPE wanted, Variant& result) {
     Variant natural = std::visit(NaturalVariant(), value);
     // Only the bits of a colour count, and VT_UI4 is how some controls ask for one.
-    if (std::holds_alternative<HexNumber>(value) && (wanted == VT_UI4 || wanted == VT_UINT))
+    if (std::holds_alternative<HexNumber>(value) && (wanted == VT_UI4 || wanted == VT_UINT)) {
         natural.vt = wanted;
+    }
     if (wanted == VT_EMPTY || wanted == natural.vt) {
         result = std::move(natural);
         return S_OK;
     }
-    if (wanted == VT_UNKNOWN)
+    if (wanted == VT_UNKNOWN) {
         return ObjectAsUnknown(natural, result);
+    }
     const HRESULT converted = natural.ChangeType(wanted, FileLocale);
-    if (SUCCEEDED(converted))
+    if (SUCCEEDED(converted)) {
         result = std::move(natural);
+    }
     return converted;
 }
 

@@ -33,11 +33,13 @@ std::string NumberText(Number number, auto... options) {
 }
 
 std::string RealText(double number) {
-    if (!std::isfinite(number))
+    if (!std::isfinite(number)) {
         throw FormFileError(0, "a form file cannot hold an infinite number");
+    }
     std::string text = NumberText(number);
-    if (text.find_first_of(".e") == std::string::npos)
+    if (text.find_first_of(".e") == std::string::npos) {
         text += ".0";
+    }
     return text;
 }
 
@@ -56,8 +58,9 @@ std::size_t QuotedLength(std::u16string_view text, std::size_t at) {
         const char16_t c = text[at + length];
         const char16_t next = at + length + 1 < text.size() ? text[at + length + 1] : u'\0';
         const bool isPair = IsHighSurrogate(c) && IsLowSurrogate(next);
-        if (c < u' ' || (!isPair && (IsHighSurrogate(c) || IsLowSurrogate(c))))
+        if (c < u' ' || (!isPair && (IsHighSurrogate(c) || IsLowSurrogate(c)))) {
             break;
+        }
         length += isPair ? 2 : 1;
     }
     return length;
@@ -66,8 +69,9 @@ std::size_t QuotedLength(std::u16string_view text, std::size_t at) {
 std::string Quoted(std::u16string_view text) {
     std::string quoted = "\"";
     for (const char c : EncodeUtf8(text)) {
-        if (c == '"')
+        if (c == '"') {
             quoted += '"';
+        }
         quoted += c;
     }
     return quoted + '"';
@@ -76,8 +80,9 @@ std::string Quoted(std::u16string_view text) {
 class FormWriter {
   public:
     std::string Write(const FormFile& form) {
-        for (const std::u16string& comment : form.Comments)
+        for (const std::u16string& comment : form.Comments) {
             Line("'" + EncodeUtf8(comment));
+        }
         Line("Version 1");
         Line("Begin Form " + EncodeUtf8(form.Name));
         ++depth_;
@@ -126,11 +131,13 @@ class FormWriter {
         std::size_t lineLength = 0;
         for (std::size_t at = 0; at < text.size() || pieces.empty();) {
             const std::size_t length = QuotedLength(text, at);
-            if (lineLength != 0)
+            if (lineLength != 0) {
                 separator =
                     lineLength + length > PieceLength ? " & _\n" + Indent() + "    " : " & ";
-            if (separator.size() > 3)
+            }
+            if (separator.size() > 3) {
                 lineLength = 0;
+            }
             const bool needsCode = length == 0 && !text.empty();
             pieces += separator;
             pieces += needsCode ? "ChrW(" + NumberText(static_cast<unsigned>(text[at])) + ")"
@@ -152,8 +159,9 @@ class FormWriter {
 std::string WriteFormFile(const FormFile& form) {
     std::string text = FormWriter().Write(form);
     // A name with blanks or a comment with a line break would be read back as something else.
-    if (ParseFormFile(text) != form)
+    if (ParseFormFile(text) != form) {
         throw FormFileError(0, "the form holds a name or a value that its file cannot keep");
+    }
     return text;
 }
 

@@ -54,7 +54,7 @@ class HostObject final : public ComObject<IDispatch> {
     ~HostObject() override = default;
 
     HRESULT Call(DISPID id, const DISPPARAMS& arguments, LCID locale, VARIANT* result);
-    void Print(const DISPPARAMS& arguments, LCID locale);
+    void Print(const DISPPARAMS& arguments, LCID locale) const;
     void Option(const DISPPARAMS& arguments, VARIANT* result) const;
     void Quit(const DISPPARAMS& arguments);
 

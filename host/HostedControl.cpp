@@ -15,14 +15,16 @@ namespace {
 class FrozenEvents {
   public:
     explicit FrozenEvents(IUnknown* object) : control_(Query<IOleControl>(object)) {
-        if (control_)
+        if (control_) {
             control_->FreezeEvents(TRUE);
+        }
     }
     FrozenEvents(const FrozenEvents&) = delete;
     FrozenEvents& operator=(const FrozenEvents&) = delete;
     ~FrozenEvents() {
-        if (control_)
+        if (control_) {
             control_->FreezeEvents(FALSE);
+        }
     }
 
   private:
@@ -30,10 +32,12 @@ class FrozenEvents {
 };
 
 HRESULT InitObject(IUnknown* object) {
-    if (const auto bag = Query<IPersistPropertyBag>(object))
+    if (const auto bag = Query<IPersistPropertyBag>(object)) {
         return bag->InitNew();
-    if (const auto stream = Query<IPersistStreamInit>(object))
+    }
+    if (const auto stream = Query<IPersistStreamInit>(object)) {
         return stream->InitNew();
+    }
     return S_OK;
 }
 
@@ -49,11 +53,13 @@ template <typename Start>
 void HostedControl::StartInSite(Start start) {
     const FrozenEvents frozen(object_.Get());
     const bool siteFirst = WantsSiteFirst();
-    if (siteFirst)
+    if (siteFirst) {
         SetSite(site_.Get());
+    }
     start();
-    if (!siteFirst)
+    if (!siteFirst) {
         SetSite(site_.Get());
+    }
 }
 
 void HostedControl::InitNew() {
@@ -62,8 +68,9 @@ void HostedControl::InitNew() {
 
 void HostedControl::Load(const FormProperties& properties, IErrorLog* log) {
     const auto persist = Query<IPersistPropertyBag>(object_.Get());
-    if (!persist && !properties.IsEmpty())
+    if (!persist && !properties.IsEmpty()) {
         Fail(E_NOINTERFACE, L"load " + name_, L"its class keeps no properties");
+    }
     StartInSite([&] {
         const auto bag = MakeCom<PropertyBag>(properties);
         // Otherwise an error text of an earlier call could be taken for this one's.
@@ -75,8 +82,9 @@ void HostedControl::Load(const FormProperties& properties, IErrorLog* log) {
 
 FormProperties HostedControl::Save(bool all) const {
     const auto persist = Query<IPersistPropertyBag>(object_.Get());
-    if (!persist)
+    if (!persist) {
         Fail(E_NOINTERFACE, L"save " + name_, L"its class keeps no properties");
+    }
     const auto bag = MakeCom<PropertyBag>();
     Check(persist->Save(bag.Get(), TRUE, all ? TRUE : FALSE), L"save " + name_);
     return bag->Properties();
@@ -91,8 +99,9 @@ void HostedControl::ReceiveEvents(EventHandler handler) {
 }
 
 void HostedControl::Close() noexcept {
-    if (!object_)
+    if (!object_) {
         return;
+    }
     events_.Disconnect();
     if (const auto ole = Query<IOleObject>(object_.Get())) {
         ole->Close(OLECLOSE_NOSAVE);
@@ -106,8 +115,9 @@ ComPtr<IDispatch> HostedControl::Dispatch() const {
 }
 
 void HostedControl::SetSite(IOleClientSite* site) {
-    if (const auto ole = Query<IOleObject>(object_.Get()))
+    if (const auto ole = Query<IOleObject>(object_.Get())) {
         Check(ole->SetClientSite(site), L"place " + name_ + L" on the form");
+    }
 }
 
 bool HostedControl::WantsSiteFirst() const {

@@ -19,8 +19,9 @@ LCID ParseLocale(const std::wstring& text) {
     wchar_t* end = nullptr;
     const unsigned long number = std::wcstoul(text.c_str(), &end, 0);
     const bool startsWithDigit = !text.empty() && text.front() >= L'0' && text.front() <= L'9';
-    if (!startsWithDigit || *end != L'\0')
+    if (!startsWithDigit || *end != L'\0') {
         Refuse(L"--locale needs a number such as 1033 or 0x804, not '" + text + L"'");
+    }
     return number;
 }
 
@@ -32,48 +33,53 @@ class OptionParser {
     Options Parse() {
         while (next_ != end_) {
             const std::wstring argument = *next_++;
-            if (argument.starts_with(L"-"))
+            if (argument.starts_with(L"-")) {
                 TakeOption(argument);
-            else if (options_.Form.empty())
+            } else if (options_.Form.empty()) {
                 options_.Form = argument;
-            else
+            } else {
                 TakeValue(argument);
+            }
         }
-        if (options_.Form.empty() && !options_.Help)
+        if (options_.Form.empty() && !options_.Help) {
             Refuse(L"the form file is missing");
+        }
         return std::move(options_);
     }
 
   private:
     void TakeOption(const std::wstring& name) {
-        if (name == L"--design")
+        if (name == L"--design") {
             options_.Design = true;
-        else if (name == L"--new")
+        } else if (name == L"--new") {
             options_.New = true;
-        else if (name == L"--help")
+        } else if (name == L"--help") {
             options_.Help = true;
-        else if (name == L"--locale")
+        } else if (name == L"--locale") {
             options_.Locale = ParseLocale(TakeParameter(name));
-        else if (name == L"--output")
+        } else if (name == L"--output") {
             options_.Output = TakeParameter(name);
-        else if (name == L"--save")
+        } else if (name == L"--save") {
             options_.Save = TakeParameter(name);
-        else if (name == L"--dll")
+        } else if (name == L"--dll") {
             options_.Dll = TakeParameter(name);
-        else
+        } else {
             Refuse(L"there is no option '" + name + L"'");
+        }
     }
 
     const std::wstring& TakeParameter(const std::wstring& option) {
-        if (next_ == end_ || next_->empty())
+        if (next_ == end_ || next_->empty()) {
             Refuse(option + L" needs a value");
+        }
         return *next_++;
     }
 
     void TakeValue(const std::wstring& argument) {
         const std::size_t equals = argument.find(L'=');
-        if (equals == std::wstring::npos || equals == 0)
+        if (equals == std::wstring::npos || equals == 0) {
             Refuse(L"NAME=VALUE is expected behind the form file, not '" + argument + L"'");
+        }
         options_.Values[argument.substr(0, equals)] = argument.substr(equals + 1);
     }
 

@@ -11,8 +11,9 @@ namespace Quorvane::Host {
 namespace {
 
 void ReportUnreadable(IErrorLog* log, LPCOLESTR name, HRESULT result) {
-    if (!log)
+    if (!log) {
         return;
+    }
     ExceptionInfo info;
     info.scode = result;
     info.bstrSource = NewBstr(L"form file");
@@ -28,16 +29,18 @@ bool HoldsNothing(const VARIANT& value) {
 } // namespace
 
 HRESULT PropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) noexcept {
-    if (!name || !value)
+    if (!name || !value) {
         return E_POINTER;
+    }
     return Guard([&] {
         // The caller fills in the type alone, so what else the variant holds is not ours to
         // release.
         const VARTYPE wanted = value->vt;
         VariantInit(value);
         const FormProperty* const property = properties_.Find(FromWide(name));
-        if (!property)
+        if (!property) {
             return E_INVALIDARG;
+        }
         Variant result;
         HRESULT read = Guard([&] { return ToVariant(property->Value, wanted, result); });
         if (SUCCEEDED(read)) {
@@ -45,29 +48,33 @@ HRESULT PropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) noexce
             return read;
         }
         // E_INVALIDARG would tell the control that the property is not there.
-        if (read == E_INVALIDARG)
+        if (read == E_INVALIDARG) {
             read = DISP_E_TYPEMISMATCH;
+        }
         ReportUnreadable(log, name, read);
         return read;
     });
 }
 
 HRESULT PropertyBag::Write(LPCOLESTR name, VARIANT* value) noexcept {
-    if (!name || !value)
+    if (!name || !value) {
         return E_POINTER;
+    }
     return Guard([&] {
         Variant plain;
         const HRESULT copied = plain.Copy(*value);
-        if (FAILED(copied))
+        if (FAILED(copied)) {
             return copied;
+        }
         FormProperty property{FromWide(name), {}};
         if (HoldsNothing(plain)) {
             properties_.Remove(property.Key);
             return S_OK;
         }
         const HRESULT stored = FromVariant(plain, property.Key, property.Value);
-        if (SUCCEEDED(stored))
+        if (SUCCEEDED(stored)) {
             properties_.Set(std::move(property));
+        }
         return stored;
     });
 }

@@ -15,20 +15,23 @@ RunningForm::RunningForm(FormFile form, FormSettings settings)
       host_(MakeCom<HostObject>(settings_.Services)) {
     const AmbientProperties ambients = FormAmbients();
     controls_.reserve(form_.Controls.size());
-    for (const FormControl& control : form_.Controls)
+    for (const FormControl& control : form_.Controls) {
         LoadControl(control, ambients);
+    }
 }
 
 AmbientProperties RunningForm::FormAmbients() const {
     AmbientProperties ambients = AmbientProperties::OfAnOrdinaryForm();
     ambients.Set(DISPID_AMBIENT_USERMODE, Variant(!settings_.Design));
-    if (settings_.Locale)
+    if (settings_.Locale) {
         ambients.Set(DISPID_AMBIENT_LOCALEID, Variant(static_cast<LONG>(*settings_.Locale)));
+    }
     const auto take = [&](const char16_t* key, VARTYPE type, DISPID id) {
         Variant value;
         const FormProperty* const property = form_.Properties.Find(key);
-        if (!property)
+        if (!property) {
             return;
+        }
         Check(ToVariant(property->Value, type, value), L"read the form's " + ToWide(key));
         ambients.Set(id, std::move(value));
     };
@@ -42,20 +45,25 @@ void RunningForm::LoadControl(const FormControl& control, const AmbientPropertie
     controls_.emplace_back(CreateControl(settings_.Dll, ToWide(control.Class)),
                            ToWide(control.Name), ambients);
     HostedControl& hosted = controls_.back();
-    if (settings_.New)
+    if (settings_.New) {
         return hosted.InitNew();
+    }
     FormProperties properties = control.Properties;
-    for (const char16_t* const key : {u"Left", u"Top", u"Width", u"Height"})
+    for (const char16_t* const key : {u"Left", u"Top", u"Width", u"Height"}) {
         properties.Remove(key);
-    const auto log = MakeCom<ErrorLog>(
-        [&](const std::wstring& line) { settings_.ReportError(hosted.Name() + L"." + line); });
+    }
+    // The control may keep the log for longer than the form lives.
+    const auto log =
+        MakeCom<ErrorLog>([report = settings_.ReportError, name = hosted.Name()](
+                              const std::wstring& line) { report(name + L"." + line); });
     hosted.Load(properties, log.Get());
 }
 
 int RunningForm::RunScript(const FormScript& script) {
     StartScript(script);
-    if (script_->Run(script.Code))
+    if (script_->Run(script.Code)) {
         script_->Call(L"Form_Load");
+    }
     return host_->ExitCode().value_or(0);
 }
 
@@ -77,14 +85,16 @@ void RunningForm::StartScript(const FormScript& script) {
 
 void RunningForm::OnEvent(const std::wstring& control, const std::wstring& event,
                           DISPPARAMS& arguments) {
-    if (script_ && !host_->ExitCode())
+    if (script_ && !host_->ExitCode()) {
         script_->Call(control + L"_" + event, arguments);
+    }
 }
 
 void RunningForm::OnScriptError(const std::wstring& fileName, const ScriptError& error) {
     // A script that is already to end stops by an error, too.
-    if (host_->ExitCode())
+    if (host_->ExitCode()) {
         return;
+    }
     settings_.ReportError(DescribeScriptError(error, fileName));
     host_->EndScript(1);
 }
@@ -92,27 +102,34 @@ void RunningForm::OnScriptError(const std::wstring& fileName, const ScriptError&
 FormFile RunningForm::Save() const {
     FormFile form = form_;
     for (std::size_t i = 0; i < controls_.size(); ++i) {
-        if (!controls_[i].CanSave())
+        if (!controls_[i].CanSave()) {
             continue;
+        }
         FormProperties& properties = form.Controls[i].Properties;
         FormProperties saved;
-        for (const FormProperty& property : properties)
-            if (IsPlacementKey(property.Key))
+        for (const FormProperty& property : properties) {
+            if (IsPlacementKey(property.Key)) {
                 saved.Set(property);
-        for (const FormProperty& property : controls_[i].Save())
+            }
+        }
+        for (const FormProperty& property : controls_[i].Save()) {
             saved.Set(property);
+        }
         properties = std::move(saved);
     }
     return form;
 }
 
 void RunningForm::Close() noexcept {
-    for (HostedControl& control : controls_)
+    for (HostedControl& control : controls_) {
         control.Disconnect();
-    if (script_)
+    }
+    if (script_) {
         script_->Close();
-    while (!controls_.empty())
+    }
+    while (!controls_.empty()) {
         controls_.pop_back();
+    }
 }
 
 } // namespace Quorvane::Host

@@ -15,8 +15,9 @@ namespace {
 std::wstring LineAt(std::wstring_view code, unsigned line) {
     for (; line > 1; --line) {
         const std::size_t end = code.find(L'\n');
-        if (end == std::wstring_view::npos)
+        if (end == std::wstring_view::npos) {
             return {};
+        }
         code.remove_prefix(end + 1);
     }
     code = code.substr(0, std::min(code.find_first_of(L"\r\n"), code.size()));
@@ -25,8 +26,9 @@ std::wstring LineAt(std::wstring_view code, unsigned line) {
 }
 
 std::wstring NumberText(HRESULT number) {
-    if (HRESULT_FACILITY(number) == FACILITY_CONTROL)
+    if (HRESULT_FACILITY(number) == FACILITY_CONTROL) {
         return std::to_wstring(HRESULT_CODE(number));
+    }
     return DescribeResult(number);
 }
 
@@ -44,10 +46,12 @@ ScriptError ReadScriptError(IActiveScriptError& error, std::wstring_view code) {
         read.LineText = LineAt(code, read.Line);
     }
     ExceptionInfo info;
-    if (FAILED(error.GetExceptionInfo(&info)))
+    if (FAILED(error.GetExceptionInfo(&info))) {
         return read;
-    if (info.pfnDeferredFillIn)
+    }
+    if (info.pfnDeferredFillIn) {
         info.pfnDeferredFillIn(&info);
+    }
     read.Source = ViewBstr(info.bstrSource);
     read.Description = ViewBstr(info.bstrDescription);
     read.Number = info.Number();
@@ -58,16 +62,19 @@ std::wstring DescribeScriptError(const ScriptError& error, std::wstring_view fil
     std::wstring text(fileName);
     if (error.Line != 0) {
         text += L"(" + std::to_wstring(error.Line);
-        if (error.Column != 0)
+        if (error.Column != 0) {
             text += L"," + std::to_wstring(error.Column);
+        }
         text += L")";
     }
     text += L": " + (error.Source.empty() ? L"error" : error.Source);
     text += L" " + NumberText(error.Number);
-    if (!error.Description.empty())
+    if (!error.Description.empty()) {
         text += L": " + error.Description;
-    if (!error.LineText.empty())
+    }
+    if (!error.LineText.empty()) {
         text += L"\n    " + error.LineText;
+    }
     return text;
 }
 

@@ -24,17 +24,20 @@ ScriptHost::ScriptHost(const std::wstring& engine, std::function<void(const Scri
 }
 
 std::wstring ScriptHost::EngineFor(const std::wstring& extension) {
-    if (_wcsicmp(extension.c_str(), L".vbs") == 0)
+    if (_wcsicmp(extension.c_str(), L".vbs") == 0) {
         return L"VBScript";
-    if (_wcsicmp(extension.c_str(), L".js") == 0)
+    }
+    if (_wcsicmp(extension.c_str(), L".js") == 0) {
         return L"JScript";
+    }
     return {};
 }
 
 void ScriptHost::AddObject(const std::wstring& name, IUnknown* object) {
     const std::wstring adding = L"give the script the object " + name;
-    if (!site_->AddItem(name, object))
+    if (!site_->AddItem(name, object)) {
         Fail(E_INVALIDARG, adding, L"the name is taken");
+    }
     // Not SCRIPTITEM_ISSOURCE: events come through Call, or an engine that connects to sources by
     // itself would handle each one twice.
     Check(engine_->AddNamedItem(name.c_str(), SCRIPTITEM_ISVISIBLE), adding);
@@ -47,8 +50,9 @@ bool ScriptHost::Run(const std::wstring& code) {
     HRESULT result = parser_->ParseScriptText(code.c_str(), nullptr, nullptr, nullptr, 0, 0,
                                               SCRIPTTEXT_ISVISIBLE, nullptr, &info);
     // The engine keeps the main part until it is started.
-    if (SUCCEEDED(result))
+    if (SUCCEEDED(result)) {
         result = engine_->SetScriptState(SCRIPTSTATE_STARTED);
+    }
     return Finish(result, errorsBefore, &info);
 }
 
@@ -59,8 +63,9 @@ bool ScriptHost::Call(const std::wstring& name) {
 
 bool ScriptHost::Call(const std::wstring& name, DISPPARAMS& arguments) {
     const DISPID id = FindProcedure(name);
-    if (id == DISPID_UNKNOWN)
+    if (id == DISPID_UNKNOWN) {
         return true;
+    }
     const unsigned errorsBefore = errors_;
     Variant ignored;
     ExceptionInfo info;
@@ -79,11 +84,13 @@ bool ScriptHost::HasProcedure(const std::wstring& name) {
 void ScriptHost::Close() noexcept {
     procedures_.Reset();
     parser_.Reset();
-    if (engine_)
+    if (engine_) {
         engine_->Close();
+    }
     engine_.Reset();
-    if (site_)
+    if (site_) {
         site_->Clear();
+    }
 }
 
 DISPID ScriptHost::FindProcedure(const std::wstring& name) {
@@ -92,20 +99,23 @@ DISPID ScriptHost::FindProcedure(const std::wstring& name) {
     LPOLESTR names[] = {text.data()};
     DISPID id = DISPID_UNKNOWN;
     if (!procedures ||
-        FAILED(procedures->GetIDsOfNames(IID_NULL, names, 1, GetUserDefaultLCID(), &id)))
+        FAILED(procedures->GetIDsOfNames(IID_NULL, names, 1, GetUserDefaultLCID(), &id))) {
         return DISPID_UNKNOWN;
+    }
     return id;
 }
 
 IDispatch* ScriptHost::Procedures() {
-    if (!procedures_ && engine_)
+    if (!procedures_ && engine_) {
         engine_->GetScriptDispatch(nullptr, procedures_.Receive());
+    }
     return procedures_.Get();
 }
 
 bool ScriptHost::Finish(HRESULT result, unsigned errorsBefore, const EXCEPINFO* info) {
-    if (SUCCEEDED(result))
+    if (SUCCEEDED(result)) {
         return errors_ == errorsBefore;
+    }
     // Engines differ in whether an error of a called procedure also reaches the site.
     if (errors_ == errorsBefore) {
         ScriptError error;

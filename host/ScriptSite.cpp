@@ -27,40 +27,49 @@ bool ScriptSite::AddItem(const std::wstring& name, IUnknown* object) {
 }
 
 HRESULT ScriptSite::GetLCID(LCID* lcid) noexcept {
-    if (!lcid)
+    if (!lcid) {
         return E_POINTER;
+    }
     *lcid = GetUserDefaultLCID();
     return S_OK;
 }
 
 HRESULT ScriptSite::GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item,
                                 ITypeInfo** type) noexcept {
-    if (item)
+    if (item) {
         *item = nullptr;
-    if (type)
+    }
+    if (type) {
         *type = nullptr;
+    }
     return Guard([&] {
         const auto found = items_.find(name);
-        if (found == items_.end())
+        if (found == items_.end()) {
             return TYPE_E_ELEMENTNOTFOUND;
-        if ((mask & SCRIPTINFO_ITYPEINFO) != 0 && type)
-            if (const HRESULT given = GiveClassInfo(found->second.Get(), type); FAILED(given))
+        }
+        if ((mask & SCRIPTINFO_ITYPEINFO) != 0 && type) {
+            if (const HRESULT given = GiveClassInfo(found->second.Get(), type); FAILED(given)) {
                 return given;
-        if ((mask & SCRIPTINFO_IUNKNOWN) != 0 && item)
+            }
+        }
+        if ((mask & SCRIPTINFO_IUNKNOWN) != 0 && item) {
             found->second.CopyTo(item);
+        }
         return S_OK;
     });
 }
 
 HRESULT ScriptSite::GetDocVersionString(BSTR* version) noexcept {
-    if (version)
+    if (version) {
         *version = nullptr;
+    }
     return E_NOTIMPL;
 }
 
 HRESULT ScriptSite::OnScriptError(IActiveScriptError* error) noexcept {
-    if (!error)
+    if (!error) {
         return E_POINTER;
+    }
     return Guard([&] {
         onError_(ReadScriptError(*error, code_));
         return S_OK;
@@ -68,8 +77,9 @@ HRESULT ScriptSite::OnScriptError(IActiveScriptError* error) noexcept {
 }
 
 HRESULT ScriptSite::GetWindow(HWND* window) noexcept {
-    if (!window)
+    if (!window) {
         return E_POINTER;
+    }
     *window = nullptr;
     return S_OK;
 }

@@ -15,14 +15,18 @@ struct LeadByte {
 };
 
 LeadByte ReadLeadByte(unsigned char byte, std::size_t offset) {
-    if (byte < 0x80)
+    if (byte < 0x80) {
         return {1, byte, 0};
-    if ((byte & 0xE0) == 0xC0)
-        return {2, byte & 0x1Fu, 0x80};
-    if ((byte & 0xF0) == 0xE0)
-        return {3, byte & 0x0Fu, 0x800};
-    if ((byte & 0xF8) == 0xF0)
-        return {4, byte & 0x07u, 0x10000};
+    }
+    if ((byte & 0xE0) == 0xC0) {
+        return {2, byte & 0x1FU, 0x80};
+    }
+    if ((byte & 0xF0) == 0xE0) {
+        return {3, byte & 0x0FU, 0x800};
+    }
+    if ((byte & 0xF8) == 0xF0) {
+        return {4, byte & 0x07U, 0x10000};
+    }
     throw Utf8Error(offset);
 }
 
@@ -71,17 +75,20 @@ std::u16string DecodeUtf8(std::string_view bytes) {
     std::size_t at = bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
     while (at < bytes.size()) {
         const LeadByte lead = ReadLeadByte(static_cast<unsigned char>(bytes[at]), at);
-        if (lead.Length > bytes.size() - at)
+        if (lead.Length > bytes.size() - at) {
             throw Utf8Error(at);
+        }
         char32_t code = lead.Bits;
         for (std::size_t i = 1; i < lead.Length; ++i) {
             const auto byte = static_cast<unsigned char>(bytes[at + i]);
-            if ((byte & 0xC0) != 0x80)
+            if ((byte & 0xC0) != 0x80) {
                 throw Utf8Error(at);
-            code = (code << 6) | (byte & 0x3Fu);
+            }
+            code = (code << 6) | (byte & 0x3FU);
         }
-        if (code < lead.Smallest || code > 0x10FFFF || IsSurrogate(code))
+        if (code < lead.Smallest || code > 0x10FFFF || IsSurrogate(code)) {
             throw Utf8Error(at);
+        }
         AppendUtf16(text, code);
         at += lead.Length;
     }
@@ -96,7 +103,7 @@ std::string EncodeUtf8(std::u16string_view text) {
         if (IsSurrogate(code)) {
             const bool isPair = code < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
                                 text[i + 1] <= 0xDFFF;
-            code = isPair ? 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00u) : 0xFFFD;
+            code = isPair ? 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00U) : 0xFFFD;
         }
         AppendUtf8(bytes, code);
     }

@@ -16,8 +16,9 @@ namespace Quorvane::Host {
 /// A new BSTR that the caller frees. Throws std::bad_alloc.
 inline BSTR NewBstr(std::wstring_view text) {
     const BSTR bstr = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-    if (!bstr)
+    if (!bstr) {
         throw std::bad_alloc();
+    }
     return bstr;
 }
 
@@ -50,7 +51,7 @@ class Bstr {
 /// A VARIANT that owns what it holds.
 class Variant : public VARIANT {
   public:
-    Variant() { VariantInit(this); }
+    Variant() : VARIANT{} {}
     explicit Variant(bool value) : Variant() {
         vt = VT_BOOL;
         boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
@@ -71,8 +72,9 @@ class Variant : public VARIANT {
     explicit Variant(IDispatch* object) : Variant() {
         vt = VT_DISPATCH;
         pdispVal = object;
-        if (object)
+        if (object) {
             object->AddRef();
+        }
     }
     Variant(const Variant& other) : Variant() { Copy(other); }
     Variant(Variant&& other) noexcept : VARIANT(other) { other.vt = VT_EMPTY; }

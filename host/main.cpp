@@ -54,8 +54,9 @@ int RunForm(const Options& options) {
     const Apartment apartment;
     RunningForm running(form, SettingsFrom(options));
     const int exitCode = script && !options.Design ? running.RunScript(*script) : 0;
-    if (options.Save)
+    if (options.Save) {
         SaveFormFile(*options.Save, running.Save());
+    }
     return exitCode;
 }
 
