@@ -12,7 +12,8 @@ namespace Quorvane::Win {
 
 // The object's own address is an id that no other subclass of the window has.
 
-Subclass::Subclass(HWND window, Handler handler) : window_(window), handler_(std::move(handler)) {
+Subclass::Subclass(HWND window, Handler handler)
+    : window_(window), handler_(std::make_shared<const Handler>(std::move(handler))) {
     const auto self = reinterpret_cast<DWORD_PTR>(this);
     if (!::SetWindowSubclass(window, &Subclass::Procedure, self, self)) {
         ThrowLastError();
@@ -34,7 +35,8 @@ LRESULT CALLBACK Subclass::Procedure(HWND window, UINT message, WPARAM first, LP
         return ::DefSubclassProc(window, message, first, second);
     }
     try {
-        if (const auto result = subclass->handler_(message, first, second)) {
+        const auto handler = subclass->handler_;
+        if (const auto result = (*handler)(message, first, second)) {
             return *result;
         }
     } catch (...) {

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace Quorvane::Win {
@@ -28,7 +29,8 @@ class Subclass {
                                       UINT_PTR id, DWORD_PTR self) noexcept;
 
     HWND window_;
-    Handler handler_;
+    /// Shared with a call in progress, which may be the end of this object.
+    std::shared_ptr<const Handler> handler_;
 };
 
 } // namespace Quorvane::Win

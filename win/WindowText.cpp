@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// Giving windows a text or a state.
+#include "win/WindowText.h"
+
+#include <new>
+
+#include "win/WideText.h"
+
+namespace Quorvane::Win {
+
+Text TextOf(HWND window) {
+    Text text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, u'\0');
+    const int length = ::GetWindowTextW(window, reinterpret_cast<wchar_t*>(text.data()),
+                                        static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+void ShowText(HWND window, const Text& text) noexcept {
+    try {
+        // A window's text ends at the first zero.
+        if (TextOf(window) != text.c_str()) {
+            ::SetWindowTextW(window, Wide(text));
+        }
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+}
+
+void Enable(HWND window, bool enabled) noexcept {
+    if ((::IsWindowEnabled(window) != FALSE) != enabled) {
+        ::EnableWindow(window, enabled);
+    }
+}
+
+} // namespace Quorvane::Win
