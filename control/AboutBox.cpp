@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The about box.
 #include "control/FISControl.h"
-#include "win/MessageBox.h"
 #include "text/GetText.h"
+#include "win/MessageBox.h"
 
 namespace Quorvane {
 namespace {
@@ -17,8 +17,8 @@ constexpr TextView ComponentName = u"QuorvaneAxEditor";
 STDMETHODIMP FISControl::ShowAboutBox() noexcept {
     return Com::Guard<_FISControl>([&] {
         const Com::KeepAlive alive(this);
-        Win::ShowMessage(site_.Window(), Main::GetText(AboutTextId), Text(ComponentName),
-                    MB_OK | MB_ICONINFORMATION);
+        Win::ShowMessage(Site().Window(), Main::GetText(AboutTextId), Text(ComponentName),
+                         MB_OK | MB_ICONINFORMATION);
     });
 }
 

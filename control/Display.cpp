@@ -1,55 +1,86 @@
 // SPDX-License-Identifier: MIT
-// Filling the lists of the control from the model and the values.
+// The state of the display, and its window while there is one.
 #include "control/Display.h"
 
 #include <new>
 
+#include "control/DisplayWindow.h"
+#include "control/Fonts.h"
 #include "shared/Definition.h"
-#include "shared/NumberText.h"
+#include "text/GetText.h"
+#include "win/Dpi.h"
 
 namespace Quorvane {
 namespace {
 
-std::vector<ListRow> RowsOf(const VariableDictionary& variables) {
-    std::vector<ListRow> rows;
-    rows.reserve(variables.Count());
-    for (const auto& [key, variable] : variables) {
-        rows.push_back({key,
-                        variable.Name + u" [" + UserNumberText(variable.LBound) + u", " +
-                            UserNumberText(variable.UBound) + u"]",
-                        {}});
-    }
-    return rows;
-}
-
-/// The value of a variable as a person reads it; nothing where it has no text form.
-std::optional<Text> ShownValue(ValueDictionary& values, TextView key) noexcept {
-    try {
-        return UserText(values.Get(key));
-    } catch (...) {
-        return std::nullopt;
-    }
-}
-
-void ShowRows(std::vector<ListRow>& rows, const std::optional<VariableDictionary>& variables,
-              const std::shared_ptr<ValueDictionary>& values) noexcept {
-    if (!values) {
-        return;
-    }
-    for (ListRow& row : rows) {
-        if (variables && variables->Exists(row.Key)) {
-            if (auto value = ShownValue(*values, row.Key)) {
-                row.Value = std::move(*value);
-            }
-        }
-    }
-}
+constexpr std::int32_t InputHeader = 16;
+constexpr std::int32_t OutputHeader = 32;
+constexpr std::int32_t ValueHeader = 33;
 
 } // namespace
 
+Display::Display(DisplayOwner& owner) : owner_(owner) {
+    // The lists share one font as a rule; it is the input list's that the host knows.
+    lvwInput.Font.OnChange([this] { owner_.OnDisplayFontChanged(); });
+    lvwOutput.Font.OnChange([this] { ShowFonts(); });
+}
+
+Display::~Display() = default;
+
+void Display::Open(HWND parent, const RECT& position) {
+    window_.reset();
+    window_ = std::make_unique<DisplayWindow>(*this, owner_, parent, position);
+}
+
+void Display::Close() noexcept {
+    // Taken out first: what its end calls back finds no window any more.
+    const auto closing = std::exchange(window_, nullptr);
+}
+
+HWND Display::Surface() const noexcept {
+    return window_ ? window_->Get() : nullptr;
+}
+
+float Display::CaptionTextWidth() const noexcept {
+    const int dpi = Win::DpiOf(Surface());
+    return Win::TwipsOf(TextWidth(CaptionFont(dpi).Get(), lblCaption.Caption), dpi);
+}
+
+void Display::FitLabel() noexcept {
+    layout_.LabelWidth = LabelWidthFor(CaptionTextWidth());
+}
+
+void Display::FetchHeaders() {
+    lvwInput.Columns = {{u"Input", Main::GetText(InputHeader)},
+                        {u"Value", Main::GetText(ValueHeader)}};
+    lvwOutput.Columns = {{u"Output", Main::GetText(OutputHeader)},
+                         {u"Value", Main::GetText(ValueHeader)}};
+}
+
+void Display::Resize(float width, float height) noexcept {
+    LayOut(layout_, width, height, CaptionTextWidth());
+    try {
+        FetchHeaders();
+    } catch (const std::bad_alloc&) {
+        // The former headers stay.
+    }
+}
+
+void Display::Reflect() noexcept {
+    if (window_) {
+        window_->Reflect();
+    }
+}
+
+void Display::ShowFonts() noexcept {
+    if (window_) {
+        window_->ShowFonts();
+    }
+}
+
 void Display::Repaint() noexcept {
-    if (Surface) {
-        ::RedrawWindow(Surface, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    if (HWND const surface = Surface()) {
+        ::RedrawWindow(surface, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     }
 }
 
@@ -60,22 +91,7 @@ void Display::ShowError() noexcept {
     } catch (const std::bad_alloc&) {
         sbMessage.Message.clear();
     }
-}
-
-void Display::FillVariableLists() {
-    lvwInput.Rows.clear();
-    lvwOutput.Rows.clear();
-    const Definition::ProcessState& state = Definition::State();
-    lvwInput.Rows = RowsOf(Definition::Require(state.InputVariables));
-    lvwOutput.Rows = RowsOf(Definition::Require(state.OutputVariables));
-}
-
-void Display::ShowValues() noexcept {
-    const Definition::ProcessState& state = Definition::State();
-    const std::shared_ptr<ValueDictionary> inputs = state.InputValues;
-    const std::shared_ptr<ValueDictionary> outputs = state.OutputValues;
-    ShowRows(lvwInput.Rows, state.InputVariables, inputs);
-    ShowRows(lvwOutput.Rows, state.OutputVariables, outputs);
+    Reflect();
 }
 
 } // namespace Quorvane

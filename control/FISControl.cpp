@@ -11,26 +11,38 @@
 
 namespace Quorvane {
 
-FISControl::FISControl(IUnknown* outer) : ComObject(outer) {
+namespace {
+
+/// In HIMETRIC: 4,800 by 3,000 twips until the host sets another.
+constexpr SIZEL InitialExtent{8467, 5292};
+
+} // namespace
+
+FISControl::FISControl(IUnknown* outer)
+    : ComObject(outer), ControlCore(InitialExtent), display_(*this) {
     Definition::State().Platform = &WindowsTextServices();
     // Some hosts neither initialise nor load a control before they use it.
     display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
-    display_.lvwInput.Font = NewDialogFont();
-    display_.lvwOutput.Font = display_.lvwInput.Font;
+    display_.lvwInput.Font.Set(NewDialogFont());
+    display_.lvwOutput.Font.Set(display_.lvwInput.Font.Get());
 }
 
 void FISControl::FinalRelease() noexcept {
+    // A host that did not close the control may have gone itself: nothing is called any more.
+    InPlace().Abandon();
     Definition::ReleaseModel();
 }
 
 void FISControl::PropertyChanged(DISPID property) {
+    const Com::KeepAlive alive(this);
     isDirty_ = true;
+    ShowAppearance();
     Notify<IPropertyNotifySink>(
         [property](IPropertyNotifySink& sink) { sink.OnChanged(property); });
 }
 
 void FISControl::RequireDesignMode() const {
-    if (site_.UserMode()) {
+    if (Site().UserMode()) {
         throw FisError(static_cast<std::uint32_t>(CTL_E_SETNOTSUPPORTEDATRUNTIME), {}, {});
     }
 }
@@ -43,6 +55,7 @@ STDMETHODIMP FISControl::get_Caption(BSTR* value) noexcept {
 STDMETHODIMP FISControl::put_Caption(BSTR value) noexcept {
     return Com::Guard<_FISControl>([&] {
         display_.lblCaption.Caption = Com::View(value);
+        display_.FitLabel();
         PropertyChanged(DISPID_CAPTION);
     });
 }
@@ -65,7 +78,7 @@ STDMETHODIMP FISControl::put_Enabled(VARIANT_BOOL value) noexcept {
 STDMETHODIMP FISControl::get_Font(IFontDisp** value) noexcept {
     return Com::Guard<_FISControl>([&] {
         Com::Out(value) = nullptr;
-        display_.lvwInput.Font.CopyTo(value);
+        display_.lvwInput.Font.Get().CopyTo(value);
     });
 }
 
@@ -74,8 +87,9 @@ STDMETHODIMP FISControl::putref_Font(IFontDisp* value) noexcept {
         if (!value) {
             throw FisError(RuntimeError::TypeMismatch);
         }
-        display_.lvwInput.Font = value;
-        display_.lvwOutput.Font = value;
+        display_.lvwInput.Font.Set(value);
+        display_.lvwOutput.Font.Set(value);
+        display_.ShowFonts();
         PropertyChanged(DISPID_FONT);
     });
 }
@@ -117,7 +131,7 @@ STDMETHODIMP FISControl::put_Inputs(BSTR value) noexcept {
     return Com::Guard<_FISControl>([&] {
         RequireDesignMode();
         Definition::State().InputsText = Com::View(value);
-        display_.FillVariableLists();
+        FillVariableLists();
         PropertyChanged(DispatchIds::Inputs);
     });
 }
@@ -131,7 +145,7 @@ STDMETHODIMP FISControl::put_Outputs(BSTR value) noexcept {
     return Com::Guard<_FISControl>([&] {
         RequireDesignMode();
         Definition::State().OutputsText = Com::View(value);
-        display_.FillVariableLists();
+        FillVariableLists();
         PropertyChanged(DispatchIds::Outputs);
     });
 }

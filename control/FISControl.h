@@ -5,15 +5,25 @@
 #include <windows.h>
 
 #include <ocidl.h>
-#include <oleidl.h>
 
 #include "QuorvaneAxEditor.h"
 #include "control/Display.h"
 #include "control/com/ClassInfo.h"
-#include "control/com/ClientSite.h"
 #include "control/com/ComObject.h"
 #include "control/com/ConnectionPoint.h"
+#include "control/com/ControlCore.h"
+#include "control/com/DataObject.h"
 #include "control/com/Dispatch.h"
+#include "control/com/InPlaceActiveObject.h"
+#include "control/com/InPlaceObject.h"
+#include "control/com/ObjectSafety.h"
+#include "control/com/OleControl.h"
+#include "control/com/OleObject.h"
+#include "control/com/PersistStorage.h"
+#include "control/com/PropertyPages.h"
+#include "control/com/QuickActivation.h"
+#include "control/com/RunnableObject.h"
+#include "control/com/ViewObject.h"
 
 namespace Quorvane {
 
@@ -24,13 +34,21 @@ class FISControl final
                             Com::ConnectionPoints<__FISControl, IPropertyNotifySink>,
                             Com::ProvideClassInfo<::FISControl, __FISControl>,
                             Com::Chain<IPersistStreamInit, IPersist>, IPersistPropertyBag,
-                            IOleObject, IOleControl> {
+                            Com::OleObject, Com::OleControl, Com::InPlaceObject,
+                            Com::InPlaceActiveObject, Com::ViewObject, Com::DataObject,
+                            Com::PersistStorage, Com::QuickActivation, Com::RunnableObject,
+                            Com::PropertyPages, Com::ObjectSafety>,
+      private Com::ControlCore,
+      private DisplayOwner {
   public:
     /// A control that lives inside its host's window, and that asks for its site before it is
     /// loaded: design or run mode, font and locale come from there.
     static constexpr DWORD MiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
                                         OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
                                         OLEMISC_SETCLIENTSITEFIRST;
+
+    /// What a person reads of the class.
+    static constexpr TextView Title = u"Quorvane fuzzy inference control";
 
     /// As part of an aggregate where `outer` is not null.
     explicit FISControl(IUnknown* outer);
@@ -79,41 +97,33 @@ class FISControl final
     STDMETHODIMP Load(IPropertyBag* bag, IErrorLog* log) noexcept override;
     STDMETHODIMP Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) noexcept override;
 
-    // IOleObject: FISControlSite.cpp
-    STDMETHODIMP SetClientSite(IOleClientSite* site) noexcept override;
-    STDMETHODIMP GetClientSite(IOleClientSite** site) noexcept override;
-    STDMETHODIMP SetHostNames(LPCOLESTR application, LPCOLESTR object) noexcept override;
-    STDMETHODIMP Close(DWORD saveOption) noexcept override;
-    STDMETHODIMP SetMoniker(DWORD which, IMoniker* moniker) noexcept override;
-    STDMETHODIMP GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) noexcept override;
-    STDMETHODIMP InitFromData(IDataObject* data, BOOL creation, DWORD reserved) noexcept override;
-    STDMETHODIMP GetClipboardData(DWORD reserved, IDataObject** data) noexcept override;
-    STDMETHODIMP DoVerb(LONG verb, LPMSG message, IOleClientSite* site, LONG index, HWND parent,
-                        LPCRECT position) noexcept override;
-    STDMETHODIMP EnumVerbs(IEnumOLEVERB** verbs) noexcept override;
-    STDMETHODIMP Update() noexcept override;
-    STDMETHODIMP IsUpToDate() noexcept override;
-    STDMETHODIMP GetUserClassID(CLSID* clsid) noexcept override;
-    STDMETHODIMP GetUserType(DWORD form, LPOLESTR* name) noexcept override;
-    STDMETHODIMP SetExtent(DWORD aspect, SIZEL* size) noexcept override;
-    STDMETHODIMP GetExtent(DWORD aspect, SIZEL* size) noexcept override;
-    STDMETHODIMP Advise(IAdviseSink* sink, DWORD* cookie) noexcept override;
-    STDMETHODIMP Unadvise(DWORD cookie) noexcept override;
-    STDMETHODIMP EnumAdvise(IEnumSTATDATA** sinks) noexcept override;
-    STDMETHODIMP GetMiscStatus(DWORD aspect, DWORD* status) noexcept override;
-    STDMETHODIMP SetColorScheme(LOGPALETTE* palette) noexcept override;
-
-    // IOleControl: FISControlSite.cpp
-    STDMETHODIMP GetControlInfo(CONTROLINFO* info) noexcept override;
-    STDMETHODIMP OnMnemonic(LPMSG message) noexcept override;
-    STDMETHODIMP OnAmbientPropertyChange(DISPID property) noexcept override;
-    STDMETHODIMP FreezeEvents(BOOL freeze) noexcept override;
-
   protected:
     /// The end of the control: the process-wide model goes with it.
     void FinalRelease() noexcept override;
 
+    // The OLE side: FISControlFace.cpp
+    Com::ControlCore& Core() noexcept override { return *this; }
+    const IID& EventsId() const noexcept override { return __uuidof(__FISControl); }
+
   private:
+    const Com::ControlTraits& Traits() const noexcept override;
+    IUnknown* Unknown() noexcept override { return ControllingUnknown(); }
+    IPersistStreamInit& StreamForm() noexcept override { return *this; }
+    void OpenWindow(HWND parent, const RECT& position) override;
+    void CloseWindow() noexcept override;
+    HWND Window() const noexcept override { return display_.Surface(); }
+    void TakeFocus(bool first) noexcept override;
+    bool TranslateKey(const MSG& message) noexcept override;
+    void Draw(HDC context, const RECT& bounds) override;
+    void AmbientChanged(DISPID property) override;
+    void ExtentChanged() override;
+    void Freeze(bool freeze) noexcept override { ConnectionPoints::FreezeEvents(freeze); }
+
+    // DisplayOwner: FISControlFace.cpp
+    void OnDisplayFocus(bool focused) override;
+    bool OnDisplayHelp() override;
+    void OnDisplayFontChanged() override;
+
     /// The text that a control is captioned with until the host sets another.
     static constexpr std::int32_t DefaultCaptionId = 36;
 
@@ -134,17 +144,20 @@ class FISControl final
     Com::ComPtr<IFontDisp> AmbientFont() const;
 
     void AmbientLocaleChanged();
+    void AmbientBackColorChanged();
+
+    /// Shows a changed appearance, in the window or through the host.
+    void ShowAppearance() noexcept;
+
+    /// Fills the lists from the model. Raises ObjectNotSet without one.
+    void FillVariableLists();
 
     /// One cycle without the event: outputs, or the error outputs and the message.
     void RunCycle() noexcept;
 
     void RaiseInferComplate();
 
-    Com::ClientSite site_;
-    Com::ComPtr<IOleAdviseHolder> adviseHolder_;
     Display display_;
-    /// In HIMETRIC: 4,800 by 3,000 twips until the host sets another.
-    SIZEL extent_{8467, 5292};
     bool dataShow_ = false;
     bool isDirty_ = false;
 };

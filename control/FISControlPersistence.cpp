@@ -14,22 +14,22 @@
 namespace Quorvane {
 
 Com::ComPtr<IFontDisp> FISControl::AmbientFont() const {
-    auto font = site_.Font();
+    auto font = Site().Font();
     return font ? font : NewDialogFont();
 }
 
 void FISControl::InitProperties() {
     Definition::ProcessState& state = Definition::State();
     display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
-    display_.lvwInput.Font = AmbientFont();
-    display_.lvwOutput.Font = display_.lvwInput.Font;
-    state.LanguageId = static_cast<std::int32_t>(site_.LocaleId());
+    display_.lvwInput.Font.Set(AmbientFont());
+    display_.lvwOutput.Font.Set(display_.lvwInput.Font.Get());
+    state.LanguageId = static_cast<std::int32_t>(Site().LocaleId());
     SetHelpFile();
     state.InputsText = Main::BuiltInInputs();
     state.OutputsText = Main::BuiltInOutputs();
     state.RulesText = Main::BuiltInRules();
     Main::ParseDefinition();
-    display_.FillVariableLists();
+    FillVariableLists();
 }
 
 // A failure ends the load where it stands: what was read before it stays, and the next load works.
@@ -38,25 +38,25 @@ void FISControl::ReadProperties(IPropertyBag& bag, IErrorLog* log) {
     ListFace& input = display_.lvwInput;
     ListFace& output = display_.lvwOutput;
     display_.lblCaption.Caption = reader.ReadText(L"Caption", Main::GetText(DefaultCaptionId));
-    input.Font = reader.ReadFont(L"Font", AmbientFont());
+    input.Font.Set(reader.ReadFont(L"Font", AmbientFont()));
     input.BackColor = reader.ReadColor(L"BackColor", DefaultBackColor);
     input.ForeColor = reader.ReadColor(L"ForeColor", DefaultForeColor);
-    output.Font = reader.ReadFont(L"Font", AmbientFont());
+    output.Font.Set(reader.ReadFont(L"Font", AmbientFont()));
     output.BackColor = reader.ReadColor(L"BackColor", DefaultBackColor);
     output.ForeColor = reader.ReadColor(L"ForeColor", DefaultForeColor);
     // Only the input list: a form saved as disabled shows a readable caption and outputs.
     input.Enabled = reader.ReadFlag(L"Enabled", true);
 
-    const bool runMode = site_.UserMode();
+    const bool runMode = Site().UserMode();
     Definition::ProcessState& state = Definition::State();
     state.LanguageId =
-        runMode ? ::GetUserDefaultLangID() : static_cast<std::int32_t>(site_.LocaleId());
+        runMode ? ::GetUserDefaultLangID() : static_cast<std::int32_t>(Site().LocaleId());
     SetHelpFile();
     state.InputsText = reader.ReadText(L"Inputs", Text(Main::BuiltInInputs()));
     state.OutputsText = reader.ReadText(L"Outputs", Text(Main::BuiltInOutputs()));
     state.RulesText = reader.ReadText(L"Rules", Text(Main::BuiltInRules()));
     Main::ParseDefinition();
-    display_.FillVariableLists();
+    FillVariableLists();
     if (runMode) {
         RunTime::PrepareRuleBase();
     }
@@ -67,7 +67,7 @@ void FISControl::WriteProperties(IPropertyBag& bag, bool all) const {
     const Definition::ProcessState& state = Definition::State();
     const ListFace& input = display_.lvwInput;
     writer.WriteText(L"Caption", display_.lblCaption.Caption, Main::GetText(DefaultCaptionId));
-    writer.WriteFont(L"Font", input.Font.Get(), AmbientFont().Get());
+    writer.WriteFont(L"Font", input.Font.Get().Get(), AmbientFont().Get());
     writer.WriteColor(L"BackColor", input.BackColor, DefaultBackColor);
     writer.WriteColor(L"ForeColor", input.ForeColor, DefaultForeColor);
     writer.WriteFlag(L"Enabled", input.Enabled, true);

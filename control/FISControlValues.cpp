@@ -24,7 +24,7 @@ std::shared_ptr<ValueDictionary> RequiredDictionary(IDictionary* object) {
 } // namespace
 
 void FISControl::RequireRunMode(std::uint32_t error) const {
-    if (!site_.UserMode()) {
+    if (!Site().UserMode()) {
         throw FisError(error, {}, {});
     }
 }

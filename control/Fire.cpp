@@ -50,6 +50,7 @@ STDMETHODIMP FISControl::Fire() noexcept {
 
 void FISControl::RunCycle() noexcept {
     display_.sbMessage.Visible = false;
+    display_.Reflect();
     try {
         RunTime::Infer();
     } catch (...) {

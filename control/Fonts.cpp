@@ -4,8 +4,12 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "control/com/ErrorBoundary.h"
 #include "control/com/Scoped.h"
+#include "win/WideText.h"
 
 namespace Quorvane {
 namespace {
@@ -21,6 +25,25 @@ struct FontAttributes {
 
     bool operator==(const FontAttributes&) const = default;
 };
+
+/// The face of the user's dialogs.
+constexpr wchar_t DialogFace[] = L"MS Shell Dlg";
+
+constexpr int PointsPerInch = 72;
+
+/// Sizes of font objects are in units of 1/10,000 point.
+constexpr int SizeUnitsPerPoint = 10000;
+
+/// The dialog face at so many tenths of a point.
+Win::Font DialogFontAt(int tenthsOfPoint, LONG weight, int dpi) noexcept {
+    LOGFONTW description{};
+    description.lfHeight = -::MulDiv(tenthsOfPoint, dpi, 10 * PointsPerInch);
+    description.lfWeight = weight;
+    description.lfCharSet = DEFAULT_CHARSET;
+    description.lfQuality = DEFAULT_QUALITY;
+    std::copy(std::begin(DialogFace), std::end(DialogFace), description.lfFaceName);
+    return Win::Font(::CreateFontIndirectW(&description));
+}
 
 FontAttributes AttributesOf(IFont& font) {
     Com::Bstr name;
@@ -41,10 +64,9 @@ FontAttributes AttributesOf(IFont& font) {
 } // namespace
 
 Com::ComPtr<IFontDisp> NewDialogFont() {
-    wchar_t name[] = L"MS Shell Dlg";
     FONTDESC description{};
     description.cbSizeofstruct = sizeof description;
-    description.lpstrName = name;
+    description.lpstrName = const_cast<wchar_t*>(DialogFace);
     description.cySize.int64 = 82500; // 8.25 points in units of 1/10,000
     description.sWeight = FW_NORMAL;
     description.sCharset = DEFAULT_CHARSET;
@@ -60,6 +82,37 @@ bool HaveSameAttributes(IFontDisp* left, IFontDisp* right) {
         return left == right;
     }
     return AttributesOf(*leftFont) == AttributesOf(*rightFont);
+}
+
+Win::Font DrawingFont(IFontDisp* font, int dpi) noexcept {
+    const auto object = Com::Query<IFont>(font);
+    HFONT screenFont = nullptr;
+    CY size{};
+    LOGFONTW description{};
+    if (!object || FAILED(object->get_hFont(&screenFont)) || FAILED(object->get_Size(&size)) ||
+        !::GetObjectW(screenFont, sizeof description, &description)) {
+        return {};
+    }
+    description.lfHeight =
+        -::MulDiv(static_cast<int>(size.int64 / 100), dpi, SizeUnitsPerPoint / 100 * PointsPerInch);
+    description.lfWidth = 0;
+    return Win::Font(::CreateFontIndirectW(&description));
+}
+
+Win::Font CaptionFont(int dpi) noexcept {
+    return DialogFontAt(90, FW_BOLD, dpi);
+}
+
+Win::Font StatusFont(int dpi) noexcept {
+    return DialogFontAt(83, FW_NORMAL, dpi);
+}
+
+int TextWidth(HFONT font, const Text& text) noexcept {
+    const Win::WindowDc screen(nullptr);
+    const Win::Selection selected(screen.Get(), font);
+    SIZE size{};
+    ::GetTextExtentPoint32W(screen.Get(), Win::Wide(text), static_cast<int>(text.size()), &size);
+    return size.cx;
 }
 
 } // namespace Quorvane

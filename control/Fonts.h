@@ -7,6 +7,8 @@
 #include <ocidl.h>
 
 #include "control/com/ComPtr.h"
+#include "shared/Text.h"
+#include "win/Handle.h"
 
 namespace Quorvane {
 
@@ -15,5 +17,16 @@ Com::ComPtr<IFontDisp> NewDialogFont();
 
 /// Whether two font objects have the same attributes; a null font equals only null.
 bool HaveSameAttributes(IFontDisp* left, IFontDisp* right);
+
+/// A font to draw with, as high as the font object says at so many dots per inch. The object's own
+/// handle is made for the screen only. No font where the object is null or does not answer.
+Win::Font DrawingFont(IFontDisp* font, int dpi) noexcept;
+
+/// The bold font of the caption, and the font of the status bar, at so many dots per inch.
+Win::Font CaptionFont(int dpi) noexcept;
+Win::Font StatusFont(int dpi) noexcept;
+
+/// The width of a text in pixels.
+int TextWidth(HFONT font, const Text& text) noexcept;
 
 } // namespace Quorvane

@@ -24,7 +24,7 @@ constexpr GUID ControlCategories[] = {
 constexpr Com::ClassEntry Classes[] = {
     {.Clsid = &CLSID_FISControl,
      .Create = Com::CreateInstance<FISControl>,
-     .Registration = {.Title = u"Quorvane fuzzy inference control",
+     .Registration = {.Title = FISControl::Title,
                       .ProgId = u"QuorvaneAxEditor.FISControl",
                       .ProgIdVersion = u"1",
                       .IsControl = true,

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// Filling the lists of the control from the model and the values.
+#include <new>
+#include <optional>
+
+#include "control/Display.h"
+#include "control/DisplayWindow.h"
+#include "shared/Definition.h"
+#include "shared/NumberText.h"
+
+namespace Quorvane {
+namespace {
+
+std::vector<ListRow> RowsOf(const VariableDictionary& variables) {
+    std::vector<ListRow> rows;
+    rows.reserve(variables.Count());
+    for (const auto& [key, variable] : variables) {
+        rows.push_back({key,
+                        variable.Name + u" [" + UserNumberText(variable.LBound) + u", " +
+                            UserNumberText(variable.UBound) + u"]",
+                        {}});
+    }
+    return rows;
+}
+
+/// The value of a variable as a person reads it; nothing where it has no text form.
+std::optional<Text> ShownValue(ValueDictionary& values, TextView key) noexcept {
+    try {
+        return UserText(values.Get(key));
+    } catch (...) {
+        return std::nullopt;
+    }
+}
+
+/// Rows are found again after each value, since a host's dictionary may run code that refills the
+/// lists.
+void ShowRows(std::vector<ListRow>& rows, const std::optional<VariableDictionary>& variables,
+              const std::shared_ptr<ValueDictionary>& values) {
+    if (!values) {
+        return;
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const Text key = rows[i].Key;
+        if (!variables || !variables->Exists(key)) {
+            continue;
+        }
+        auto value = ShownValue(*values, key);
+        if (value && i < rows.size() && rows[i].Key == key) {
+            rows[i].Value = std::move(*value);
+        }
+    }
+}
+
+} // namespace
+
+void Display::FillVariableLists() {
+    lvwInput.Rows.clear();
+    lvwOutput.Rows.clear();
+    if (window_) {
+        window_->ShowRows();
+    }
+    const Definition::ProcessState& state = Definition::State();
+    lvwInput.Rows = RowsOf(Definition::Require(state.InputVariables));
+    lvwOutput.Rows = RowsOf(Definition::Require(state.OutputVariables));
+    if (window_) {
+        window_->ShowRows();
+    }
+}
+
+void Display::ShowValues() noexcept {
+    const Definition::ProcessState& state = Definition::State();
+    const std::shared_ptr<ValueDictionary> inputs = state.InputValues;
+    const std::shared_ptr<ValueDictionary> outputs = state.OutputValues;
+    try {
+        ShowRows(lvwInput.Rows, state.InputVariables, inputs);
+        ShowRows(lvwOutput.Rows, state.OutputVariables, outputs);
+    } catch (const std::bad_alloc&) {
+        // The remaining rows keep what they showed.
+    }
+    if (window_) {
+        window_->ShowValues();
+    }
+}
+
+} // namespace Quorvane

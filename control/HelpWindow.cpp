@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// The help file in its viewer.
+#include "control/HelpWindow.h"
+
+#include <htmlhelp.h>
+
+#include "win/WideText.h"
+
+namespace Quorvane {
+namespace {
+
+using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+
+/// The viewer's one function, null where the system has no viewer. The viewer stays loaded, as it
+/// must once it has a window.
+HtmlHelpFunction FindViewer() noexcept {
+    HMODULE const viewer = ::LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (!viewer) {
+        return nullptr;
+    }
+    const FARPROC found = ::GetProcAddress(viewer, "HtmlHelpW");
+    return reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(found));
+}
+
+bool IsFile(const Text& path) noexcept {
+    const DWORD attributes = ::GetFileAttributesW(Win::Wide(path));
+    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+} // namespace
+
+bool ShowHelpFile(HWND owner, const Text& file) noexcept {
+    if (!IsFile(file)) {
+        return false;
+    }
+    static const HtmlHelpFunction show = FindViewer();
+    return show && show(owner, Win::Wide(file), HH_DISPLAY_TOPIC, 0) != nullptr;
+}
+
+} // namespace Quorvane

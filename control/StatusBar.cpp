@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// The status bar.
+#include "control/StatusBar.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "control/Fonts.h"
+#include "control/com/Module.h"
+#include "win/WideText.h"
+
+namespace Quorvane {
+namespace {
+
+/// The display places the bar; the bar is not to place itself.
+constexpr DWORD BarStyle =
+    WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | CCS_NORESIZE | CCS_NOPARENTALIGN | CCS_NODIVIDER;
+
+constexpr WPARAM FirstPanel = 0;
+
+/// Right edges of the panels; -1 is that of the bar.
+struct PanelEdges {
+    int First;
+    int Second = -1;
+
+    bool operator==(const PanelEdges&) const = default;
+};
+
+} // namespace
+
+StatusBar::StatusBar(HWND parent, UINT id, const StatusPanel& panel)
+    : panel_(panel),
+      window_(Win::MakeWindow(Com::ModuleHandle(), STATUSCLASSNAMEW,
+                              {.Parent = parent, .Position = {}, .Style = BarStyle, .Id = id})) {}
+
+void StatusBar::SetDpi(int dpi, const Win::ImageList& images) {
+    Win::Font font = StatusFont(dpi);
+    ::SendMessageW(Get(), WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
+    font_ = std::move(font);
+    Win::Icon picture = images.Get(u"Error");
+    ::SendMessageW(Get(), SB_SETICON, FirstPanel, 0);
+    errorPicture_ = std::move(picture);
+}
+
+void StatusBar::Reflect() noexcept {
+    RECT area{};
+    ::GetClientRect(Get(), &area);
+    // A panel cannot be invisible; one without a width shows neither picture nor text.
+    const PanelEdges wanted{panel_.Visible ? static_cast<int>(area.right) : 0};
+    PanelEdges current{-1};
+    ::SendMessageW(Get(), SB_GETPARTS, 2, reinterpret_cast<LPARAM>(&current));
+    if (current != wanted) {
+        ::SendMessageW(Get(), SB_SETPARTS, 2, reinterpret_cast<LPARAM>(&wanted));
+    }
+    HICON const picture = panel_.HasErrorPicture ? errorPicture_.Get() : nullptr;
+    ::SendMessageW(Get(), SB_SETICON, FirstPanel, reinterpret_cast<LPARAM>(picture));
+    ::SendMessageW(Get(), SB_SETTEXTW, FirstPanel,
+                   reinterpret_cast<LPARAM>(Win::Wide(panel_.Message)));
+}
+
+} // namespace Quorvane
