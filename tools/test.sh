@@ -134,7 +134,7 @@ run_fuzzers() {
         mkdir -p "out/fuzz/$name"
         check "$name" "$program out/fuzz/$name.*" logged "$name" "$program" \
             -max_total_time="$1" -timeout=10 -rss_limit_mb=2048 \
-            -artifact_prefix="out/fuzz/$name." "out/fuzz/$name"
+            -artifact_prefix="out/fuzz/$name." "out/fuzz/$name" "tests/fuzz/corpus/$name"
     done
 }
 

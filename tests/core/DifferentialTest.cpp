@@ -51,28 +51,28 @@ class DifferentialTest : public CoreTest {
 };
 
 TEST_F(DifferentialTest, SmallSystemsWithManyOddities) {
-    Follow(1000, 3000, 30,
+    Follow(1000, 2000, 20,
            {.Inputs = 3, .Terms = 3, .Outputs = 3, .Rules = 8, .OddNames = 30, .OddOutputs = 30});
-    EXPECT_GT(Ends.Prepared, 3000);
-    EXPECT_GT(Ends.Succeeded, 20000);
+    EXPECT_GT(Ends.Prepared, 2000);
+    EXPECT_GT(Ends.Succeeded, 15000);
     EXPECT_GT(Ends.FailedToPrepare, 100);
     EXPECT_GT(Ends.FailedToInfer, 5000);
 }
 
 TEST_F(DifferentialTest, MiddlingSystems) {
-    Follow(2000, 600, 30, {});
-    EXPECT_GT(Ends.Succeeded, 5000);
+    Follow(2000, 400, 20, {});
+    EXPECT_GT(Ends.Succeeded, 4000);
     EXPECT_GT(Ends.FailedToInfer, 500);
 }
 
 TEST_F(DifferentialTest, LargeSystemsWithFewRules) {
-    Follow(3000, 60, 20, {.Inputs = 20, .Terms = 6, .Outputs = 5, .Rules = 200, .OddOutputs = 5});
-    EXPECT_GT(Ends.Succeeded, 300);
+    Follow(3000, 40, 20, {.Inputs = 20, .Terms = 6, .Outputs = 5, .Rules = 200, .OddOutputs = 5});
+    EXPECT_GT(Ends.Succeeded, 200);
 }
 
 TEST_F(DifferentialTest, SmallSystemsWithManyRules) {
-    Follow(4000, 60, 20, {.Inputs = 3, .Terms = 4, .Outputs = 2, .Rules = 400, .OddOutputs = 5});
-    EXPECT_GT(Ends.Succeeded, 300);
+    Follow(4000, 40, 20, {.Inputs = 3, .Terms = 4, .Outputs = 2, .Rules = 400, .OddOutputs = 5});
+    EXPECT_GT(Ends.Succeeded, 200);
 }
 
 } // namespace

@@ -117,7 +117,7 @@ TEST_F(RuleSelectionTest, GridsWithGapsFreeInputsAndSeveralRulesOfOneCombination
             }
         }
         std::ranges::sort(rules);
-        rules.erase(std::ranges::unique(rules).begin(), rules.end());
+        rules.erase(std::unique(rules.begin(), rules.end()), rules.end());
         for (std::size_t i = 0; i < rules.size(); i += 5) {
             Text again = rules[i] + u"5";
             rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(i), again);
@@ -129,7 +129,7 @@ TEST_F(RuleSelectionTest, GridsWithGapsFreeInputsAndSeveralRulesOfOneCombination
 
 TEST_F(RuleSelectionTest, SparseRuleBasesOfEverySizeAroundAMachineWord) {
     Random random(9);
-    for (const std::size_t count : {1, 2, 31, 32, 33, 63, 64, 65, 127, 128, 129, 200}) {
+    for (const std::size_t count : {1U, 2U, 31U, 32U, 33U, 63U, 64U, 65U, 127U, 128U, 129U, 200U}) {
         SCOPED_TRACE(count);
         // Twelve inputs of five terms have far more combinations than there are rules.
         StringKeyedDictionary<bool> rules(KeyComparison::Exact);
