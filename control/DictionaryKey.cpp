@@ -3,6 +3,7 @@
 #include "control/DictionaryKey.h"
 
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 
@@ -25,7 +26,8 @@ Text TaggedText(char16_t kind, std::uint64_t identity) {
     return text;
 }
 
-/// A numeric key as Double: keys of equal value are the same key whatever their types.
+/// A numeric key as Double: keys of equal value are the same key whatever their types. Raises
+/// InvalidCall for not-a-number, which equals nothing and so can be no key.
 std::optional<double> NumericKey(const VARIANT& key) {
     switch (key.vt) {
     case VT_I1:
@@ -43,8 +45,13 @@ std::optional<double> NumericKey(const VARIANT& key) {
     case VT_BOOL:
     case VT_CY:
     case VT_DATE:
-    case VT_DECIMAL:
-        return Com::ChangeType(key, VT_R8).Get().dblVal;
+    case VT_DECIMAL: {
+        const double number = Com::ChangeType(key, VT_R8).Get().dblVal;
+        if (std::isnan(number)) {
+            throw FisError(RuntimeError::InvalidCall);
+        }
+        return number;
+    }
     default:
         return std::nullopt;
     }
@@ -73,6 +80,12 @@ Text KeyText(const VARIANT& key) {
 
 /// The prime by which the platform's dictionary reduces its hashes.
 constexpr std::uint32_t HashModulus = 1201;
+
+std::uint32_t HashNumber(double number) {
+    // What is beyond the range of a float has no bits to reduce.
+    const auto reduced = static_cast<float>(number);
+    return std::isinf(reduced) ? 0 : std::bit_cast<std::uint32_t>(reduced) % HashModulus;
+}
 
 std::uint32_t HashText(TextView text, KeyComparison comparison) {
     const auto lower = [](char16_t character) {
@@ -109,8 +122,7 @@ LONG DictionaryKey::Hash(KeyComparison comparison) const {
     }
     const Com::Variant value = Com::WithoutReference(key_);
     if (const auto number = NumericKey(value.Get())) {
-        return static_cast<LONG>(std::bit_cast<std::uint32_t>(static_cast<float>(*number)) %
-                                 HashModulus);
+        return static_cast<LONG>(HashNumber(*number));
     }
     const bool isObject = value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN;
     const auto address = isObject ? reinterpret_cast<std::uintptr_t>(value.Get().punkVal) : 0;

@@ -14,7 +14,7 @@ constexpr std::size_t WordBits = 64;
 
 /// The most words that all sets together may take: 64 MB, far above what any system that a person
 /// designs needs, and below what would harm the host.
-constexpr std::size_t MostWords = 8 * 1024 * 1024;
+constexpr std::size_t MostWords = std::size_t{8} * 1024 * 1024;
 
 } // namespace
 

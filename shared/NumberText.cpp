@@ -80,15 +80,12 @@ std::optional<std::string> PlainDecimal(TextView text, TextView separator) {
     return text.empty() ? std::optional(number) : std::nullopt;
 }
 
-/// Whether a plain decimal out of a Double's range lies below it: its exponent, counted from its
-/// first significant digit, is negative.
+/// Whether a plain decimal out of a Double's range, and so not zero, lies below it: its exponent,
+/// counted from its first significant digit, is negative.
 bool Underflows(std::string_view number) {
     const auto exponentMark = number.find('e');
     const auto mantissa = number.substr(0, exponentMark);
     const auto significant = mantissa.find_first_of("123456789");
-    if (significant == std::string_view::npos) {
-        return true;
-    }
     const auto point = std::min(mantissa.find('.'), mantissa.size());
     // 64 bits, so that the sum with an exponent of 32 bits cannot overflow.
     auto exponent = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(significant);

@@ -36,6 +36,7 @@ class DictionaryStamp {
     static void Advance() noexcept { ++current_; }
 
   private:
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one count per process
     static inline std::uint64_t current_ = 1;
 };
 
@@ -199,6 +200,8 @@ class StringKeyedDictionary {
     /// Advances the stamp when the dictionary ends or its entries move to another.
     struct Life {
         Life() = default;
+        Life(const Life&) = delete;
+        Life& operator=(const Life&) = delete;
         Life(Life&&) noexcept { DictionaryStamp::Advance(); }
         Life& operator=(Life&&) noexcept {
             DictionaryStamp::Advance();

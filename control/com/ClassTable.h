@@ -30,9 +30,9 @@ struct ClassRegistration {
 };
 
 struct ClassEntry {
-    const CLSID* Clsid;
+    const CLSID* Clsid = nullptr;
     /// Makes an instance, aggregated where `outer` is not null, and asks it for `iid`. Throws.
-    void (*Create)(IUnknown* outer, REFIID iid, void** result);
+    void (*Create)(IUnknown* outer, REFIID iid, void** result) = nullptr;
     ClassRegistration Registration;
 };
 

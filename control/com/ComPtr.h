@@ -28,8 +28,12 @@ class ComPtr {
     requires std::is_convertible_v<U*, T*> ComPtr(ComPtr<U> other)
     noexcept : object_(other.Detach()) {}
 
-    ComPtr& operator=(ComPtr other) noexcept {
-        std::swap(object_, other.object_);
+    ComPtr& operator=(const ComPtr& other) noexcept {
+        ComPtr(other).Swap(*this);
+        return *this;
+    }
+    ComPtr& operator=(ComPtr&& other) noexcept {
+        ComPtr(std::move(other)).Swap(*this);
         return *this;
     }
     ~ComPtr() { Reset(); }
@@ -40,6 +44,8 @@ class ComPtr {
         result.object_ = object;
         return result;
     }
+
+    void Swap(ComPtr& other) noexcept { std::swap(object_, other.object_); }
 
     T* Get() const noexcept { return object_; }
     T* operator->() const noexcept { return object_; }

@@ -76,6 +76,7 @@ void RaiseEvent(IUnknown& sink, DISPID event, std::initializer_list<Variant> arg
     // Dispatch takes its arguments last first.
     std::vector<Variant> reversed(std::rbegin(arguments), std::rend(arguments));
     std::vector<VARIANT> values;
+    values.reserve(reversed.size());
     for (const Variant& argument : reversed) {
         values.push_back(argument.Get());
     }

@@ -73,6 +73,9 @@ class ConnectionPoints : public IConnectionPointContainer {
   public:
     using Answers = InterfaceList<IConnectionPointContainer>;
 
+    ConnectionPoints(const ConnectionPoints&) = delete;
+    ConnectionPoints& operator=(const ConnectionPoints&) = delete;
+
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** enumerator) noexcept override {
         return Guard<IConnectionPointContainer>([&] {
             Out(enumerator) = nullptr;

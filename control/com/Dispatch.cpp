@@ -19,6 +19,9 @@ constexpr auto ObjectNotSet = static_cast<HRESULT>(0x800A005B);
 /// Exception information whose texts are freed where the caller has no use for them.
 class ScopedException {
   public:
+    ScopedException() = default;
+    ScopedException(const ScopedException&) = delete;
+    ScopedException& operator=(const ScopedException&) = delete;
     ~ScopedException() {
         ::SysFreeString(info_.bstrSource);
         ::SysFreeString(info_.bstrDescription);
@@ -112,9 +115,9 @@ void FillException(HRESULT result, EXCEPINFO* exception) noexcept {
 }
 
 HRESULT InvokeMember(const TypeDescription& type, IDispatch* target, const DispatchCall& call) {
-    DISPPARAMS none{};
+    DISPPARAMS normal = NormalArguments(call.Arguments, call.Flags);
     DispatchCall fitted = call;
-    fitted.Arguments = call.Arguments ? call.Arguments : &none;
+    fitted.Arguments = &normal;
     const DispatchMember* const member = type.Find(call.Member, call.Flags);
     if (IsMeantForValue(type, fitted)) {
         return InvokeOnValue(type, target, fitted);
@@ -122,7 +125,7 @@ HRESULT InvokeMember(const TypeDescription& type, IDispatch* target, const Dispa
     if (!member) {
         return DISP_E_MEMBERNOTFOUND;
     }
-    DispatchArguments arguments(*member, *fitted.Arguments, call.BadArgument);
+    DispatchArguments arguments(*member, normal, call.BadArgument);
     fitted.Arguments = arguments.Get();
     const HRESULT result = InvokeTyped(type, target, fitted);
     if (SUCCEEDED(result)) {

@@ -66,7 +66,7 @@ void StoreThrough(const VARIANT& reference, const VARIANT& value) {
 /// Stores into the variable that a by-reference argument means; the variable keeps its type
 /// where it had one that the value converts to.
 void Assign(const VARIANT& argument, const Variant& value) {
-    VARIANT& variable = const_cast<VARIANT&>(Dereference(argument));
+    auto& variable = const_cast<VARIANT&>(Dereference(argument));
     if (IsReference(variable.vt)) {
         StoreThrough(variable, value.Get());
         return;
@@ -78,20 +78,33 @@ void Assign(const VARIANT& argument, const Variant& value) {
 
 } // namespace
 
+DISPPARAMS NormalArguments(const DISPPARAMS* arguments, WORD flags) {
+    if (!arguments) {
+        return {};
+    }
+    DISPPARAMS normal = *arguments;
+    const bool lacksArguments = normal.cArgs > 0 && !normal.rgvarg;
+    const bool lacksNames = normal.cNamedArgs > 0 && !normal.rgdispidNamedArgs;
+    if (lacksArguments || lacksNames || normal.cNamedArgs > normal.cArgs) {
+        throw HresultError(E_INVALIDARG);
+    }
+    const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (isPut && normal.cArgs > 0 && normal.cNamedArgs == 0) {
+        static DISPID newValue = DISPID_PROPERTYPUT;
+        normal.rgdispidNamedArgs = &newValue;
+        normal.cNamedArgs = 1;
+    }
+    return normal;
+}
+
 DispatchArguments::DispatchArguments(const DispatchMember& member, const DISPPARAMS& arguments,
                                      UINT* badArgument)
     : parameters_(arguments), values_(arguments.rgvarg, arguments.rgvarg + arguments.cArgs) {
-    DropSurplus(member.Parameters.size());
-    const std::size_t named = parameters_.cNamedArgs;
+    const std::size_t parameters = member.Parameters.size();
+    DropSurplus(parameters);
     for (std::size_t index = 0; index < values_.size(); ++index) {
-        // Named arguments come first and name their parameter; the rest come in reverse order.
-        std::size_t parameter = values_.size() - 1 - index;
-        if (index < named) {
-            const DISPID name = parameters_.rgdispidNamedArgs[index];
-            parameter = name == DISPID_PROPERTYPUT ? member.Parameters.size() - 1
-                                                   : static_cast<std::size_t>(name);
-        }
-        if (parameter >= member.Parameters.size()) {
+        const std::size_t parameter = ParameterOf(index, parameters);
+        if (parameter >= parameters) {
             continue;
         }
         try {
@@ -104,16 +117,23 @@ DispatchArguments::DispatchArguments(const DispatchMember& member, const DISPPAR
         }
     }
     // Only now: a stand's address is final once all of them are there.
-    std::size_t stand = 0;
-    for (VARIANT& value : values_) {
-        if (value.vt == VT_ILLEGAL) {
-            VARIANT& current = stands_[stand++].Current.Get();
-            value.vt = static_cast<VARTYPE>(current.vt | VT_BYREF);
-            value.byref = &current.llVal;
-        }
+    for (Stand& stand : stands_) {
+        VARIANT& value = values_[stand.Index];
+        value.vt = static_cast<VARTYPE>(stand.Current.Type() | VT_BYREF);
+        value.byref = &stand.Current.Get().llVal;
     }
     parameters_.rgvarg = values_.data();
     parameters_.cArgs = static_cast<UINT>(values_.size());
+}
+
+/// Named arguments come first and name their parameter; the rest come in reverse order.
+std::size_t DispatchArguments::ParameterOf(std::size_t index,
+                                           std::size_t parameters) const noexcept {
+    if (index >= parameters_.cNamedArgs) {
+        return values_.size() - 1 - index;
+    }
+    const DISPID name = parameters_.rgdispidNamedArgs[index];
+    return name == DISPID_PROPERTYPUT ? parameters - 1 : static_cast<std::size_t>(name);
 }
 
 /// Containers are known to send more than a member takes; the last positional ones go.
@@ -129,8 +149,12 @@ void DispatchArguments::DropSurplus(std::size_t parameters) {
 
 void DispatchArguments::Fit(std::size_t index, VARTYPE parameter) {
     VARIANT& value = values_[index];
+    const VARIANT& meant = Dereference(value);
+    if (IsReference(meant.vt) && !meant.byref) {
+        throw HresultError(DISP_E_TYPEMISMATCH);
+    }
     if (!IsReference(parameter)) {
-        value = Dereference(value);
+        value = VARIANT(meant);
         return;
     }
     const auto type = static_cast<VARTYPE>(parameter & ~VT_BYREF);
@@ -139,13 +163,8 @@ void DispatchArguments::Fit(std::size_t index, VARTYPE parameter) {
     }
     // A script passes a variable as a reference to a variant, or one of another type: the type
     // information refuses both for a typed reference (error 13), though the value converts.
-    const VARIANT& original =
-        IsReference(value.vt)
-            ? (parameters_.rgvarg[index + (index >= parameters_.cNamedArgs ? dropped_ : 0)])
-            : value;
-    Variant converted = ChangeType(value, type);
-    stands_.push_back({IsReference(original.vt) ? &original : nullptr, converted, converted});
-    value.vt = VT_ILLEGAL;
+    const Variant converted = ChangeType(value, type);
+    stands_.push_back({index, value, converted, converted});
 }
 
 UINT DispatchArguments::OriginalIndex(UINT index) const noexcept {
@@ -154,8 +173,9 @@ UINT DispatchArguments::OriginalIndex(UINT index) const noexcept {
 
 void DispatchArguments::HandBack() {
     for (const Stand& stand : stands_) {
-        if (stand.Original && !HaveSameValue(stand.Before.Get(), stand.Current.Get())) {
-            Assign(*stand.Original, stand.Current);
+        if (IsReference(stand.Original.vt) &&
+            !HaveSameValue(stand.Before.Get(), stand.Current.Get())) {
+            Assign(stand.Original, stand.Current);
         }
     }
 }

@@ -13,12 +13,17 @@
 
 namespace Quorvane::Com {
 
+/// A call's arguments in the form that the rules of dispatch ask for: no argument for a null
+/// pointer, and the name that marks a property's new value where a host leaves it out. Throws
+/// HresultError(E_INVALIDARG) for arguments or names that are promised but not there.
+DISPPARAMS NormalArguments(const DISPPARAMS* arguments, WORD flags);
+
 /// A copy of a call's arguments that fits a member. The caller's arguments must outlive it.
 class DispatchArguments {
   public:
     /// Drops surplus arguments and replaces those that a by-reference parameter would refuse.
     /// Throws HresultError(DISP_E_TYPEMISMATCH) for one that does not convert; `badArgument`, if
-    /// not null, then receives its index.
+    /// not null, then receives its index. The arguments are well formed (see NormalArguments).
     DispatchArguments(const DispatchMember& member, const DISPPARAMS& arguments, UINT* badArgument);
 
     DISPPARAMS* Get() noexcept { return &parameters_; }
@@ -33,12 +38,15 @@ class DispatchArguments {
   private:
     /// A by-reference argument whose variable has another type: the member gets a converted copy.
     struct Stand {
-        const VARIANT* Original;
+        std::size_t Index;
+        /// As the caller passed it; borrowed.
+        VARIANT Original;
         Variant Before;
         Variant Current;
     };
 
     void DropSurplus(std::size_t parameters);
+    std::size_t ParameterOf(std::size_t index, std::size_t parameters) const noexcept;
     void Fit(std::size_t index, VARTYPE parameter);
 
     DISPPARAMS parameters_;

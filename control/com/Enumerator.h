@@ -127,7 +127,7 @@ class Enumerator final : public ComObject<I> {
     }
 
     std::shared_ptr<const Items> items_;
-    std::size_t position_;
+    std::size_t position_ = 0;
 };
 
 } // namespace Quorvane::Com

@@ -9,13 +9,13 @@
 #include "control/com/ErrorBoundary.h"
 #include "control/com/Scoped.h"
 
-// The linker's name for the start of the module's image.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
-
 namespace Quorvane::Com {
 namespace {
 
-std::atomic<LONG> LockCount = 0;
+std::atomic<LONG>& LockCount() {
+    static std::atomic<LONG> count = 0;
+    return count;
+}
 
 /// Which thread the instances live on, and how many they are.
 struct InstanceThread {
@@ -32,7 +32,12 @@ InstanceThread& Instances() {
 } // namespace
 
 HMODULE ModuleHandle() noexcept {
-    return reinterpret_cast<HMODULE>(&__ImageBase);
+    static const char place = 0;
+    HMODULE module = nullptr;
+    ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                             GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                         reinterpret_cast<const wchar_t*>(&place), &module);
+    return module;
 }
 
 Text ModulePath() {
@@ -60,10 +65,10 @@ ModuleLock::~ModuleLock() {
 }
 
 void LockModule(bool lock) noexcept {
-    LockCount += lock ? 1 : -1;
+    LockCount() += lock ? 1 : -1;
 }
 LONG ModuleLockCount() noexcept {
-    return LockCount;
+    return LockCount();
 }
 
 InstanceClaim InstanceClaim::ForThisThread() {

@@ -57,6 +57,8 @@ class InstanceClaim {
     /// while instances live on another thread.
     static InstanceClaim ForThisThread();
 
+    InstanceClaim(const InstanceClaim&) = delete;
+    InstanceClaim& operator=(const InstanceClaim&) = delete;
     InstanceClaim(InstanceClaim&& other) noexcept;
     InstanceClaim& operator=(InstanceClaim&& other) noexcept;
     ~InstanceClaim();

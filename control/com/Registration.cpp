@@ -51,7 +51,7 @@ Text VersionedProgId(const ClassRegistration& registration) {
 
 /// The part of the registry that holds the classes of the scope.
 RegistryKey OpenClasses(RegistrationScope scope) {
-    HKEY const hive = scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+    auto* const hive = scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
     HKEY classes = nullptr;
     CheckWin32(::RegCreateKeyExW(hive, L"Software\\Classes", 0, nullptr, 0, KEY_READ | KEY_WRITE,
                                  nullptr, &classes, nullptr));
@@ -142,7 +142,8 @@ void RegisterTypeLibrary(RegistrationScope scope, const Text& modulePath) {
 Text LibraryPath() {
     const ModuleDescription& module = DescribeModule();
     char locale[8];
-    const auto end = std::to_chars(std::begin(locale), std::end(locale), module.Locale, 16).ptr;
+    const auto* const end =
+        std::to_chars(std::begin(locale), std::end(locale), module.Locale, 16).ptr;
     return u"TypeLib\\" + GuidText(*module.TypeLibrary) + u"\\" + VersionText() + u"\\" +
            Widen({std::begin(locale), end}) + (OwnKind == SYS_WIN64 ? u"\\win64" : u"\\win32");
 }

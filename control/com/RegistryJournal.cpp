@@ -16,8 +16,9 @@ RegistryKey RegistryKey::Open(HKEY parent, const Text& path, REGSAM access) noex
 }
 
 RegistryJournal::~RegistryJournal() {
-    for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
-        Undo(*change);
+    while (!changes_.empty()) {
+        Undo(changes_.back());
+        changes_.pop_back();
     }
 }
 

@@ -18,6 +18,8 @@ class RegistryKey {
   public:
     RegistryKey() noexcept = default;
     explicit RegistryKey(HKEY key) noexcept : key_(key) {}
+    RegistryKey(const RegistryKey&) = delete;
+    RegistryKey& operator=(const RegistryKey&) = delete;
     RegistryKey(RegistryKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
     RegistryKey& operator=(RegistryKey&& other) noexcept {
         std::swap(key_, other.key_);

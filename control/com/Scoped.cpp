@@ -15,7 +15,7 @@ Variant::Variant(const VARIANT& value) : Variant() {
 Variant ChangeType(const VARIANT& value, VARTYPE type) {
     Variant result;
     // The platform does not follow a by-reference variant in every conversion; follow it here.
-    VARIANT& source = const_cast<VARIANT&>(Dereference(value));
+    auto& source = const_cast<VARIANT&>(Dereference(value));
     Check(::VariantChangeType(result.Put(), &source, 0, type));
     return result;
 }

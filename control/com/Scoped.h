@@ -38,8 +38,8 @@ inline Text ToText(const wchar_t* text) {
 
 /// A new BSTR for the caller to free. Throws std::bad_alloc.
 inline BSTR NewBstr(TextView text) {
-    BSTR const result = ::SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()),
-                                            static_cast<UINT>(text.size()));
+    auto* const result = ::SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()),
+                                             static_cast<UINT>(text.size()));
     if (!result) {
         throw std::bad_alloc();
     }
@@ -51,6 +51,8 @@ class Bstr {
   public:
     Bstr() noexcept = default;
     explicit Bstr(TextView text) : text_(NewBstr(text)) {}
+    Bstr(const Bstr&) = delete;
+    Bstr& operator=(const Bstr&) = delete;
     Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
     Bstr& operator=(Bstr&& other) noexcept {
         std::swap(text_, other.text_);
@@ -76,7 +78,7 @@ class Bstr {
 /// An owned VARIANT. Copies are deep; a copy that fails throws (std::bad_alloc or HresultError).
 class Variant {
   public:
-    Variant() noexcept { ::VariantInit(&value_); }
+    Variant() noexcept = default;
     explicit Variant(const VARIANT& value);
     explicit Variant(TextView text) : Variant() {
         value_.bstrVal = NewBstr(text);
@@ -105,7 +107,8 @@ class Variant {
     }
     Variant(const Variant& other) : Variant(other.value_) {}
     Variant(Variant&& other) noexcept : value_(other.value_) { other.value_.vt = VT_EMPTY; }
-    Variant& operator=(Variant other) noexcept {
+    Variant& operator=(const Variant& other) { return *this = Variant(other); }
+    Variant& operator=(Variant&& other) noexcept {
         std::swap(value_, other.value_);
         return *this;
     }
@@ -136,7 +139,7 @@ class Variant {
     }
 
   private:
-    VARIANT value_;
+    VARIANT value_{};
 };
 
 /// The value as another type, by the platform's conversion in the user's locale. Objects give

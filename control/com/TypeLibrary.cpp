@@ -46,6 +46,8 @@ class Function {
     FUNCDESC* description_ = nullptr;
 };
 
+// NOLINTBEGIN(misc-no-recursion): types nest, as deep as the library declares them.
+
 VARTYPE TypeOf(ITypeInfo& info, const TYPEDESC& type);
 
 /// The type behind a name: an alias gives what it stands for, an interface an object.
@@ -87,6 +89,8 @@ VARTYPE TypeOf(ITypeInfo& info, const TYPEDESC& type) {
     const bool isInterface = type.lptdesc->vt == VT_USERDEFINED && IsObject(target);
     return isInterface ? target : static_cast<VARTYPE>(target | VT_BYREF);
 }
+
+// NOLINTEND(misc-no-recursion)
 
 DispatchMember DescribeMember(ITypeInfo& info, const Function& function) {
     DispatchMember member{function->memid, function->invkind, {}, false};
@@ -145,13 +149,13 @@ std::shared_ptr<const TypeDescription> DescribeEmbeddedType(REFGUID guid) {
     const std::lock_guard guard(cache.Guard);
     std::erase_if(cache.Entries, [](const auto& entry) { return entry.Description.expired(); });
     for (const auto& entry : cache.Entries) {
-        if (const auto description = entry.Description.lock(); description && entry.Guid == guid) {
+        if (auto description = entry.Description.lock(); description && entry.Guid == guid) {
             return description;
         }
     }
     ComPtr<ITypeInfo> info;
     Check(LoadEmbeddedLibrary()->GetTypeInfoOfGuid(guid, info.Put()));
-    const auto description = DescribeType(std::move(info));
+    auto description = DescribeType(std::move(info));
     cache.Entries.push_back({guid, description});
     return description;
 }
