@@ -276,6 +276,40 @@ TEST_F(Dispatch, DropsSurplusArguments) {
     EXPECT_EQ(surplus.Get().lVal, 9);
 }
 
+TEST_F(Dispatch, TakesAPropertysNewValueWithoutItsName) {
+    Com::Variant value(42);
+    DISPPARAMS parameters{&value.Get(), nullptr, 1, 0};
+    EXPECT_EQ(dispatch_->Invoke(1, IID_NULL, 0, Put, &parameters, nullptr, nullptr, nullptr), S_OK);
+    EXPECT_EQ(trial_->Number, 42);
+}
+
+TEST_F(Dispatch, RefusesArgumentsThatArePromisedButNotThere) {
+    Com::Variant value(42);
+    DISPID names[2]{};
+    DISPPARAMS cases[] = {
+        {nullptr, nullptr, 1, 0},
+        {&value.Get(), nullptr, 1, 1},
+        {&value.Get(), names, 1, 2},
+    };
+    for (DISPPARAMS& parameters : cases) {
+        EXPECT_EQ(dispatch_->Invoke(1, IID_NULL, 0, Put, &parameters, nullptr, nullptr, nullptr),
+                  E_INVALIDARG);
+    }
+}
+
+TEST_F(Dispatch, RefusesANullReference) {
+    VARIANT text{};
+    text.vt = VT_BYREF | VT_BSTR;
+    VARIANT number{};
+    number.vt = VT_BYREF | VT_VARIANT;
+    Com::Variant good(5);
+    EXPECT_EQ(Call(Method, L"Advance", {&text, &good.Get()}).Result, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Call(Method, L"Advance", {&good.Get(), &number}).Result, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Call(Put, L"Number", {&number}).Result, DISP_E_TYPEMISMATCH);
+    number.pvarVal = &text;
+    EXPECT_EQ(Call(Put, L"Number", {&number}).Result, DISP_E_TYPEMISMATCH);
+}
+
 TEST_F(Dispatch, MissesArgumentsThatAreNotThere) {
     EXPECT_EQ(CallWith(Method, L"Advance", {Com::Variant(u"abc")}).Result, DISP_E_BADPARAMCOUNT);
 }
