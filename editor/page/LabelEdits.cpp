@@ -71,12 +71,14 @@ class LabelEdit {
 
     bool RenameTerm() {
         const Text oldName(LastPart(node_));
+        // Raises before the rules change where the model has lost the term.
+        LinguisticTerm& term = variable_.MF.At(oldName);
         const Text stem = variable_.Name + traits_.TermMark;
         if (!Rename(oldName, variable_.MF, stem + oldName, stem + label_)) {
             return false;
         }
         variable_.MF.Rekey(oldName, label_);
-        variable_.MF.At(label_).Name = label_;
+        term.Name = label_;
         RekeyChildren(node_, node_.Parent->Key + u'\\' + label_);
         node_.Caption = label_;
         return true;
@@ -94,9 +96,13 @@ class LabelEdit {
 
     bool SetBound(double& bound, std::optional<double> lower, std::optional<double> upper) {
         const auto number = CheckedNumber(lower, upper);
+        if (!number) {
+            // The model can have been replaced while the message was open.
+            return false;
+        }
         const double other = &bound == &variable_.UBound ? variable_.LBound : variable_.UBound;
-        if (!number || (traits_.ChecksBoundPair && !DesignTime::ValidateBoundsDiffer(
-                                                       UserNumberText(other), label_, prompt_))) {
+        if (traits_.ChecksBoundPair &&
+            !DesignTime::ValidateBoundsDiffer(UserNumberText(other), label_, prompt_)) {
             return false;
         }
         bound = *number;

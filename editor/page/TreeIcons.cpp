@@ -67,7 +67,8 @@ class Picture {
                 const Point centre{(x + 0.5) / unit_, (y + 0.5) / unit_};
                 const double share = std::clamp(depth(centre) * unit_ + 0.5, 0.0, 1.0);
                 if (share > 0) {
-                    Blend(pixels_[static_cast<std::size_t>(y * side_ + x)], color, share);
+                    const int at = y * side_ + x;
+                    Blend(pixels_[static_cast<std::size_t>(at)], color, share);
                 }
             }
         }
@@ -75,7 +76,7 @@ class Picture {
 
     static void Blend(std::uint32_t& pixel, Color color, double share) {
         const auto mix = [&](int shift, int value) {
-            const double below = static_cast<double>(pixel >> shift & 0xFF);
+            const auto below = static_cast<double>(pixel >> shift & 0xFF);
             return static_cast<std::uint32_t>(std::lround(below * (1 - share) + value * share))
                    << shift;
         };

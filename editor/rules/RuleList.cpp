@@ -37,7 +37,7 @@ std::optional<std::size_t> IndexOf(const Rows& rows, Predicate wanted) {
 RuleList::RuleList(std::vector<Text> inputs, std::vector<Text> outputs)
     : inputs_(std::move(inputs)), outputs_(std::move(outputs)) {}
 
-RuleList::Row RuleList::MakeRow(std::size_t number, Text rule) const {
+RuleList::Row RuleList::MakeRow(std::size_t number, Text rule) {
     const std::size_t hash = HashOf(SplitRule(rule).Head);
     return {number, std::move(rule), hash};
 }
@@ -73,7 +73,7 @@ void RuleList::ApplyOrder() {
     if (column == 0) {
         SortRows([](const Row& row) { return row.Number; });
     } else if (column + 1 == ColumnCount()) {
-        SortRows([this](const Row& row) { return Weight(row); });
+        SortRows([](const Row& row) { return Weight(row); });
     } else {
         SortRows([this, column](const Row& row) { return FoldedText{Term(row, column)}; });
     }
@@ -115,7 +115,7 @@ TextView RuleList::Term(const Row& row, std::size_t column) const {
     return term.value_or(TextView());
 }
 
-double RuleList::Weight(const Row& row) const {
+double RuleList::Weight(const Row& row) {
     try {
         return ParseNumber(SplitRule(row.Rule).Weight);
     } catch (const FisError&) {

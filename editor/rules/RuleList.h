@@ -61,9 +61,9 @@ class RuleList {
         bool Descending;
     };
 
-    Row MakeRow(std::size_t number, Text rule) const;
+    static Row MakeRow(std::size_t number, Text rule);
     TextView Term(const Row& row, std::size_t column) const;
-    double Weight(const Row& row) const;
+    static double Weight(const Row& row);
     void ApplyOrder();
     template <class KeyOf>
     void SortRows(KeyOf keyOf);

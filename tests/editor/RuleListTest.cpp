@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+// Tests of the rule texts' parts and of the rows of the rule list.
+#include "editor/rules/RuleList.h"
+
+#include "editor/rules/RuleText.h"
+#include "tests/core/TestPlatform.h"
+#include "tests/editor/EditorTest.h"
+
+namespace Quorvane::Editor {
+namespace {
+
+class RuleListTest : public EditorTest {
+  protected:
+    void Fill(const std::vector<Text>& rules) {
+        RuleDictionary dictionary(KeyComparison::IgnoreCase);
+        for (const Text& rule : rules) {
+            dictionary.Add(rule, rule);
+        }
+        List.Fill(dictionary);
+    }
+
+    std::vector<Text> Cells(std::size_t row) const {
+        std::vector<Text> cells;
+        for (std::size_t column = 0; column < List.ColumnCount(); ++column) {
+            cells.push_back(List.CellText(row, column));
+        }
+        return cells;
+    }
+
+    /// The numbers of the rows from top to bottom.
+    std::vector<std::size_t> Numbers() const {
+        std::vector<std::size_t> numbers;
+        for (std::size_t row = 0; row < List.Count(); ++row) {
+            numbers.push_back(List.Number(row));
+        }
+        return numbers;
+    }
+
+    RuleList List{{u"A", u"B"}, {u"C"}};
+};
+
+using RowNumbers = std::vector<std::size_t>;
+
+TEST_F(RuleListTest, SplitsRules) {
+    struct Case {
+        TextView Rule;
+        TextView Head;
+        TextView Antecedents;
+        TextView Consequents;
+        TextView Weight;
+    };
+    const Case cases[] = {
+        {u"A>X;B>Y/C<P;D<Q:0.5", u"A>X;B>Y/C<P;D<Q", u"A>X;B>Y", u"C<P;D<Q", u"0.5"},
+        {u"A>[NONE]/C<[NONE]:1", u"A>[NONE]/C<[NONE]", u"A>[NONE]", u"C<[NONE]", u"1"},
+        {u"", u"", u"", u"", u""},
+        {u":", u"", u"", u"", u""},
+        {u"/", u"/", u"", u"", u""},
+        {u"A>X", u"A>X", u"A>X", u"", u""},
+        {u"A>X:1", u"A>X", u"A>X", u"", u"1"},
+        {u"A>X/C<P", u"A>X/C<P", u"A>X", u"C<P", u""},
+        {u"A>X/C<P/D<Q:1:2", u"A>X/C<P/D<Q", u"A>X", u"C<P", u"1"},
+        {u":A>X/C<P", u"", u"", u"", u"A>X/C<P"},
+    };
+    for (const auto& [rule, head, antecedents, consequents, weight] : cases) {
+        const RuleParts parts = SplitRule(rule);
+        EXPECT_EQ(parts.Head, head) << Narrow(rule);
+        EXPECT_EQ(parts.Antecedents, antecedents) << Narrow(rule);
+        EXPECT_EQ(parts.Consequents, consequents) << Narrow(rule);
+        EXPECT_EQ(parts.Weight, weight) << Narrow(rule);
+    }
+}
+
+TEST_F(RuleListTest, FindsTheTermOfAVariable) {
+    struct Case {
+        TextView List;
+        TextView Variable;
+        std::optional<TextView> Term;
+    };
+    const Case cases[] = {
+        {u"A>X;B>Y", u"A", u"X"}, {u"A>X;B>Y", u"b", u"Y"}, {u"A>X;B>Y", u"C", std::nullopt},
+        {u"BA>X", u"A", {}},      {u"A>X;A>Y", u"A", u"X"}, {u"", u"A", std::nullopt},
+        {u"A", u"A", u""},        {u";;A>X", u"A", u"X"},   {u"A>X>Y", u"A", u"X>Y"},
+        {u"A<X", u"A", {}},       {u"A>", u"A", u""},
+    };
+    for (const auto& [list, variable, term] : cases) {
+        EXPECT_EQ(TermOf(list, u'>', variable), term) << Narrow(list);
+    }
+    EXPECT_EQ(TermOf(u"C<P;D<Q", u'<', u"D"), u"Q");
+}
+
+TEST_F(RuleListTest, ShowsWeightsInTheUsersForm) {
+    const TestPlatform platform({}, u",");
+    const PlatformInUse installed(platform);
+    const std::pair<TextView, TextView> cases[] = {
+        {u"0.5", u"0,5"}, {u"1", u"1"}, {u"0.50", u"0,5"}, {u"heavy", u"heavy"}, {u"", u""}};
+    for (const auto& [weight, shown] : cases) {
+        EXPECT_EQ(UserWeightText(weight), shown);
+    }
+}
+
+TEST_F(RuleListTest, ARowHasItsNumberItsTermsAndItsWeight) {
+    Fill({u"A>X;B>[NONE]/C<P:1", u"B>Y;A>Z/C<Q:0.5"});
+    EXPECT_EQ(List.Count(), 2U);
+    EXPECT_EQ(List.ColumnCount(), 5U);
+    EXPECT_EQ(Cells(0), Texts({u"1", u"X", u"[NONE]", u"P", u"1"}));
+    EXPECT_EQ(Cells(1), Texts({u"2", u"Z", u"Y", u"Q", u"0.5"}));
+    EXPECT_EQ(List.Rule(1), u"B>Y;A>Z/C<Q:0.5");
+}
+
+TEST_F(RuleListTest, DamagedRulesHaveEmptyCells) {
+    const std::pair<Text, std::vector<Text>> cases[] = {
+        {u"", Texts({u"1", u"", u"", u"", u""})},
+        {u":::", Texts({u"1", u"", u"", u"", u""})},
+        {u"nonsense", Texts({u"1", u"", u"", u"", u""})},
+        {u"A>X", Texts({u"1", u"X", u"", u"", u""})},
+        {u"Q>X/R<P:much", Texts({u"1", u"", u"", u"", u"much"})},
+        {u"A<X/C>P:1", Texts({u"1", u"", u"", u"", u"1"})},
+        {u";;/;;:0.5", Texts({u"1", u"", u"", u"", u"0.5"})},
+    };
+    for (const auto& [rule, cells] : cases) {
+        Fill({rule});
+        EXPECT_EQ(Cells(0), cells) << Narrow(rule);
+    }
+}
+
+TEST_F(RuleListTest, AnInputAndAnOutputOfOneNameHaveTheirOwnCells) {
+    List = RuleList({u"A"}, {u"A"});
+    Fill({u"A>X/A<P:1"});
+    EXPECT_EQ(Cells(0), Texts({u"1", u"X", u"P", u"1"}));
+}
+
+TEST_F(RuleListTest, SortsUpAndThenDown) {
+    struct Case {
+        std::size_t Column;
+        RowNumbers Up;
+        RowNumbers Down;
+    };
+    std::vector<Text> rules{u"A>b;B>X/C<P:0.5", u"A>B;B>Z/C<Q:1E-05", u"A>a;B>Y/C<P:1",
+                            u"A>c;B>W/C<R:0.06"};
+    const Case cases[] = {
+        {0, {1, 2, 3, 4}, {4, 3, 2, 1}},
+        // Without regard to case; equal rows stay in their order.
+        {1, {3, 1, 2, 4}, {4, 1, 2, 3}},
+        {2, {4, 1, 3, 2}, {2, 3, 1, 4}},
+        {3, {1, 3, 2, 4}, {4, 2, 1, 3}},
+        // As numbers: as texts 1 came before 1E-05.
+        {4, {2, 4, 1, 3}, {3, 1, 4, 2}},
+    };
+    for (const auto& [column, up, down] : cases) {
+        List = RuleList({u"A", u"B"}, {u"C"});
+        Fill(rules);
+        List.SortBy(column);
+        EXPECT_EQ(Numbers(), up) << "column " << column;
+        List.SortBy(column);
+        EXPECT_EQ(Numbers(), down) << "column " << column;
+    }
+}
+
+TEST_F(RuleListTest, SortsNumbersBeyondNineAsNumbers) {
+    std::vector<Text> rules;
+    for (char16_t letter = u'a'; letter <= u'l'; ++letter) {
+        rules.push_back(Text(u"A>") + letter + u";B>Y/C<P:1");
+    }
+    Fill(rules);
+    List.SortBy(0);
+    EXPECT_EQ(Numbers(), (RowNumbers{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+}
+
+TEST_F(RuleListTest, TheOrderTogglesWithEveryClickWhateverTheColumn) {
+    Fill({u"A>b;B>X/C<P:1", u"A>a;B>Y/C<P:1"});
+    List.SortBy(1);
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 1}));
+    List.SortBy(2);
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 1}));
+    List.SortBy(1);
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 1}));
+    List.SortBy(1);
+    EXPECT_EQ(Numbers(), (RowNumbers{1, 2}));
+}
+
+TEST_F(RuleListTest, AWeightThatIsNoNumberSortsFirst) {
+    Fill({u"A>X/C<P:0", u"A>Y/C<P:heavy", u"A>Z/C<P"});
+    List.SortBy(4);
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 3, 1}));
+}
+
+TEST_F(RuleListTest, KeepsItsOrderWhenItIsFilledAnewButAppendsAtTheEnd) {
+    Fill({u"A>b;B>X/C<P:1", u"A>a;B>Y/C<P:1"});
+    List.SortBy(1);
+    Fill({u"A>c;B>X/C<P:1", u"A>b;B>X/C<P:1", u"A>a;B>Y/C<P:1"});
+    EXPECT_EQ(Numbers(), (RowNumbers{3, 2, 1}));
+    EXPECT_EQ(List.Append(u"A>a;B>A/C<P:1"), 3U);
+    EXPECT_EQ(Numbers(), (RowNumbers{3, 2, 1, 4}));
+    List.Replace(0, u"A>z;B>Y/C<P:0.5");
+    EXPECT_EQ(Numbers(), (RowNumbers{3, 2, 1, 4}));
+    EXPECT_EQ(Cells(0), Texts({u"3", u"z", u"Y", u"P", u"0.5"}));
+}
+
+TEST_F(RuleListTest, FindsRowsWithoutRegardToCase) {
+    Fill({u"A>X/C<P:1", u"A>X/C<P:0.5", u"A>Y/C<P:1"});
+    EXPECT_EQ(List.FindHead(u"a>x/c<p"), 0U);
+    EXPECT_EQ(List.FindHead(u"A>Y/C<P"), 2U);
+    EXPECT_EQ(List.FindHead(u"A>Z/C<P"), std::nullopt);
+    EXPECT_EQ(List.FindHead(u"A>X/C<P:1"), std::nullopt);
+    EXPECT_EQ(List.FindRule(u"a>X/C<P:0.5"), 1U);
+    EXPECT_EQ(List.FindRule(u"A>X/C<P"), std::nullopt);
+    EXPECT_EQ(List.FindNumber(3), 2U);
+    EXPECT_EQ(List.FindNumber(4), std::nullopt);
+    EXPECT_EQ(List.FindNumber(0), std::nullopt);
+    List.Replace(2, u"A>Z/C<P:1");
+    EXPECT_EQ(List.FindHead(u"A>Y/C<P"), std::nullopt);
+    EXPECT_EQ(List.FindHead(u"A>Z/C<P"), 2U);
+}
+
+TEST_F(RuleListTest, AnEmptyListSortsAndFindsNothing) {
+    for (std::size_t column = 0; column < List.ColumnCount(); ++column) {
+        List.SortBy(column);
+    }
+    EXPECT_EQ(List.Count(), 0U);
+    EXPECT_EQ(List.FindHead(u""), std::nullopt);
+}
+
+} // namespace
+} // namespace Quorvane::Editor
