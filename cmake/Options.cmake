@@ -3,6 +3,7 @@
 
 option(QUORVANE_TESTS "Build the tests" ON)
 option(QUORVANE_FUZZ "Build the fuzzers (clang) in place of the tests" OFF)
+option(QUORVANE_BENCH "Build the benchmarks in place of the tests" OFF)
 option(QUORVANE_CHECKED "Check the preconditions of the standard library" OFF)
 option(QUORVANE_COVERAGE "Record which lines the tests run (clang)" OFF)
 set(QUORVANE_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// The groups of benchmarks, and the names by which the report finds their times.
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace Quorvane::Bench {
+
+/// The median time of one iteration, in nanoseconds, by the name of the benchmark.
+using Medians = std::map<std::string, double>;
+
+inline std::string CycleName(const std::string& workload, const std::string& stream,
+                             const std::string& engine) {
+    return "cycle/" + workload + '/' + stream + '/' + engine;
+}
+
+void RegisterCycleBenchmarks();
+void PrintCycleTable(const Medians& medians);
+
+} // namespace Quorvane::Bench

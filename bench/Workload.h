@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// The fuzzy systems and the streams of input values that the engines are timed on.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "shared/Text.h"
+
+namespace Quorvane::Bench {
+
+/// A fuzzy system as its plain definition texts.
+struct Workload {
+    std::string Name;
+    Text Inputs;
+    Text Outputs;
+    Text Rules;
+};
+
+/// A system whose rules cover every combination of terms, the first ruleCount of them. The terms of
+/// an input overlap by halves, so up to two have a degree at any value.
+Workload MakeGrid(std::string name, std::uint32_t inputs, std::uint32_t terms,
+                  std::uint32_t outputs, std::uint32_t ruleCount);
+
+/// A system of two terms an input whose rules each name three inputs, and one output, of many.
+Workload MakeSparse(std::string name, std::uint32_t inputs, std::uint32_t outputs,
+                    std::uint32_t ruleCount);
+
+/// W1 to W5, from a controller of nine rules to 32,767 rules and to 32 inputs.
+const std::vector<Workload>& Workloads();
+
+/// Makes the system that of the process: parses its texts and prepares its rules. Nothing is done
+/// when it is so already.
+void Install(const Workload& workload);
+
+/// Which inputs have another value in each cycle.
+enum class Change { All, One, Nothing };
+
+/// A new value of one input.
+struct InputChange {
+    std::uint32_t Input;
+    double Value;
+};
+
+/// What happens before each cycle, in an endless round of Cycles.size() cycles. An input's values
+/// are now and then exactly at a point of a term, and now and then outside the universe.
+struct Stream {
+    std::vector<std::vector<InputChange>> Cycles;
+};
+
+/// The stream for the system that is installed; the same on every platform.
+Stream MakeStream(Change change);
+
+} // namespace Quorvane::Bench
