@@ -16,28 +16,36 @@ class TestHostValue final : public HostValue {
     using TextSource = std::function<Text()>;
     using NumberSource = std::function<double()>;
 
-    TestHostValue(TextSource text, NumberSource number,
-                  std::optional<double> integer = std::nullopt)
-        : text_(std::move(text)), number_(std::move(number)), integer_(integer) {}
+    TestHostValue(TextSource text, NumberSource number)
+        : text_(std::move(text)), number_(std::move(number)) {}
 
     Text TextForm() const override { return text_(); }
     double Number() const override { return number_(); }
-    std::optional<double> Integer() const override { return integer_; }
 
   private:
     TextSource text_;
     NumberSource number_;
-    std::optional<double> integer_;
 };
 
-inline Value MakeHostValue(TestHostValue::TextSource text, TestHostValue::NumberSource number,
-                           std::optional<double> integer = std::nullopt) {
-    return std::make_shared<const TestHostValue>(std::move(text), std::move(number), integer);
+inline Value MakeHostValue(TestHostValue::TextSource text, TestHostValue::NumberSource number) {
+    return std::make_shared<const TestHostValue>(std::move(text), std::move(number));
 }
 
+/// An integer of a host.
+class TestInteger final : public HostValue {
+  public:
+    explicit TestInteger(int number) : number_(number) {}
+
+    Text TextForm() const override { return Widen(std::to_string(number_)); }
+    double Number() const override { return number_; }
+    std::optional<double> Integer() const override { return number_; }
+
+  private:
+    int number_;
+};
+
 inline Value IntegerValue(int number) {
-    return MakeHostValue([number] { return Widen(std::to_string(number)); },
-                         [number] { return double{1} * number; }, number);
+    return std::make_shared<const TestInteger>(number);
 }
 
 inline Value BooleanTrue() {
