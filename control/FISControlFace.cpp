@@ -7,9 +7,9 @@
 #include "control/DisplayWindow.h"
 #include "control/FISControl.h"
 #include "control/HelpFile.h"
-#include "control/HelpWindow.h"
 #include "shared/Definition.h"
 #include "win/Dpi.h"
+#include "win/HelpViewer.h"
 
 namespace Quorvane {
 namespace {
@@ -119,7 +119,7 @@ void FISControl::OnDisplayFocus(bool focused) {
 
 bool FISControl::OnDisplayHelp() {
     const Com::KeepAlive alive(this);
-    return ShowHelpFile(Window(), Definition::State().HelpFile);
+    return Win::ShowHelpFile(Window(), Definition::State().HelpFile);
 }
 
 void FISControl::OnDisplayFontChanged() {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The help file in its viewer.
-#include "control/HelpWindow.h"
+// Help files in the viewer of the platform.
+#include "win/HelpViewer.h"
 
 #include <htmlhelp.h>
 
 #include "win/WideText.h"
 
-namespace Quorvane {
+namespace Quorvane::Win {
 namespace {
 
 using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
@@ -23,7 +23,7 @@ HtmlHelpFunction FindViewer() noexcept {
 }
 
 bool IsFile(const Text& path) noexcept {
-    const DWORD attributes = ::GetFileAttributesW(Win::Wide(path));
+    const DWORD attributes = ::GetFileAttributesW(Wide(path));
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
@@ -34,7 +34,7 @@ bool ShowHelpFile(HWND owner, const Text& file) noexcept {
         return false;
     }
     static const HtmlHelpFunction show = FindViewer();
-    return show && show(owner, Win::Wide(file), HH_DISPLAY_TOPIC, 0) != nullptr;
+    return show && show(owner, Wide(file), HH_DISPLAY_TOPIC, 0) != nullptr;
 }
 
-} // namespace Quorvane
+} // namespace Quorvane::Win
