@@ -2,6 +2,10 @@
 # Runs Windows programs in Wine prefixes of the project's own, x64 and x86, on a display of its own.
 # wine_start ARCH comes first; all that it started is stopped when the script exits.
 
+# A prefix that was made differently is made anew.
+PREFIX_VERSION=2
+WINE_FONTS=/usr/share/wine/fonts
+
 WINE_STARTED=()
 HELPER_PIDS=()
 
@@ -27,7 +31,7 @@ wine_start() {
     mkdir -p out/wine
     # What an interrupted run may have left in our own prefix.
     in_wine "$arch" 60 wineserver -k >/dev/null 2>&1 || true
-    [ -e "out/wine/$arch/ready" ] || make_prefix "$arch" || return 1
+    [ "$(cat "out/wine/$arch/ready" 2>/dev/null)" = "$PREFIX_VERSION" ] || make_prefix "$arch" || return 1
     # With a resident process, no test waits for Wine's services to start, or holds their pipes.
     in_wine "$arch" 86400 wine explorer /desktop=resident,1280x1024 >/dev/null 2>&1 &
     HELPER_PIDS+=($!)
@@ -50,14 +54,15 @@ make_prefix() {
     rm -rf "out/wine/$arch"
     logged "wineboot-$arch" in_wine "$arch" 300 wine wineboot -i || return 1
     # Chinese: a font that has it, and links to it from the fonts that dialogs ask for.
-    cp "$font" "out/wine/$arch/drive_c/windows/Fonts/"
+    # Tahoma is the font of dialogs; Debian's Wine does not look where Debian keeps Wine's own.
+    cp "$font" $WINE_FONTS/tahoma.ttf $WINE_FONTS/tahomabd.ttf "out/wine/$arch/drive_c/windows/Fonts/"
     for name in Tahoma 'MS Shell Dlg' 'MS Shell Dlg 2' 'Microsoft Sans Serif'; do
         add_key "$arch" 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink' \
             "$name" REG_MULTI_SZ 'wqy-zenhei.ttc,WenQuanYi Zen Hei' || return 1
     done
     add_key "$arch" 'HKCU\Software\Wine\Fonts\Replacements' SimSun REG_SZ 'WenQuanYi Zen Hei' || return 1
     in_wine "$arch" 120 wineserver -w
-    touch "out/wine/$arch/ready"
+    echo "$PREFIX_VERSION" >"out/wine/$arch/ready"
 }
 
 add_key() {
