@@ -165,17 +165,6 @@ TEST_F(BareControl, FiresAndRaisesTheEvent) {
     EXPECT_EQ(sink->Count, 1);
 }
 
-TEST_F(BareControl, HasNoGridToWalk) {
-    const auto control = Create();
-    Com::Bstr path(u"C:\\");
-    BSTR folder = path.Get();
-    LONG part = 1;
-    MessageBoxes boxes;
-    EXPECT_EQ(control->BatchData(&folder, &part), S_OK);
-    ASSERT_EQ(boxes.Shown.size(), 1u);
-    EXPECT_EQ(boxes.Shown[0].Message, u"Invalid Evaluation.");
-}
-
 TEST_F(BareControl, CannotPrepareRulesForNewDefaults) {
     const auto control = Create();
     EXPECT_EQ(control->putref_DefOutVals(NewPlatformDictionary().Get()),
