@@ -33,8 +33,7 @@ const Value& ForeignDictionary::Get(TextView key) {
 void ForeignDictionary::Put(TextView key, Value value) {
     Com::Variant keyVariant(key);
     Com::Variant item = ToVariant(value);
-    CheckHost(item.Type() == VT_DISPATCH ? object_->putref_Item(&keyVariant.Get(), &item.Get())
-                                         : object_->put_Item(&keyVariant.Get(), &item.Get()));
+    CheckHost(object_->put_Item(&keyVariant.Get(), &item.Get()));
 }
 
 } // namespace Quorvane

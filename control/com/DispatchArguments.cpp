@@ -52,6 +52,33 @@ bool HaveSameValue(const VARIANT& left, const VARIANT& right) noexcept {
     return std::memcmp(&left.llVal, &right.llVal, SizeOfPlain(left.vt)) == 0;
 }
 
+/// The object that a value is or refers to; null for none.
+IUnknown* ObjectIn(const VARIANT& value) noexcept {
+    switch (value.vt) {
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+        return value.punkVal;
+    case VT_BYREF | VT_DISPATCH:
+    case VT_BYREF | VT_UNKNOWN:
+        return *value.ppunkVal;
+    default:
+        return nullptr;
+    }
+}
+
+/// An object of another kind is a type mismatch to a caller, which the type information reports
+/// as a missing interface.
+void RequireInterface(IUnknown* object, REFIID iid) {
+    if (!object || iid == GUID_NULL) {
+        return;
+    }
+    void* found = nullptr;
+    if (FAILED(object->QueryInterface(iid, &found))) {
+        throw HresultError(DISP_E_TYPEMISMATCH);
+    }
+    static_cast<IUnknown*>(found)->Release();
+}
+
 /// Stores through a typed reference such as VT_BYREF | VT_I2.
 void StoreThrough(const VARIANT& reference, const VARIANT& value) {
     const auto type = static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
@@ -147,18 +174,19 @@ void DispatchArguments::DropSurplus(std::size_t parameters) {
     }
 }
 
-void DispatchArguments::Fit(std::size_t index, VARTYPE parameter) {
+void DispatchArguments::Fit(std::size_t index, const DispatchParameter& parameter) {
     VARIANT& value = values_[index];
     const VARIANT& meant = Dereference(value);
     if (IsReference(meant.vt) && !meant.byref) {
         throw HresultError(DISP_E_TYPEMISMATCH);
     }
-    if (!IsReference(parameter)) {
+    if (!IsReference(parameter.Type)) {
         value = VARIANT(meant);
+        RequireInterface(ObjectIn(value), parameter.Interface);
         return;
     }
-    const auto type = static_cast<VARTYPE>(parameter & ~VT_BYREF);
-    if (value.vt == parameter || !IsConvertible(type)) {
+    const auto type = static_cast<VARTYPE>(parameter.Type & ~VT_BYREF);
+    if (value.vt == parameter.Type || !IsConvertible(type)) {
         return;
     }
     // A script passes a variable as a reference to a variant, or one of another type: the type

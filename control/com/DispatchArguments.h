@@ -47,7 +47,7 @@ class DispatchArguments {
 
     void DropSurplus(std::size_t parameters);
     std::size_t ParameterOf(std::size_t index, std::size_t parameters) const noexcept;
-    void Fit(std::size_t index, VARTYPE parameter);
+    void Fit(std::size_t index, const DispatchParameter& parameter);
 
     DISPPARAMS parameters_;
     std::vector<VARIANT> values_;

@@ -92,10 +92,24 @@ VARTYPE TypeOf(ITypeInfo& info, const TYPEDESC& type) {
 
 // NOLINTEND(misc-no-recursion)
 
+/// The interface that a pointer to a named one means; GUID_NULL for any other type.
+GUID InterfaceOf(ITypeInfo& info, const TYPEDESC& type) {
+    ComPtr<ITypeInfo> named;
+    if (type.vt != VT_PTR || type.lptdesc->vt != VT_USERDEFINED ||
+        FAILED(info.GetRefTypeInfo(type.lptdesc->hreftype, named.Put()))) {
+        return GUID_NULL;
+    }
+    const TypeAttributes attributes(*named);
+    const bool isInterface =
+        attributes->typekind == TKIND_INTERFACE || attributes->typekind == TKIND_DISPATCH;
+    return isInterface ? attributes->guid : GUID_NULL;
+}
+
 DispatchMember DescribeMember(ITypeInfo& info, const Function& function) {
     DispatchMember member{function->memid, function->invkind, {}, false};
     for (SHORT index = 0; index < function->cParams; ++index) {
-        member.Parameters.push_back(TypeOf(info, function->lprgelemdescParam[index].tdesc));
+        const TYPEDESC& type = function->lprgelemdescParam[index].tdesc;
+        member.Parameters.push_back({TypeOf(info, type), InterfaceOf(info, type)});
     }
     member.GivesObject =
         member.Parameters.empty() && TypeOf(info, function->elemdescFunc.tdesc) == VT_DISPATCH;

@@ -13,13 +13,20 @@
 
 namespace Quorvane::Com {
 
+/// One parameter of a member function.
+struct DispatchParameter {
+    /// Of a pointer parameter VT_BYREF and the type pointed to.
+    VARTYPE Type;
+    /// What an object given for the parameter must be; GUID_NULL where the library does not say.
+    GUID Interface;
+};
+
 /// One member function of an interface, as a caller through IDispatch sees it.
 struct DispatchMember {
     MEMBERID Id;
     INVOKEKIND Kind;
-    /// The type of each parameter in order: of a pointer parameter VT_BYREF and the type pointed
-    /// to. A property's new value is the last.
-    std::vector<VARTYPE> Parameters;
+    /// In order; a property's new value is the last.
+    std::vector<DispatchParameter> Parameters;
     /// The member takes nothing and returns an object: a property or method with an index may be
     /// meant for the object's default member.
     bool GivesObject;

@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include "tests/com/support/ControlTest.h"
+#include "tests/com/support/ValueObject.h"
 
 namespace Quorvane {
 namespace {
@@ -171,6 +172,47 @@ TEST_F(ErrorInformation, OfAnythingButADictionaryIsATypeMismatch) {
     }
     EXPECT_TRUE(Com::IsSameObject(InVals(placed).Get(), before.Get())) << "nothing has changed";
     EXPECT_EQ(FireWith(placed, 1), 129);
+}
+
+TEST_F(ErrorInformation, OfAnObjectThatIsNoDictionaryIsATypeMismatchOfTheCall) {
+    const auto placed = Run(Adder);
+    const auto inputs = InVals(placed);
+    const auto outputs = OutVals(placed);
+    const auto errors = NewPlatformDictionary();
+    PutItem(errors, u"Y", -1);
+    EXPECT_EQ(placed->putref_ErrOutVals(errors.Get()), S_OK);
+    const auto object = Com::MakeObject<ValueObject>(Com::Variant(1));
+    VARIANT unknown{};
+    unknown.vt = VT_UNKNOWN;
+    unknown.punkVal = object.Get();
+    for (const Com::Variant& stranger :
+         {object->AsVariant(), Com::Variant(unknown), Com::Variant(5), TextValue(u"X"),
+          Com::Variant(true), Com::Variant(), Bare(VT_NULL), ArrayValue()}) {
+        for (const wchar_t* name : {L"InVals", L"DefOutVals", L"ErrOutVals"}) {
+            const LateError error = Call(*placed, name, DISPATCH_PROPERTYPUTREF, &stranger);
+            EXPECT_EQ(error.Result, DISP_E_TYPEMISMATCH)
+                << Describe(stranger) << std::hex << ' ' << error.Number;
+        }
+        EXPECT_EQ(Call(*placed, L"InVals", DISPATCH_PROPERTYPUT, &stranger).Result,
+                  DISP_E_MEMBERNOTFOUND)
+            << "only Set assigns an object";
+    }
+    EXPECT_TRUE(Com::IsSameObject(InVals(placed).Get(), inputs.Get())) << "nothing has changed";
+    EXPECT_TRUE(Com::IsSameObject(OutVals(placed).Get(), outputs.Get()));
+    EXPECT_EQ(FireWith(placed, 1), 129);
+    EXPECT_EQ(FireWith(placed, TextValue(u"none")), -1);
+}
+
+TEST_F(ErrorInformation, OfAnObjectThatIsNoFontIsATypeMismatchOfTheCall) {
+    const auto placed = Run(Adder);
+    Com::ComPtr<IFontDisp> before;
+    ASSERT_EQ(placed->get_Font(before.Put()), S_OK);
+    const Com::Variant stranger(static_cast<IDispatch*>(NewPlatformDictionary().Get()));
+    EXPECT_EQ(Call(*placed, L"Font", DISPATCH_PROPERTYPUTREF, &stranger).Result,
+              DISP_E_TYPEMISMATCH);
+    Com::ComPtr<IFontDisp> after;
+    ASSERT_EQ(placed->get_Font(after.Put()), S_OK);
+    EXPECT_TRUE(Com::IsSameObject(before.Get(), after.Get()));
 }
 
 TEST_F(ErrorInformation, NamesMembersThatDoNotExist) {

@@ -256,6 +256,27 @@ TEST_F(Dispatch, StillAssignsAWholeObject) {
     EXPECT_EQ(trial_->Bag->Items[u"copied"].Get().lVal, 7);
 }
 
+TEST_F(Dispatch, RefusesAnObjectOfAnotherKind) {
+    auto other = Com::MakeObject<Trial>();
+    IUnknown* unknown = other->ControllingUnknown();
+    IDispatch* object = dispatch_.Get();
+    Com::Variant variable(object);
+    VARIANT strangers[4] = {variable.Get(), ReferenceTo(variable), {}, {}};
+    strangers[2].vt = VT_UNKNOWN;
+    strangers[2].punkVal = unknown;
+    strangers[3].vt = VT_BYREF | VT_DISPATCH;
+    strangers[3].ppdispVal = &object;
+    for (VARIANT& stranger : strangers) {
+        const Outcome outcome = Call(PutRef, L"Bag", {&stranger});
+        EXPECT_EQ(outcome.Result, DISP_E_TYPEMISMATCH) << stranger.vt;
+        EXPECT_EQ(outcome.BadArgument, 0u);
+    }
+    // An interface that every automation object has is no reason to refuse one.
+    EXPECT_EQ(CallWith(PutRef, L"Bag", {Com::Variant(u"k"), variable}).Result, S_OK);
+    EXPECT_EQ(trial_->Bag->Items[u"k"].Get().pdispVal, object);
+    trial_->Bag->Items.clear();
+}
+
 TEST_F(Dispatch, ReportsAnIndexOnNothing) {
     const Outcome outcome = CallWith(Get, L"Nothing", {Com::Variant(u"k")});
     EXPECT_EQ(outcome.Result, DISP_E_EXCEPTION);
