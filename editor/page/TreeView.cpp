@@ -156,9 +156,21 @@ void TreeView::Select(TreeNode& node) {
 
 void TreeView::EditLabel(TreeNode& node) {
     if (window_) {
+        const Raised asked(isEditAsked_);
+        if (clickedAgain_) {
+            clickedAgain_ = nullptr;
+        }
         ::SetFocus(Window());
         TreeView_EditLabel(Window(), ItemOf(node));
     }
+}
+
+/// Whether an edit that begins comes too late from a second click on a node.
+bool TreeView::IsOutdatedEdit(const TreeNode& node) {
+    if (isEditAsked_ || !clickedAgain_) {
+        return false;
+    }
+    return *std::exchange(clickedAgain_, std::nullopt) != &node;
 }
 
 HTREEITEM TreeView::ItemOf(const TreeNode& node) const {
@@ -194,10 +206,21 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
         }
         return 0;
     }
+    case TVN_ITEMEXPANDEDW: {
+        // Closing a node over the selected one selects it, which not every tree view reports.
+        const auto& change = reinterpret_cast<const NMTREEVIEWW&>(header);
+        TreeNode* const node = NodeOf(change.itemNew.hItem);
+        const bool isSelected = change.itemNew.hItem == TreeView_GetSelection(Window());
+        if (node && isSelected && (change.action & TVE_COLLAPSE) != 0 && !isShowing_) {
+            events_.OnNodeClick(*node);
+        }
+        return 0;
+    }
     case NM_CLICK: {
         // A click on the selected node changes no selection, but makes its tree the current one.
         TreeNode* const node = ClickedNode();
         if (node && node == NodeOf(TreeView_GetSelection(Window()))) {
+            clickedAgain_ = node;
             events_.OnNodeClick(*node);
         }
         return 0;
@@ -205,7 +228,8 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
     case TVN_BEGINLABELEDITW: {
         const auto& edit = reinterpret_cast<const NMTVDISPINFOW&>(header);
         TreeNode* const node = NodeOf(edit.item.hItem);
-        return node && events_.OnBeforeLabelEdit(*node) ? FALSE : TRUE;
+        const bool begins = node && !IsOutdatedEdit(*node) && events_.OnBeforeLabelEdit(*node);
+        return begins ? FALSE : TRUE;
     }
     case TVN_ENDLABELEDITW: {
         const auto& edit = reinterpret_cast<const NMTVDISPINFOW&>(header);

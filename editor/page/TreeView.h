@@ -7,6 +7,7 @@
 #include <commctrl.h>
 
 #include <functional>
+#include <optional>
 #include <unordered_map>
 
 #include "editor/Controls.h"
@@ -60,6 +61,7 @@ class TreeView final : public TreeControl {
     HTREEITEM ItemOf(const TreeNode& node) const;
     TreeNode* NodeOf(HTREEITEM item) const;
     TreeNode* ClickedNode() const;
+    bool IsOutdatedEdit(const TreeNode& node);
     LRESULT CustomDraw(NMTVCUSTOMDRAW& draw) const;
 
     TreeEvents& events_;
@@ -69,6 +71,10 @@ class TreeView final : public TreeControl {
     /// Whether what the tree reports now comes from the page and not from the user.
     bool isShowing_ = false;
     bool isCancelling_ = false;
+    bool isEditAsked_ = false;
+    /// The selected node that was clicked again: after a while, the tree edits whatever is selected
+    /// then. A null pointer inside: the user has done something else meanwhile.
+    std::optional<const TreeNode*> clickedAgain_;
 };
 
 } // namespace Quorvane::Editor

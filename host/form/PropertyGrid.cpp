@@ -20,6 +20,7 @@ namespace {
 
 constexpr int ListId = 100;
 constexpr int FieldId = 101;
+constexpr int TitleId = 102;
 
 /// Whether the type has a put or put-by-reference for a member.
 bool HasSetter(ITypeInfo& type, WORD functionCount, MEMBERID member) {
@@ -55,7 +56,7 @@ std::wstring HexText(LONG number) {
 PropertyGrid::PropertyGrid(HWND parent) {
     Create(L"QuorvanePropertyGrid", L"Properties", WS_CHILD | WS_CLIPCHILDREN, parent, nullptr,
            WS_EX_CONTROLPARENT);
-    title_ = CreateChild(Handle(), L"STATIC", L"", SS_LEFT | SS_NOPREFIX, -1);
+    title_ = CreateChild(Handle(), L"STATIC", L"", SS_LEFT | SS_NOPREFIX, TitleId);
     list_ =
         CreateChild(Handle(), WC_LISTVIEWW, L"Properties",
                     WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,

@@ -25,6 +25,7 @@ enum ChildId {
     DivisionsId,
     BatchId,
     OutputChoiceId,
+    ProgressId,
 };
 
 constexpr int MostDivisions = 1000;
@@ -84,7 +85,7 @@ void RunPanel::CreateChildren() {
     divisions_ = CreateChild(Handle(), L"EDIT", L"20", WS_TABSTOP | ES_NUMBER, DivisionsId,
                              WS_EX_CLIENTEDGE);
     batch_ = CreateChild(Handle(), L"BUTTON", L"&Batch...", WS_TABSTOP | BS_PUSHBUTTON, BatchId);
-    progress_ = CreateChild(Handle(), PROGRESS_CLASSW, L"", 0, -1);
+    progress_ = CreateChild(Handle(), PROGRESS_CLASSW, L"", 0, ProgressId);
     outputChoice_ = CreateChild(Handle(), L"COMBOBOX", L"", Combo, OutputChoiceId);
     picture_ = std::make_unique<SurfacePicture>(Handle());
 }
