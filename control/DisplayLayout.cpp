@@ -58,7 +58,8 @@ void LayOut(DisplayLayout& layout, float width, float height, float captionTextW
 PixelLayout ToPixels(const DisplayLayout& layout, int width, int height, float dpi) {
     const Scale scale(dpi);
     const int strip = scale(CaptionStripHeight);
-    const int status = scale(StatusBarHeight);
+    const float heightInTwips = static_cast<float>(height) * TwipsPerInch / dpi;
+    const int statusTop = scale(heightInTwips - StatusBarHeight);
     const int inputRight = scale(layout.Input.Width);
     const int outputLeft = inputRight - scale(ListOverlap);
     PixelLayout pixels;
@@ -66,7 +67,7 @@ PixelLayout ToPixels(const DisplayLayout& layout, int width, int height, float d
     pixels.Label = {scale(LabelLeft), 0, scale(layout.LabelWidth), strip};
     pixels.Input = ScaleList(layout.Input, 0, inputRight, scale);
     pixels.Output = ScaleList(layout.Output, outputLeft, width, scale);
-    pixels.Status = {0, height - status, width, status};
+    pixels.Status = {0, statusTop, width, height - statusTop};
     return pixels;
 }
 
