@@ -61,6 +61,9 @@ void Display::FillVariableLists() {
     }
     const Definition::ProcessState& state = Definition::State();
     lvwInput.Rows = RowsOf(Definition::Require(state.InputVariables));
+    if (window_) {
+        window_->ShowRows();
+    }
     lvwOutput.Rows = RowsOf(Definition::Require(state.OutputVariables));
     if (window_) {
         window_->ShowRows();

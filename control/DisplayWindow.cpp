@@ -37,9 +37,9 @@ HDWP Place(HDWP batch, HWND window, const PixelBox& box) noexcept {
 DisplayWindow::Children::Children(DisplayWindow& surface, Display& display)
     : Strip(surface.Get(), PicCaption, LblCaption, display.picCaption, display.lblCaption),
       Input(surface.Get(), LvwInput, display.lvwInput,
-            [&surface](bool focused, HWND other) { surface.OnListFocus(focused, other); }),
+            [&surface](bool focused, HWND other) { surface.OnFocus(focused, other); }),
       Output(surface.Get(), LvwOutput, display.lvwOutput,
-             [&surface](bool focused, HWND other) { surface.OnListFocus(focused, other); }),
+             [&surface](bool focused, HWND other) { surface.OnFocus(focused, other); }),
       Status(surface.Get(), SbMessage, display.sbMessage) {}
 
 DisplayWindow::DisplayWindow(Display& display, DisplayOwner& owner, HWND parent,
@@ -156,11 +156,14 @@ bool DisplayWindow::Contains(HWND window) const noexcept {
     return Get() && (window == Get() || ::IsChild(Get(), window));
 }
 
-void DisplayWindow::OnListFocus(bool focused, HWND other) noexcept {
-    // Between the lists the focus neither comes nor goes. The call may be the end of this window.
-    if (owner_ && !Contains(other)) {
-        owner_->OnDisplayFocus(focused);
+void DisplayWindow::OnFocus(bool focused, HWND other) noexcept {
+    // Between surface and lists the focus neither comes nor goes.
+    if (!owner_ || hasFocus_ == focused || (!focused && Contains(other))) {
+        return;
     }
+    hasFocus_ = focused;
+    // This may be the end of the window.
+    owner_->OnDisplayFocus(focused);
 }
 
 LRESULT DisplayWindow::OnNotify(NMHDR& notification) const noexcept {
@@ -202,7 +205,13 @@ LRESULT DisplayWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_NOTIFY:
         return OnNotify(*reinterpret_cast<NMHDR*>(second));
     case WM_SETFOCUS:
-        MoveFocus(true);
+        // A list takes it over; without one that can, the surface keeps it.
+        if (!MoveFocus(true)) {
+            OnFocus(true, nullptr);
+        }
+        return 0;
+    case WM_KILLFOCUS:
+        OnFocus(false, reinterpret_cast<HWND>(first));
         return 0;
     case WM_HELP:
         if (owner_ && owner_->OnDisplayHelp()) {

@@ -60,7 +60,7 @@ class DisplayWindow final : public Win::Window {
 
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
     LRESULT OnNotify(NMHDR& notification) const noexcept;
-    void OnListFocus(bool focused, HWND other) noexcept;
+    void OnFocus(bool focused, HWND other) noexcept;
     void OnDestroy() noexcept;
     void Paint() noexcept;
     void UseDpi();
@@ -71,6 +71,8 @@ class DisplayWindow final : public Win::Window {
     DisplayOwner* owner_;
     Win::ActivationContext context_;
     int dpi_ = 0;
+    /// Whether the owner has heard that the keyboard focus is here.
+    bool hasFocus_ = false;
     Win::ImageList imgStatus_;
     std::unique_ptr<Children> children_;
 };

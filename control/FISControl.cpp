@@ -8,6 +8,7 @@
 #include "control/com/Scoped.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
+#include "win/Dpi.h"
 
 namespace Quorvane {
 
@@ -25,6 +26,7 @@ FISControl::FISControl(IUnknown* outer)
     display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
     display_.lvwInput.Font.Set(NewDialogFont());
     display_.lvwOutput.Font.Set(display_.lvwInput.Font.Get());
+    display_.Resize(Win::TwipsOfHimetric(InitialExtent.cx), Win::TwipsOfHimetric(InitialExtent.cy));
 }
 
 void FISControl::FinalRelease() noexcept {

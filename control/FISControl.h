@@ -149,6 +149,10 @@ class FISControl final
     /// Shows a changed appearance, in the window or through the host.
     void ShowAppearance() noexcept;
 
+    /// Shows what initialising or loading has set. Without a window it is laid out for the extent,
+    /// with headers in the language that was chosen.
+    void ShowStarted() noexcept;
+
     /// Fills the lists from the model. Raises ObjectNotSet without one.
     void FillVariableLists();
 

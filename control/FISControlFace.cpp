@@ -81,6 +81,16 @@ void FISControl::ExtentChanged() {
     }
 }
 
+void FISControl::ShowStarted() noexcept {
+    if (display_.Surface()) {
+        // Some hosts load a control that they have activated.
+        display_.ShowFonts();
+    } else {
+        ExtentChanged();
+    }
+    ShowAppearance();
+}
+
 void FISControl::AmbientChanged(DISPID property) {
     const bool several = property == DISPID_UNKNOWN;
     if (several || property == DISPID_AMBIENT_LOCALEID) {

@@ -87,6 +87,7 @@ STDMETHODIMP FISControl::IsDirty() noexcept {
 STDMETHODIMP FISControl::InitNew() noexcept {
     return Com::Guard<IPersistStreamInit>([&] {
         InitProperties();
+        ShowStarted();
         isDirty_ = false;
     });
 }
@@ -94,6 +95,7 @@ STDMETHODIMP FISControl::InitNew() noexcept {
 STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
     return Com::Guard<IPersistPropertyBag>([&] {
         ReadProperties(Com::Out(bag), log);
+        ShowStarted();
         isDirty_ = false;
     });
 }
@@ -109,6 +111,7 @@ STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
     return Com::Guard<IPersistStreamInit>([&] {
         const auto bag = StreamPropertyBag::ReadFrom(Com::Out(stream));
         ReadProperties(*bag, nullptr);
+        ShowStarted();
         isDirty_ = false;
     });
 }

@@ -9,6 +9,7 @@
 
 #include "control/com/ErrorBoundary.h"
 #include "control/com/Scoped.h"
+#include "win/Dpi.h"
 #include "win/WideText.h"
 
 namespace Quorvane {
@@ -30,9 +31,6 @@ struct FontAttributes {
 constexpr wchar_t DialogFace[] = L"MS Shell Dlg";
 
 constexpr int PointsPerInch = 72;
-
-/// Sizes of font objects are in units of 1/10,000 point.
-constexpr int SizeUnitsPerPoint = 10000;
 
 /// The dialog face at so many tenths of a point.
 Win::Font DialogFontAt(int tenthsOfPoint, LONG weight, int dpi) noexcept {
@@ -87,14 +85,14 @@ bool HaveSameAttributes(IFontDisp* left, IFontDisp* right) {
 Win::Font DrawingFont(IFontDisp* font, int dpi) noexcept {
     const auto object = Com::Query<IFont>(font);
     HFONT screenFont = nullptr;
-    CY size{};
     LOGFONTW description{};
-    if (!object || FAILED(object->get_hFont(&screenFont)) || FAILED(object->get_Size(&size)) ||
+    if (!object || FAILED(object->get_hFont(&screenFont)) ||
         !::GetObjectW(screenFont, sizeof description, &description)) {
         return {};
     }
-    description.lfHeight =
-        -::MulDiv(static_cast<int>(size.int64 / 100), dpi, SizeUnitsPerPoint / 100 * PointsPerInch);
+    // Not from the Size: some systems let it read back as that of the face in use.
+    const Win::WindowDc screen(nullptr);
+    description.lfHeight = ::MulDiv(description.lfHeight, dpi, Win::DpiOf(screen.Get()));
     description.lfWidth = 0;
     return Win::Font(::CreateFontIndirectW(&description));
 }

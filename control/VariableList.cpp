@@ -49,6 +49,10 @@ void VariableList::Reflect() noexcept {
         ::InvalidateRect(Get(), nullptr, TRUE);
     }
     Win::Enable(Get(), face_.Enabled);
+    if (!face_.Enabled && ::GetFocus() == Get()) {
+        // A disabled window hears no keys; the surface knows who may.
+        ::SetFocus(::GetParent(Get()));
+    }
 }
 
 void VariableList::ShowRows() noexcept {

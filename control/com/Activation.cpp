@@ -40,9 +40,6 @@ RECT NaturalPosition(const SIZEL& extent) noexcept {
 } // namespace
 
 HRESULT Activation::Enter(IOleInPlaceSite& site) {
-    if (site.CanInPlaceActivate() != S_OK) {
-        return E_FAIL;
-    }
     if (const auto extended = Query<IOleInPlaceSiteEx>(&site)) {
         BOOL noRedraw = FALSE;
         const HRESULT result = extended->OnInPlaceActivateEx(&noRedraw, 0);
@@ -96,12 +93,20 @@ HRESULT Activation::Activate(HWND parent, const RECT* position) {
     if (!site) {
         return OLEOBJ_S_CANNOT_DOVERB_NOW;
     }
-    const HRESULT entered = Enter(*site);
-    if (FAILED(entered)) {
-        return entered;
+    if (site->CanInPlaceActivate() != S_OK) {
+        return E_FAIL;
     }
+    // Active before the host hears of it: it may deactivate at once.
     state_ = State::Active;
     site_ = site;
+    const HRESULT entered = Enter(*site);
+    if (FAILED(entered)) {
+        Abandon();
+        return entered;
+    }
+    if (!site_) {
+        return E_UNEXPECTED;
+    }
     try {
         MakeWindow(parent, position);
     } catch (...) {
