@@ -52,14 +52,17 @@ class VariantValue final : public HostValue {
   public:
     explicit VariantValue(const VARIANT& variant) : variant_(variant) {}
 
-    Text TextForm() const override {
+    Text TextForm(NumberForm form) const override {
+        const bool isForUser = form == NumberForm::User;
         Com::Variant value = Resolve(variant_.Get());
         if (value.Type() == VT_R8) {
-            return UserNumberText(value.Get().dblVal);
+            const double number = value.Get().dblVal;
+            return isForUser ? UserNumberText(number) : NumberText(number);
         }
         Com::Variant text;
-        CheckConversion(::VariantChangeTypeEx(text.Put(), &value.Get(), LOCALE_USER_DEFAULT,
-                                              VARIANT_ALPHABOOL, VT_BSTR));
+        const LCID locale = isForUser ? LOCALE_USER_DEFAULT : LOCALE_INVARIANT;
+        CheckConversion(
+            ::VariantChangeTypeEx(text.Put(), &value.Get(), locale, VARIANT_ALPHABOOL, VT_BSTR));
         return Text(Com::View(text.Get().bstrVal));
     }
 

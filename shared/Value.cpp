@@ -24,16 +24,15 @@ std::optional<double> PlainNumber(const Value& value) {
     return host ? (*host)->Integer() : std::nullopt;
 }
 
-template <class NumberFormat>
-Text TextForm(const Value& value, NumberFormat format) {
+Text TextForm(const Value& value, NumberForm form) {
     if (const auto* number = std::get_if<double>(&value)) {
-        return format(*number);
+        return form == NumberForm::User ? UserNumberText(*number) : NumberText(*number);
     }
     if (const auto* text = std::get_if<Text>(&value)) {
         return *text;
     }
     if (const auto* host = std::get_if<Shared>(&value)) {
-        return (*host)->TextForm();
+        return (*host)->TextForm(form);
     }
     return {};
 }
@@ -58,11 +57,11 @@ double ToNumber(const Value& value) {
 }
 
 Text UserText(const Value& value) {
-    return TextForm(value, UserNumberText);
+    return TextForm(value, NumberForm::User);
 }
 
 Text FixedText(const Value& value) {
-    return TextForm(value, NumberText);
+    return TextForm(value, NumberForm::Fixed);
 }
 
 bool SameNumberText(double left, double right) {

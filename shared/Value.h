@@ -10,6 +10,9 @@
 
 namespace Quorvane {
 
+/// Which decimal separator the numbers in a text have: the user's, or "." whatever the locale.
+enum class NumberForm { User, Fixed };
+
 /// A value of a type that only the host's platform knows: an integer, a date, an object. It keeps
 /// the host's value whole, so that the host gets back what it gave.
 class HostValue {
@@ -20,7 +23,7 @@ class HostValue {
     virtual ~HostValue() = default;
 
     /// The platform's text form. Raises TypeMismatch for values that have none.
-    virtual Text TextForm() const = 0;
+    virtual Text TextForm(NumberForm form) const = 0;
 
     /// The platform's conversion to Double. Raises TypeMismatch or Overflow.
     virtual double Number() const = 0;

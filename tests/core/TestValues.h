@@ -19,7 +19,7 @@ class TestHostValue final : public HostValue {
     TestHostValue(TextSource text, NumberSource number)
         : text_(std::move(text)), number_(std::move(number)) {}
 
-    Text TextForm() const override { return text_(); }
+    Text TextForm(NumberForm) const override { return text_(); }
     double Number() const override { return number_(); }
 
   private:
@@ -36,7 +36,7 @@ class TestInteger final : public HostValue {
   public:
     explicit TestInteger(int number) : number_(number) {}
 
-    Text TextForm() const override { return Widen(std::to_string(number_)); }
+    Text TextForm(NumberForm) const override { return Widen(std::to_string(number_)); }
     double Number() const override { return number_; }
     std::optional<double> Integer() const override { return number_; }
 
@@ -46,6 +46,24 @@ class TestInteger final : public HostValue {
 
 inline Value IntegerValue(int number) {
     return std::make_shared<const TestInteger>(number);
+}
+
+/// A number of a type of the host's own, with decimals.
+class TestDecimal final : public HostValue {
+  public:
+    explicit TestDecimal(double number) : number_(number) {}
+
+    Text TextForm(NumberForm form) const override {
+        return form == NumberForm::User ? UserNumberText(number_) : NumberText(number_);
+    }
+    double Number() const override { return number_; }
+
+  private:
+    double number_;
+};
+
+inline Value DecimalValue(double number) {
+    return std::make_shared<const TestDecimal>(number);
 }
 
 inline Value BooleanTrue() {

@@ -60,6 +60,7 @@ TEST_F(ValueTest, HasATextForTheUserAndAFixedOne) {
         {Text(u"1.5"), u"1.5", u"1.5"},
         {Text(u"abc"), u"abc", u"abc"},
         {IntegerValue(7), u"7", u"7"},
+        {DecimalValue(-2.25), u"-2,25", u"-2.25"},
         {BooleanTrue(), u"True", u"True"},
         {DateValue(), u"1/1/2000 12:00:00 PM", u"1/1/2000 12:00:00 PM"},
     };
