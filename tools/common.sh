@@ -34,9 +34,10 @@ logged() {
     return 1
 }
 
-# build_quietly PRESET [TARGET]: configure and build, the output in out/log.
+# build_quietly PRESET [TARGET...]: configure and build, the output in out/log.
 build_quietly() {
     say "Building $1"
+    [ $# -gt 1 ] || set -- "$1" all
     logged "configure-$1" cmake --preset "$1" &&
-        logged "build-$1" cmake --build --preset "$1" --target "${2:-all}" -- --quiet
+        logged "build-$1" cmake --build --preset "$1" --target "${@:2}" -- --quiet
 }

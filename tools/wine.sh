@@ -3,13 +3,14 @@
 # wine_start ARCH comes first; all that it started is stopped when the script exits.
 
 # A prefix that was made differently is made anew.
-PREFIX_VERSION=2
+PREFIX_VERSION=3
 WINE_FONTS=/usr/share/wine/fonts
 
 WINE_STARTED=()
 HELPER_PIDS=()
 
-# in_wine ARCH SECONDS COMMAND...: run a Wine command, at most so long.
+# in_wine ARCH SECONDS COMMAND...: run a Wine command, at most so long. WINE_LOCALE, a locale that need
+# not be installed, is the language of the Windows user.
 in_wine() {
     local arch=$1 seconds=$2 enter=()
     shift 2
@@ -17,7 +18,7 @@ in_wine() {
     "${enter[@]}" env HOME="$PWD/out/wine" WINEPREFIX="$PWD/out/wine/$arch" \
         WINEARCH="$([ "$arch" = x64 ] && echo win64 || echo win32)" WINEDEBUG=-all \
         WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d' \
-        DISPLAY="$DISPLAY" XAUTHORITY="${XAUTHORITY:-}" LC_ALL="${LC_ALL:-C.UTF-8}" \
+        DISPLAY="$DISPLAY" XAUTHORITY="${XAUTHORITY:-}" LC_ALL="${WINE_LOCALE:-${LC_ALL:-C.UTF-8}}" \
         timeout -k 10 "$seconds" "$@" </dev/null 9>&-
 }
 
@@ -49,7 +50,7 @@ wine_stop() {
 }
 
 make_prefix() {
-    local arch=$1 font=/usr/share/fonts/truetype/wqy/wqy-zenhei.ttc name
+    local arch=$1 font=/usr/share/fonts/truetype/wqy/wqy-microhei.ttc name
     say "Making the Wine prefix out/wine/$arch"
     rm -rf "out/wine/$arch"
     logged "wineboot-$arch" in_wine "$arch" 300 wine wineboot -i || return 1
@@ -58,9 +59,9 @@ make_prefix() {
     cp "$font" $WINE_FONTS/tahoma.ttf $WINE_FONTS/tahomabd.ttf "out/wine/$arch/drive_c/windows/Fonts/"
     for name in Tahoma 'MS Shell Dlg' 'MS Shell Dlg 2' 'Microsoft Sans Serif'; do
         add_key "$arch" 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink' \
-            "$name" REG_MULTI_SZ 'wqy-zenhei.ttc,WenQuanYi Zen Hei' || return 1
+            "$name" REG_MULTI_SZ 'wqy-microhei.ttc,WenQuanYi Micro Hei' || return 1
     done
-    add_key "$arch" 'HKCU\Software\Wine\Fonts\Replacements' SimSun REG_SZ 'WenQuanYi Zen Hei' || return 1
+    add_key "$arch" 'HKCU\Software\Wine\Fonts\Replacements' SimSun REG_SZ 'WenQuanYi Micro Hei' || return 1
     in_wine "$arch" 120 wineserver -w
     echo "$PREFIX_VERSION" >"out/wine/$arch/ready"
 }

@@ -192,11 +192,22 @@ HWND FormProgram::OpenPropertyFrame() const {
 }
 
 void FormProgram::SetField(HWND field, const std::wstring& text) const {
-    Click(field);
-    Expect("a field has the keyboard", [field] { return FocusOf(field) == field; });
+    FocusByClick(field);
     SendMessageW(field, EM_SETSEL, 0, -1);
     Type(text);
     Expect("a field has its text", [&] { return TextOf(field) == text; });
+}
+
+void FormProgram::RunBatch(int divisions) const {
+    SetField(Child(RunPanel(), Id::Divisions), std::to_wstring(divisions));
+    HWND const batch = Child(RunPanel(), Id::Batch);
+    Click(batch);
+    HWND const chooser = Dialog(WindowClass::Dialog);
+    Press(VK_RETURN);
+    Expect("the folder is chosen", [chooser] { return !IsWindow(chooser); });
+    // While the control computes, the program answers no message.
+    SendMessageW(batch, WM_NULL, 0, 0);
+    Activate(main_);
 }
 
 std::wstring FormProgram::Output(const std::wstring& name) const {

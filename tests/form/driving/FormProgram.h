@@ -64,6 +64,10 @@ class FormProgram {
     /// Replaces the text of a field by typing.
     void SetField(HWND field, const std::wstring& text) const;
 
+    /// Tabulates the response in so many divisions, in the folder that the program offers, and
+    /// waits for the end.
+    void RunBatch(int divisions) const;
+
     /// The value of an output in the program's list.
     std::wstring Output(const std::wstring& name) const;
 

@@ -55,6 +55,9 @@ void PageHands::SelectItem(int tree, HTREEITEM item) const {
     // where a click tells the page that the user is there.
     if (!isSelected() || item == TreeView_GetRoot(window)) {
         Click(window, ItemPoint(window, item));
+        if (!WaitFor(isSelected, 1500)) {
+            Click(window, ItemPoint(window, item));
+        }
         Expect("a node is selected", isSelected);
     }
 }
@@ -129,8 +132,7 @@ HWND PageHands::OpenRuleEditor() const {
 void RuleEditorHands::Choose(int panel, int variable, const std::wstring& term) const {
     HWND const content = GetWindow(Child(editor_, panel), GW_CHILD);
     HWND const list = Child(content, Id::FirstTermList + variable);
-    Click(list);
-    Expect("a list box has the keyboard", [list] { return FocusOf(list) == list; });
+    FocusByClick(list);
     const int wanted = IndexOf(list, term);
     Press(VK_HOME);
     for (int i = 0; i < wanted; ++i) {

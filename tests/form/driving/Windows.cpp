@@ -2,6 +2,7 @@
 // Windows of another program: finding them and reading what they show.
 #include "tests/form/driving/Windows.h"
 
+#include "tests/form/driving/Hands.h"
 #include "tests/form/driving/RemoteMemory.h"
 #include "tests/form/driving/Wait.h"
 
@@ -79,6 +80,19 @@ HWND FocusOf(HWND window) {
     info.cbSize = sizeof info;
     GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
     return info.hwndFocus;
+}
+
+void FocusByClick(HWND window) {
+    // A click that comes while a window is still being brought to the front can get lost.
+    constexpr int Attempts = 10;
+    constexpr DWORD TimeForOne = 1500;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        Click(window);
+        if (WaitFor([window] { return FocusOf(window) == window; }, TimeForOne)) {
+            return;
+        }
+    }
+    throw DriveError("a window does not take the keyboard");
 }
 
 void Activate(HWND window) {

@@ -27,6 +27,9 @@ HWND Child(HWND parent, int id);
 /// What has the keyboard in the thread of a window.
 HWND FocusOf(HWND window);
 
+/// Gives a window the keyboard by clicking it.
+void FocusByClick(HWND window);
+
 /// Brings a top-level window to the front and waits until the keyboard is its own.
 void Activate(HWND window);
 
