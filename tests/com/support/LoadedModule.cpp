@@ -41,8 +41,12 @@ HRESULT LoadedModule::GetClassObject(REFCLSID clsid, REFIID iid, void** result) 
 }
 
 HRESULT LoadedModule::CanUnloadNow() const noexcept {
+    return Call("DllCanUnloadNow");
+}
+
+HRESULT LoadedModule::Call(const char* name) const noexcept {
     using Function = HRESULT(STDAPICALLTYPE*)();
-    return Export<Function>("DllCanUnloadNow")();
+    return Export<Function>(name)();
 }
 
 } // namespace Quorvane

@@ -22,6 +22,9 @@ class LoadedModule {
     HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** result) const noexcept;
     HRESULT CanUnloadNow() const noexcept;
 
+    /// Calls an export without arguments, such as DllRegisterServer.
+    HRESULT Call(const char* name) const noexcept;
+
   private:
     template <class Function>
     Function Export(const char* name) const noexcept {
