@@ -3,19 +3,81 @@
 #include "shared/StringKeyedDictionary.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
+#include <random>
 
 namespace Quorvane {
 namespace {
 
-/// FNV-1a over UTF-16 units.
+using HashKey = std::array<std::uint64_t, 2>;
+
+/// One of the process's own, so that nobody can write a definition text whose keys all collide.
+const HashKey& SecretKey() {
+    static const HashKey key = [] {
+        std::random_device random;
+        const auto word = [&random] { return std::uint64_t{random()} << 32U | random(); };
+        return HashKey{word(), word()};
+    }();
+    return key;
+}
+
+/// SipHash-1-3: one round for each word of the text, three at the end.
+class SipHash {
+  public:
+    explicit SipHash(const HashKey& key) noexcept
+        : v0_(key[0] ^ 0x736f6d6570736575U), v1_(key[1] ^ 0x646f72616e646f6dU),
+          v2_(key[0] ^ 0x6c7967656e657261U), v3_(key[1] ^ 0x7465646279746573U) {}
+
+    void Add(std::uint64_t word) noexcept {
+        v3_ ^= word;
+        Round();
+        v0_ ^= word;
+    }
+
+    std::uint64_t Finish() noexcept {
+        v2_ ^= 0xffU;
+        Round();
+        Round();
+        Round();
+        return v0_ ^ v1_ ^ v2_ ^ v3_;
+    }
+
+  private:
+    void Round() noexcept {
+        v0_ += v1_;
+        v2_ += v3_;
+        v1_ = std::rotl(v1_, 13) ^ v0_;
+        v3_ = std::rotl(v3_, 16) ^ v2_;
+        v0_ = std::rotl(v0_, 32);
+        v2_ += v1_;
+        v0_ += v3_;
+        v1_ = std::rotl(v1_, 17) ^ v2_;
+        v3_ = std::rotl(v3_, 21) ^ v0_;
+        v2_ = std::rotl(v2_, 32);
+    }
+
+    std::uint64_t v0_;
+    std::uint64_t v1_;
+    std::uint64_t v2_;
+    std::uint64_t v3_;
+};
+
 template <class Fold>
 std::size_t Hash(TextView key, Fold fold) noexcept {
-    std::uint32_t hash = 2166136261U;
-    for (const char16_t character : key) {
-        hash = (hash ^ fold(character)) * 16777619U;
+    constexpr std::size_t UnitsPerWord = 4;
+    SipHash hash(SecretKey());
+    std::uint64_t word = 0;
+    for (std::size_t i = 0; i < key.size(); ++i) {
+        word = word << 16U | fold(key[i]);
+        if (i % UnitsPerWord == UnitsPerWord - 1) {
+            hash.Add(std::exchange(word, 0));
+        }
     }
-    return hash;
+    // The length tells the last word's units from leading zeros.
+    hash.Add(word | std::uint64_t{key.size()} << 48U);
+    return static_cast<std::size_t>(hash.Finish());
 }
 
 } // namespace
