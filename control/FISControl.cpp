@@ -130,6 +130,7 @@ STDMETHODIMP FISControl::get_Inputs(BSTR* value) noexcept {
 }
 
 STDMETHODIMP FISControl::put_Inputs(BSTR value) noexcept {
+    const Com::KeepAlive alive(this);
     return Com::Guard<_FISControl>([&] {
         RequireDesignMode();
         Definition::State().InputsText = Com::View(value);
@@ -144,6 +145,7 @@ STDMETHODIMP FISControl::get_Outputs(BSTR* value) noexcept {
 }
 
 STDMETHODIMP FISControl::put_Outputs(BSTR value) noexcept {
+    const Com::KeepAlive alive(this);
     return Com::Guard<_FISControl>([&] {
         RequireDesignMode();
         Definition::State().OutputsText = Com::View(value);

@@ -82,7 +82,7 @@ class FISControl final
     STDMETHODIMP putref_DefOutVals(IDictionary* value) noexcept override;
     STDMETHODIMP putref_ErrOutVals(IDictionary* value) noexcept override;
 
-    // _FISControl, services: Fire.cpp, BatchData.cpp, AboutAndHelp.cpp
+    // _FISControl, services: Fire.cpp, BatchData.cpp, AboutBox.cpp
     STDMETHODIMP Fire() noexcept override;
     STDMETHODIMP BatchData(BSTR* path, LONG* part) noexcept override;
     STDMETHODIMP ShowAboutBox() noexcept override;

@@ -85,6 +85,7 @@ STDMETHODIMP FISControl::IsDirty() noexcept {
 }
 
 STDMETHODIMP FISControl::InitNew() noexcept {
+    const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
         InitProperties();
         ShowStarted();
@@ -93,6 +94,7 @@ STDMETHODIMP FISControl::InitNew() noexcept {
 }
 
 STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
+    const Com::KeepAlive alive(this);
     return Com::Guard<IPersistPropertyBag>([&] {
         ReadProperties(Com::Out(bag), log);
         ShowStarted();
@@ -101,6 +103,7 @@ STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
 }
 
 STDMETHODIMP FISControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) noexcept {
+    const Com::KeepAlive alive(this);
     return Com::Guard<IPersistPropertyBag>([&] {
         WriteProperties(Com::Out(bag), saveAll);
         isDirty_ = isDirty_ && !clearDirty;
@@ -108,6 +111,7 @@ STDMETHODIMP FISControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) 
 }
 
 STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
+    const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
         const auto bag = StreamPropertyBag::ReadFrom(Com::Out(stream));
         ReadProperties(*bag, nullptr);
@@ -117,6 +121,7 @@ STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
 }
 
 STDMETHODIMP FISControl::Save(IStream* stream, BOOL clearDirty) noexcept {
+    const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
         const auto bag = Com::MakeObject<StreamPropertyBag>();
         WriteProperties(*bag, false);

@@ -210,6 +210,20 @@ TEST_F(PropertyBagLoad, EndsWhereTheBagFailsAndKeepsWhatItHasRead) {
     }
 }
 
+TEST_F(PropertyBagLoad, MayReleaseTheControlMeanwhile) {
+    auto control = Create();
+    // The host's only reference is `control`, which the bag lets go of.
+    IPersistPropertyBag* const persist = control.As<IPersistPropertyBag>().Get();
+    const auto bag = Com::MakeObject<TestBag>();
+    bag->OnRead = [&control](const Text& name) {
+        if (name == u"Caption") {
+            control.Reset();
+        }
+    };
+    EXPECT_EQ(persist->Load(bag.Get(), nullptr), S_OK);
+    EXPECT_FALSE(control);
+}
+
 TEST_F(PropertyBagLoad, OfDisabledLeavesTheControlReadable) {
     const auto placed = Place(false);
     ASSERT_EQ(LoadOne(placed, u"Enabled", Com::Variant(false)), S_OK);
