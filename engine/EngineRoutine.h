@@ -2,6 +2,8 @@
 // How every engine routine reports: its own message on entry, its own numbered error on failure.
 #pragma once
 
+#include <exception>
+#include <new>
 #include <utility>
 
 #include "shared/Definition.h"
@@ -27,13 +29,16 @@ inline FisError EngineError(Message message) {
 }
 
 /// Runs the body of an engine routine: records its message as the current one, and turns any
-/// failure inside into the routine's own error. Running out of memory stays what it is.
+/// failure inside, a host's object's included, into the routine's own error. Running out of memory
+/// stays what it is.
 template <class Body>
 decltype(auto) RunRoutine(Message message, Body&& body) {
     Definition::State().CurrentErrorId = static_cast<std::int32_t>(message);
     try {
         return std::forward<Body>(body)();
-    } catch (const FisError&) {
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) {
         throw EngineError(message);
     }
 }

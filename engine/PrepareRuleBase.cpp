@@ -2,6 +2,8 @@
 // From rule texts to the engine's tables.
 #include "engine/PrepareRuleBase.h"
 
+#include <memory>
+
 #include "engine/EngineRoutine.h"
 #include "engine/RuleTables.h"
 #include "shared/Markers.h"
@@ -195,10 +197,14 @@ std::shared_ptr<OwnValueDictionary> InitialOutputs(const RuleTables& tables) {
 
 void PrepareRuleBase() {
     RunRoutine(Message::InvalidRule, [] {
+        const auto former = Definition::State().Tables;
         auto tables = BuildTables(Definition::Require(Definition::State().RuleBase));
         auto outputs = InitialOutputs(*tables);
-        Definition::State().Tables = std::move(tables);
-        Definition::State().OutputValues = std::move(outputs);
+        // Reading a host's defaults may run code that loads another system: its tables stay.
+        if (Definition::State().Tables == former) {
+            Definition::State().Tables = std::move(tables);
+            Definition::State().OutputValues = std::move(outputs);
+        }
     });
 }
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "engine/PrepareRuleBase.h"
 #include "tests/core/EngineTest.h"
 #include "tests/core/TestPlatform.h"
 #include "tests/core/TestValues.h"
@@ -221,6 +222,26 @@ TEST_P(FuzzifyTest, ReportsInTheLanguageOfTheUser) {
     State().LanguageId = 2052;
     Put(u"X", Value());
     EXPECT_EQ(RaisedByInfer(), (RaisedError{0x80040053, u"Quorvane 控制器", u"无效的推理。"}));
+}
+
+/// What Fuzzify itself raises, before the cycle words it anew.
+class FuzzifyError : public CoreTest {
+  protected:
+    std::optional<RaisedError> RaisedWith(TextView input, const Value& value) {
+        Parse(u"X/8/0/A,0,0,2,6", u"Y/16/0/P,0", u"X>A/Y<P:1");
+        RunTime::PrepareRuleBase();
+        State().InputValues->Put(u"X", value);
+        State().InputVariables->Rekey(u"X", Text(input));
+        return Raised([] { RunTime::Fuzzify(*State().Tables); });
+    }
+};
+
+TEST_F(FuzzifyError, IsItsOwnWhateverIsWrongWithAnInput) {
+    EXPECT_EQ(RaisedWith(u"X", 1.0), std::nullopt);
+    EXPECT_EQ(RaisedWith(u"X", {}), InvalidInputSignal);
+    EXPECT_EQ(RaisedWith(u"X", Text(u"broken")), InvalidInputSignal);
+    EXPECT_EQ(RaisedWith(u"X", NullValue()), InvalidInputSignal);
+    EXPECT_EQ(RaisedWith(u"Gone", 1.0), InvalidInputSignal);
 }
 
 } // namespace

@@ -236,5 +236,50 @@ TEST_F(PlainTables, HoldInputsOfAnyRuleAndOutputsOfRuleZero) {
     EXPECT_EQ(tables.Consequents[1].At(u"Z"), Value(2.0));
 }
 
+/// What the engine's own tables hold of the same rule bases.
+class EngineTables : public CoreTest {
+  protected:
+    const RunTime::RuleTables& Prepare(TextView rules) {
+        Parse(u"X/8/0/A,0,0,2,6;B,2,6,8,8|U/1/0/T,0,0,1,1", u"Y/16/0/P,0;R,16|Z/3/1/S,2", rules);
+        RunTime::PrepareRuleBase();
+        return *State().Tables;
+    }
+};
+
+TEST_F(EngineTables, OfAnEmptyRuleBaseAreEmpty) {
+    const RunTime::RuleTables& tables = Prepare(u"");
+    EXPECT_EQ(tables.RuleCount(), 0);
+    EXPECT_TRUE(tables.UsedInputs.empty());
+    EXPECT_TRUE(tables.UsedOutputs.empty());
+    EXPECT_TRUE(tables.Antecedents.empty());
+    EXPECT_TRUE(tables.Consequents.empty());
+    EXPECT_TRUE(tables.LastRuleOutputs.empty());
+    EXPECT_TRUE(State().OutputValues->Items.Empty());
+}
+
+TEST_F(EngineTables, HoldInputsOfAnyRuleAndOutputsOfRuleZero) {
+    const RunTime::RuleTables& tables =
+        Prepare(u"X>A/Y<P:0.5|X>B;U>[NONE]/Y<[NONE];Z<S:2|x>A;U>T/Y<R:1");
+    ASSERT_EQ(tables.RuleCount(), 3);
+    EXPECT_EQ(tables.Rules[0].Weight, 0.5);
+    EXPECT_EQ(tables.Rules[1].Weight, 2.0);
+    EXPECT_EQ(tables.Rules[2].Weight, 1.0);
+
+    ASSERT_EQ(tables.UsedInputs.size(), 3);
+    EXPECT_EQ(tables.UsedInputs[0].Name, u"X");
+    EXPECT_EQ(tables.UsedInputs[0].Terms, (std::vector<Text>{u"A", u"B"}));
+    EXPECT_EQ(tables.UsedInputs[1].Name, u"U");
+    EXPECT_EQ(tables.UsedInputs[1].Terms, (std::vector<Text>{u"[NONE]", u"T"}));
+    EXPECT_EQ(tables.UsedInputs[2].Name, u"x");
+    for (const RunTime::UsedInput& input : tables.UsedInputs) {
+        EXPECT_EQ(input.LastInput, std::nullopt);
+    }
+    EXPECT_EQ(tables.Degrees, std::vector<double>(5, 1.0));
+
+    ASSERT_EQ(tables.UsedOutputs.size(), 1);
+    EXPECT_EQ(tables.UsedOutputs[0].Name, u"Y");
+    EXPECT_EQ(KeysOf(State().OutputValues->Items), std::vector<Text>{u"Y"});
+}
+
 } // namespace
 } // namespace Quorvane

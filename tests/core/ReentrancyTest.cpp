@@ -4,6 +4,7 @@
 
 #include "engine/Infer.h"
 #include "engine/PrepareRuleBase.h"
+#include "engine/RuleTables.h"
 #include "model/ParseDefinition.h"
 #include "tests/core/EngineTest.h"
 #include "tests/core/TestValues.h"
@@ -206,18 +207,21 @@ TEST_F(ReentrancyOutcomeTest, ACycleEndsOnTheTablesItBeganWith) {
     EXPECT_TRUE(IsNumber(4, State().OutputValues->Get(u"Y"))) << "the new one";
 }
 
-TEST_F(ReentrancyOutcomeTest, PreparingSurvivesAHostsDefaultsThatPrepareAndParse) {
+TEST_F(ReentrancyOutcomeTest, PreparingLeavesASystemThatAHostLoadsMeanwhile) {
     int runs = 0;
     State().DefaultOutputValues = MakeForeign(KeyComparison::Exact, [&runs] {
         if (++runs == 1) {
-            Parse(u"", u"", u"");
+            Parse(u"Z/1/0/T,0,0,1,1", u"W/1/0/V,1", u"Z>T/W<V:1");
+            State().DefaultOutputValues =
+                std::make_shared<OwnValueDictionary>(KeyComparison::Exact);
             RunTime::PrepareRuleBase();
             RunTime::Infer();
         }
     });
     RunTime::PrepareRuleBase();
     EXPECT_EQ(runs, 1);
-    EXPECT_EQ(KeysOf(State().OutputValues->Items), std::vector<Text>{u"Y"});
+    EXPECT_EQ(KeysOf(State().OutputValues->Items), std::vector<Text>{u"W"});
+    EXPECT_EQ(State().Tables->UsedInputs.front().Name, u"Z");
 }
 
 TEST_F(ReentrancyOutcomeTest, AnErrorOfAHostFailsTheCycle) {
