@@ -18,7 +18,7 @@ void CheckHost(HRESULT result) {
 
 } // namespace
 
-const Value& ForeignDictionary::Get(TextView key) {
+Value ForeignDictionary::Get(TextView key) {
     Com::Variant keyVariant(key);
     // The platform's dictionary adds a key that is read and missing; asking first prevents that.
     VARIANT_BOOL exists = VARIANT_FALSE;
@@ -27,7 +27,7 @@ const Value& ForeignDictionary::Get(TextView key) {
     if (exists != VARIANT_FALSE) {
         CheckHost(object_->get_Item(&keyVariant.Get(), item.Put()));
     }
-    return lastRead_ = FromVariant(item.Get());
+    return FromVariant(item.Get());
 }
 
 void ForeignDictionary::Put(TextView key, Value value) {

@@ -14,14 +14,13 @@ class ForeignDictionary final : public ValueDictionary {
   public:
     explicit ForeignDictionary(Com::ComPtr<IDictionary> object) : object_(std::move(object)) {}
 
-    const Value& Get(TextView key) override;
+    Value Get(TextView key) override;
     void Put(TextView key, Value value) override;
 
     const Com::ComPtr<IDictionary>& Object() const { return object_; }
 
   private:
     Com::ComPtr<IDictionary> object_;
-    Value lastRead_;
 };
 
 } // namespace Quorvane

@@ -33,7 +33,8 @@ namespace Quorvane {
 /// identity is told the truth. The object keeps its dictionary alive, not the other way round.
 class ScriptingDictionary final
     : public Com::ComObject<Com::DualDispatch<IDictionary, DescribeScriptingType>,
-                            Com::SupportsErrorInfo<IDictionary>, IOwnDictionary> {
+                            Com::SupportsErrorInfo<IDictionary>, IOwnDictionary>,
+      public DictionaryFace {
   public:
     /// The host's object for a dictionary: the one there is, or a new one.
     static Com::ComPtr<IDictionary> Of(const std::shared_ptr<OwnValueDictionary>& dictionary);

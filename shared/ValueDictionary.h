@@ -17,16 +17,24 @@ class ValueDictionary {
     ValueDictionary& operator=(const ValueDictionary&) = delete;
     virtual ~ValueDictionary() = default;
 
-    /// The value under a key, Empty when there is none; reading never adds a key. The reference
-    /// holds until the dictionary is used again.
-    virtual const Value& Get(TextView key) = 0;
+    /// The value under a key, Empty when there is none; reading never adds a key. A copy, since a
+    /// host that converts it may replace the item meanwhile.
+    virtual Value Get(TextView key) = 0;
 
     /// Replaces the value under a key, or adds it.
     virtual void Put(TextView key, Value value) = 0;
 };
 
-/// The object through which a host sees one of the system's own dictionaries.
-class ScriptingDictionary;
+/// The object through which a host sees one of the system's own dictionaries; the shell has it.
+class DictionaryFace {
+  public:
+    DictionaryFace(const DictionaryFace&) = delete;
+    DictionaryFace& operator=(const DictionaryFace&) = delete;
+
+  protected:
+    DictionaryFace() = default;
+    ~DictionaryFace() = default;
+};
 
 /// A dictionary of the system's own.
 class OwnValueDictionary final : public ValueDictionary {
@@ -39,10 +47,9 @@ class OwnValueDictionary final : public ValueDictionary {
 
     explicit OwnValueDictionary(KeyComparison comparison) : Items(comparison) {}
 
-    const Value& Get(TextView key) override {
-        static const Value empty;
+    Value Get(TextView key) override {
         const Item* const item = Items.Find(key);
-        return item ? item->Content : empty;
+        return item ? item->Content : Value();
     }
 
     void Put(TextView key, Value value) override {
@@ -58,7 +65,7 @@ class OwnValueDictionary final : public ValueDictionary {
     StringKeyedDictionary<Item> Items;
 
     /// Set while a host holds this dictionary; the face itself sets and clears it.
-    ScriptingDictionary* Face = nullptr;
+    DictionaryFace* Face = nullptr;
 };
 
 } // namespace Quorvane

@@ -94,13 +94,11 @@ class ForeignDictionary final : public ValueDictionary {
     explicit ForeignDictionary(KeyComparison comparison, Reader onRead = nullptr)
         : values_(comparison), onRead_(std::move(onRead)) {}
 
-    const Value& Get(TextView key) override {
+    Value Get(TextView key) override {
         if (onRead_) {
             onRead_(key);
         }
-        // A copy in a place of its own: what is read can be replaced by the next use.
-        read_ = values_.Get(key);
-        return read_;
+        return values_.Get(key);
     }
 
     void Put(TextView key, Value value) override { values_.Put(key, std::move(value)); }
@@ -110,7 +108,6 @@ class ForeignDictionary final : public ValueDictionary {
   private:
     OwnValueDictionary values_;
     Reader onRead_;
-    Value read_;
 };
 
 } // namespace Quorvane
