@@ -56,23 +56,26 @@ void BatchFile::Write(std::string_view text) {
 void BatchFile::Write(TextView text) {
     const auto* const wide = reinterpret_cast<const wchar_t*>(text.data());
     const auto length = static_cast<int>(text.size());
-    std::string narrow(2 * text.size(), '\0');
-    const int size = ::WideCharToMultiByte(CP_ACP, 0, wide, length, narrow.data(),
-                                           static_cast<int>(narrow.size()), nullptr, nullptr);
-    narrow.resize(static_cast<std::size_t>(size));
+    const auto convert = [&](char* narrow, int size) {
+        return ::WideCharToMultiByte(CP_ACP, 0, wide, length, narrow, size, nullptr, nullptr);
+    };
+    std::string narrow(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+    if (convert(narrow.data(), static_cast<int>(narrow.size())) == 0 && !text.empty()) {
+        ThrowLastError();
+    }
     Write(std::string_view(narrow));
 }
 
 void BatchFile::Flush() {
-    std::string_view left = buffer_;
-    while (!left.empty()) {
+    while (!buffer_.empty()) {
         DWORD written = 0;
-        if (!::WriteFile(file_, left.data(), static_cast<DWORD>(left.size()), &written, nullptr)) {
+        if (!::WriteFile(file_, buffer_.data(), static_cast<DWORD>(buffer_.size()), &written,
+                         nullptr)) {
             ThrowLastError();
         }
-        left.remove_prefix(written);
+        // What is written leaves the buffer at once: a later try must not write it again.
+        buffer_.erase(0, written);
     }
-    buffer_.clear();
 }
 
 } // namespace Quorvane

@@ -17,7 +17,7 @@ class BatchFile {
     /// Makes the file anew; one that exists is deleted first. Throws Com::HresultError.
     explicit BatchFile(const Text& path);
 
-    /// Closes the file. What could not be written by then is lost without a word: see Close.
+    /// Closes the file. What could not be written by then is lost without a word: see Flush.
     ~BatchFile();
 
     BatchFile(const BatchFile&) = delete;

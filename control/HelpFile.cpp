@@ -8,7 +8,8 @@
 #include <string>
 
 #include "QuorvaneAxEditor.h"
-#include "control/com/ErrorBoundary.h"
+#include "control/com/RegistryJournal.h"
+#include "control/com/Scoped.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
 
@@ -20,29 +21,10 @@ constexpr std::int32_t HelpFileNameId = 37;
 /// The most characters that a help directory can have, its terminating zero included.
 constexpr DWORD LongestDirectory = 32768;
 
-/// An open registry key.
-class Key {
-  public:
-    ~Key() {
-        if (key_) {
-            ::RegCloseKey(key_);
-        }
-    }
-    HKEY* Put() { return &key_; }
-    HKEY Get() const { return key_; }
-
-  private:
-    HKEY key_ = nullptr;
-};
-
-std::string HelpDirectoryKey() {
+Text HelpDirectoryKey() {
     wchar_t braced[39];
     ::StringFromGUID2(LIBID_QuorvaneAxEditor, braced, static_cast<int>(std::size(braced)));
-    std::string key = "TypeLib\\";
-    for (const wchar_t* character = braced; *character; ++character) {
-        key.push_back(static_cast<char>(*character));
-    }
-    return key + "\\1.0\\HELPDIR";
+    return u"TypeLib\\" + Text(Com::View(braced)) + u"\\1.0\\HELPDIR";
 }
 
 Text FromAnsi(const std::string& ansi) {
@@ -57,9 +39,8 @@ Text FromAnsi(const std::string& ansi) {
 } // namespace
 
 void SetHelpFile() {
-    Key key;
-    if (::RegOpenKeyExA(HKEY_CLASSES_ROOT, HelpDirectoryKey().c_str(), 0, KEY_READ, key.Put()) !=
-        ERROR_SUCCESS) {
+    const auto key = Com::RegistryKey::Open(HKEY_CLASSES_ROOT, HelpDirectoryKey(), KEY_READ);
+    if (!key) {
         return;
     }
     // A value that cannot be read leaves the buffer as it is: blanks, taken at their full length.

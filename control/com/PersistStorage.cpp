@@ -34,13 +34,13 @@ STDMETHODIMP PersistStorage::Load(IStorage* storage) noexcept {
     });
 }
 
-STDMETHODIMP PersistStorage::Save(IStorage* storage, BOOL) noexcept {
+STDMETHODIMP PersistStorage::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
     return Guard<IPersistStorage>([&] {
         Check(::WriteClassStg(&Out(storage), *Core().Traits().Clsid));
         ComPtr<IStream> stream;
         Check(storage->CreateStream(StreamName, STGM_CREATE | STGM_WRITE | Exclusive, 0, 0,
                                     stream.Put()));
-        return Core().StreamForm().Save(stream.Get(), TRUE);
+        return Core().StreamForm().Save(stream.Get(), sameAsLoad);
     });
 }
 
