@@ -19,13 +19,9 @@ constexpr DWORD BarStyle =
 
 constexpr WPARAM FirstPanel = 0;
 
-/// Right edges of the panels; -1 is that of the bar.
-struct PanelEdges {
-    int First;
-    int Second = -1;
-
-    bool operator==(const PanelEdges&) const = default;
-};
+// Right edges of the panel: that of the bar, or one that leaves it no width.
+constexpr int WholeBar = -1;
+constexpr int NoWidth = 0;
 
 } // namespace
 
@@ -44,14 +40,12 @@ void StatusBar::SetDpi(int dpi, const Win::ImageList& images) {
 }
 
 void StatusBar::Reflect() noexcept {
-    RECT area{};
-    ::GetClientRect(Get(), &area);
     // A panel cannot be invisible; one without a width shows neither picture nor text.
-    const PanelEdges wanted{panel_.Visible ? static_cast<int>(area.right) : 0};
-    PanelEdges current{-1};
-    ::SendMessageW(Get(), SB_GETPARTS, 2, reinterpret_cast<LPARAM>(&current));
+    const int wanted = panel_.Visible ? WholeBar : NoWidth;
+    int current = WholeBar;
+    ::SendMessageW(Get(), SB_GETPARTS, 1, reinterpret_cast<LPARAM>(&current));
     if (current != wanted) {
-        ::SendMessageW(Get(), SB_SETPARTS, 2, reinterpret_cast<LPARAM>(&wanted));
+        ::SendMessageW(Get(), SB_SETPARTS, 1, reinterpret_cast<LPARAM>(&wanted));
     }
     HICON const picture = panel_.HasErrorPicture ? errorPicture_.Get() : nullptr;
     ::SendMessageW(Get(), SB_SETICON, FirstPanel, reinterpret_cast<LPARAM>(picture));

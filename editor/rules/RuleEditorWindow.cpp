@@ -59,6 +59,8 @@ class RuleEditorWindow final : public Win::Window {
 
   private:
     void MakeControls();
+    void TakeOwnersIcon() const;
+    void TakeRoom() const;
     void Arrange();
     int SidePanelsWidth() const;
     void Reflect();
@@ -109,7 +111,9 @@ RuleEditorWindow::RuleEditorWindow(HWND owner, bool changed)
          .Id = 0});
     prompt_.SetOwner(Get());
     ::SetWindowTextW(Get(), Win::Wide(CurrentRuleEditorCaptions().RuleBase));
+    TakeOwnersIcon();
     MakeControls();
+    TakeRoom();
     Arrange();
     Reflect();
 }
@@ -166,6 +170,35 @@ void RuleEditorWindow::MakeControls() {
                                                                     Reflect();
                                                                 },
                                                             .DeletePressed = [this] { Delete(); }});
+}
+
+/// The editor belongs to the program that shows it.
+void RuleEditorWindow::TakeOwnersIcon() const {
+    HWND const top = ::GetAncestor(owner_, GA_ROOTOWNER);
+    const auto fromClass = static_cast<LPARAM>(::GetClassLongPtrW(top, GCLP_HICONSM));
+    const LRESULT given = ::SendMessageW(top, WM_GETICON, ICON_SMALL, 0);
+    ::SendMessageW(Get(), WM_SETICON, ICON_SMALL, given != 0 ? given : fromClass);
+}
+
+/// Makes the window wide enough for all columns, as far as the screen has the room.
+void RuleEditorWindow::TakeRoom() const {
+    RECT window{};
+    RECT client{};
+    ::GetWindowRect(Get(), &window);
+    ::GetClientRect(Get(), &client);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(Get(), MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& room = monitor.rcWork;
+    const LONG frame = window.right - window.left - client.right;
+    const LONG wanted = frame + SidePanelsWidth() + 2 * font_.X(Margin) + 2 * font_.X(Gap) +
+                        lvwRule_->NaturalWidth();
+    const LONG width =
+        std::min(std::max(wanted, window.right - window.left), room.right - room.left);
+    const LONG height = std::min(window.bottom - window.top, room.bottom - room.top);
+    const LONG left = std::max(room.left, std::min(window.left, room.right - width));
+    const LONG top = std::max(room.top, std::min(window.top, room.bottom - height));
+    ::SetWindowPos(Get(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int RuleEditorWindow::SidePanelsWidth() const {

@@ -35,6 +35,15 @@ void RuleListView::AddColumns(const std::vector<RuleColumn>& columns, int dpi) {
     }
 }
 
+int RuleListView::NaturalWidth() const {
+    int width = ::GetSystemMetrics(SM_CXVSCROLL) + 2 * ::GetSystemMetrics(SM_CXEDGE);
+    const int count = Header_GetItemCount(ListView_GetHeader(Window()));
+    for (int column = 0; column < count; ++column) {
+        width += ListView_GetColumnWidth(Window(), column);
+    }
+    return width;
+}
+
 void RuleListView::Reflect() {
     isShowing_ = true;
     const auto count = static_cast<int>(editor_.Rows().Count());

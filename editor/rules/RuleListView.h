@@ -32,6 +32,9 @@ class RuleListView {
 
     HWND Window() const noexcept { return window_.Get(); }
 
+    /// The width in which no column is cut off, with room for a scroll bar.
+    int NaturalWidth() const;
+
     /// Shows the rows as the editor has them, the selected one in view.
     void Reflect();
 

@@ -6,6 +6,7 @@
 #include "host/Wide.h"
 #include "host/form/Automation.h"
 #include "host/form/PropertyFrame.h"
+#include "host/form/Texts.h"
 
 #include <algorithm>
 #include <array>
@@ -36,25 +37,25 @@ constexpr int PanelWidth = 372;
 
 HMENU MenuBar() {
     const HMENU file = CreatePopupMenu();
-    AppendMenuW(file, MF_STRING, NewId, L"&New\tCtrl+N");
-    AppendMenuW(file, MF_STRING, OpenId, L"&Open...\tCtrl+O");
-    AppendMenuW(file, MF_STRING, SaveId, L"&Save\tCtrl+S");
-    AppendMenuW(file, MF_STRING, SaveAsId, L"Save &As...");
+    AppendMenuW(file, MF_STRING, NewId, GetText(TextId::NewItem));
+    AppendMenuW(file, MF_STRING, OpenId, GetText(TextId::OpenItem));
+    AppendMenuW(file, MF_STRING, SaveId, GetText(TextId::SaveItem));
+    AppendMenuW(file, MF_STRING, SaveAsId, GetText(TextId::SaveAsItem));
     AppendMenuW(file, MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(file, MF_STRING, ExitId, L"E&xit");
+    AppendMenuW(file, MF_STRING, ExitId, GetText(TextId::ExitItem));
     const HMENU form = CreatePopupMenu();
-    AppendMenuW(form, MF_STRING, DesignId, L"&Design Mode\tShift+F5");
-    AppendMenuW(form, MF_STRING, RunId, L"&Run Mode\tF5");
+    AppendMenuW(form, MF_STRING, DesignId, GetText(TextId::DesignItem));
+    AppendMenuW(form, MF_STRING, RunId, GetText(TextId::RunItem));
     AppendMenuW(form, MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(form, MF_STRING, AddId, L"&Add Control\tIns");
-    AppendMenuW(form, MF_STRING, RemoveId, L"Re&move Control\tDel");
-    AppendMenuW(form, MF_STRING, PropertiesId, L"&Properties...\tF4");
+    AppendMenuW(form, MF_STRING, AddId, GetText(TextId::AddItem));
+    AppendMenuW(form, MF_STRING, RemoveId, GetText(TextId::RemoveItem));
+    AppendMenuW(form, MF_STRING, PropertiesId, GetText(TextId::PropertiesItem));
     const HMENU help = CreatePopupMenu();
-    AppendMenuW(help, MF_STRING, AboutId, L"&About the Control...");
+    AppendMenuW(help, MF_STRING, AboutId, GetText(TextId::AboutItem));
     const HMENU bar = CreateMenu();
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(form), L"F&orm");
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(help), L"&Help");
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), GetText(TextId::FileMenu));
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(form), GetText(TextId::FormMenu));
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(help), GetText(TextId::HelpMenu));
     return bar;
 }
 
@@ -75,7 +76,9 @@ std::filesystem::path AskForFile(HWND owner, const std::filesystem::path& offere
     OPENFILENAMEW ask{};
     ask.lStructSize = sizeof ask;
     ask.hwndOwner = owner;
-    ask.lpstrFilter = L"Forms (*.form)\0*.form\0All files\0*.*\0";
+    const std::wstring filter = GetText(TextId::FormFiles) + std::wstring(L"\0*.form\0", 8) +
+                                GetText(TextId::AllFiles) + std::wstring(L"\0*.*\0", 5);
+    ask.lpstrFilter = filter.c_str();
     ask.lpstrFile = path.data();
     ask.nMaxFile = static_cast<DWORD>(path.size());
     ask.lpstrDefExt = L"form";
@@ -97,13 +100,17 @@ FormFile EmptyForm() {
 FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) {
     placement_.Dll = settings.Dll;
     placement_.Locale = settings.Locale;
-    Create(L"QuorvaneFormWindow", L"Quorvane Form", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr,
-           MenuBar(), WS_EX_CONTROLPARENT);
+    Create(L"QuorvaneFormWindow", GetText(TextId::ProgramName),
+           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr, MenuBar(), WS_EX_CONTROLPARENT);
     accelerators_ = Accelerators();
     surface_ = std::make_unique<FormSurface>(Handle(), *this);
     grid_ = std::make_unique<PropertyGrid>(Handle());
     runPanel_ = std::make_unique<RunPanel>(Handle(), settings.BatchFolder);
-    SetWindowPos(Handle(), nullptr, 0, 0, Scaled(960), Scaled(720), SWP_NOMOVE | SWP_NOZORDER);
+    RECT desktop{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
+    SetWindowPos(Handle(), nullptr, 0, 0, std::min<int>(Scaled(960), desktop.right - desktop.left),
+                 std::min<int>(Scaled(720), desktop.bottom - desktop.top),
+                 SWP_NOMOVE | SWP_NOZORDER);
     placement_.RunMode = settings.RunMode;
     if (settings.Form) {
         OpenForm(*settings.Form);
@@ -144,6 +151,9 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (runPanel_) {
             Arrange();
         }
+        return 0;
+    case WM_GETMINMAXINFO:
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(640), Scaled(520)};
         return 0;
     case WM_INITMENUPOPUP:
         UpdateMenu();
@@ -271,7 +281,7 @@ bool FormWindow::MayDiscard() {
     if (!isChanged_) {
         return true;
     }
-    switch (MessageBoxW(Handle(), L"Save the changes to this form?", L"Quorvane Form",
+    switch (MessageBoxW(Handle(), GetText(TextId::SaveChanges), GetText(TextId::ProgramName),
                         MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
         return SaveForm();
@@ -337,7 +347,7 @@ void FormWindow::ShowProperties() {
     if (!control) {
         return;
     }
-    ShowPropertyFrame(Handle(), control->Name() + L" Properties", control->Object(),
+    ShowPropertyFrame(Handle(), GetText(TextId::PropertiesOf, control->Name()), control->Object(),
                       placement_.Locale.value_or(GetUserDefaultLCID()));
     if (!placement_.RunMode) {
         grid_->RefreshValues();
@@ -352,10 +362,11 @@ void FormWindow::ShowAbout() {
 }
 
 void FormWindow::UpdateTitle() {
-    const std::wstring name = path_.empty() ? L"(new form)" : path_.filename().wstring();
-    const wchar_t* const mode = placement_.RunMode ? L" [Run]" : L" [Design]";
-    const wchar_t* const changed = isChanged_ ? L" *" : L"";
-    SetWindowTextW(Handle(), (name + changed + mode + L" - Quorvane Form").c_str());
+    const std::wstring name = path_.empty() ? GetText(TextId::NewForm) : path_.filename().wstring();
+    const wchar_t* const changed = isChanged_ ? L" * " : L" ";
+    const TextId mode = placement_.RunMode ? TextId::RunModeMark : TextId::DesignModeMark;
+    SetWindowTextW(
+        Handle(), (name + changed + GetText(mode) + L" - " + GetText(TextId::ProgramName)).c_str());
 }
 
 void FormWindow::UpdateMenu() {

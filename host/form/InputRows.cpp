@@ -15,7 +15,7 @@ namespace Quorvane::Host {
 namespace {
 
 constexpr int SliderSteps = 1000;
-constexpr int RowHeight = 34;
+constexpr int RowHeight = 30;
 constexpr int FirstId = 1000;
 
 /// A number as the user writes it.
@@ -42,6 +42,10 @@ double Rounded(double number, double range) {
 InputRows::InputRows(HWND parent, Changed changed) : changed_(std::move(changed)) {
     Create(L"QuorvaneInputRows", L"Inputs", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_CLIPCHILDREN,
            parent, nullptr, WS_EX_CONTROLPARENT);
+}
+
+int InputRows::HeightOf(HWND window, int rows) {
+    return MulDiv(RowHeight * rows, DpiOf(window), USER_DEFAULT_SCREEN_DPI);
 }
 
 void InputRows::SetInputs(const std::vector<StoredVariable>& inputs) {
@@ -112,13 +116,17 @@ void InputRows::Arrange() {
     offset_ = SetScrollInfo(Handle(), SB_VERT, &scroll, TRUE);
     const int label = Scaled(84);
     const int field = Scaled(84);
+    const int gap = Scaled(4);
     int top = -offset_;
+    const auto place = [&](HWND child, int left, int width, int childHeight) {
+        MoveWindow(child, left, top + (height - Scaled(childHeight)) / 2, std::max(0, width),
+                   Scaled(childHeight), TRUE);
+    };
     for (const Row& row : rows_) {
-        MoveWindow(row.Label, 0, top + Scaled(8), label, Scaled(20), TRUE);
-        MoveWindow(row.Field, label, top + Scaled(5), field, Scaled(22), TRUE);
-        MoveWindow(row.Slider, label + field + Scaled(4), top + Scaled(3),
-                   std::max(0, static_cast<int>(area.right) - label - field - Scaled(8)),
-                   Scaled(28), TRUE);
+        place(row.Label, 0, label - gap, 14);
+        place(row.Field, label, field, 21);
+        place(row.Slider, label + field + gap, static_cast<int>(area.right) - label - field - gap,
+              26);
         top += height;
     }
 }

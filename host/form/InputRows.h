@@ -18,6 +18,9 @@ class InputRows final : public Window {
 
     InputRows(HWND parent, Changed changed);
 
+    /// The height of so many rows in pixels of a window's screen.
+    static int HeightOf(HWND window, int rows);
+
     /// Replaces the rows by one for each variable.
     void SetInputs(const std::vector<StoredVariable>& inputs);
 

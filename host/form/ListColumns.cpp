@@ -4,6 +4,7 @@
 
 #include "host/form/Window.h"
 
+#include <algorithm>
 #include <array>
 
 #include <commctrl.h>
@@ -22,6 +23,18 @@ void SetColumns(HWND list, std::initializer_list<ListColumn> columns) {
         SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index++),
                      reinterpret_cast<LPARAM>(&item));
     }
+}
+
+void FillWidth(HWND list) {
+    RECT area{};
+    GetClientRect(list, &area);
+    const int last = Header_GetItemCount(ListView_GetHeader(list)) - 1;
+    int others = 0;
+    for (int column = 0; column < last; ++column) {
+        others += ListView_GetColumnWidth(list, column);
+    }
+    // One that is too long for the room gets a scroll bar, which takes its room from the columns.
+    ListView_SetColumnWidth(list, last, std::max(0, static_cast<int>(area.right) - others));
 }
 
 int AddRow(HWND list, std::initializer_list<std::wstring> cells) {

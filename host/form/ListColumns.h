@@ -18,6 +18,9 @@ struct ListColumn {
 /// Gives a report list its columns and full-row selection.
 void SetColumns(HWND list, std::initializer_list<ListColumn> columns);
 
+/// Widens or narrows the last column, so that the columns fill the list.
+void FillWidth(HWND list);
+
 /// Appends a row and returns its index.
 int AddRow(HWND list, std::initializer_list<std::wstring> cells);
 

@@ -4,6 +4,7 @@
 
 #include "host/ComObject.h"
 #include "host/HResult.h"
+#include "host/form/Texts.h"
 #include "host/form/Window.h"
 
 #include <algorithm>
@@ -18,6 +19,15 @@ namespace Quorvane::Host {
 namespace {
 
 enum ButtonId { ApplyId = 100, HelpButtonId, TabsId };
+
+// In pixels at 96 dots per inch.
+constexpr int Gap = 8;
+constexpr int TabHeight = 26;
+constexpr int ButtonWidth = 80;
+constexpr int ButtonHeight = 25;
+constexpr int ButtonCount = 4;
+/// What a page gets of its own size at first.
+constexpr int RoomyPercent = 140;
 
 class Frame;
 
@@ -71,7 +81,10 @@ class Frame final : public Window {
 
   private:
     void AddPage(const CLSID& clsid, IUnknown* object, LCID locale);
+    SIZE SizeFor(const SIZE& page) const;
+    void Place();
     void CreateChildren();
+    void Arrange();
     RECT PageRectangle() const;
     void ShowPage(std::size_t index);
     bool ApplyPages();
@@ -84,6 +97,7 @@ class Frame final : public Window {
     std::size_t shown_ = 0;
     SIZE pageSize_{};
     HWND tabs_ = nullptr;
+    std::vector<HWND> buttons_;
     bool isDone_ = false;
 };
 
@@ -105,9 +119,11 @@ Frame::Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID local
         AddPage(classes.pElems[i], object, locale);
     }
     if (HasPages()) {
-        Create(L"QuorvanePropertyFrame", title.c_str(), WS_POPUP | WS_CAPTION | WS_SYSMENU, owner,
-               nullptr, WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT);
+        Create(L"QuorvanePropertyFrame", title.c_str(),
+               WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN, owner, nullptr,
+               WS_EX_CONTROLPARENT);
         CreateChildren();
+        Place();
     }
 }
 
@@ -145,24 +161,34 @@ void Frame::AddPage(const CLSID& clsid, IUnknown* object, LCID locale) {
     pageSize_.cy = std::max(pageSize_.cy, added.Size.cy);
 }
 
-void Frame::CreateChildren() {
-    const int gap = Scaled(8);
-    const int tabHeight = Scaled(26);
-    const int buttonWidth = Scaled(80);
-    const int buttonHeight = Scaled(26);
-    RECT client = {0, 0, pageSize_.cx + 4 * gap, pageSize_.cy + tabHeight + buttonHeight + 5 * gap};
-    client.right = std::max<LONG>(client.right, 4 * (buttonWidth + gap) + gap);
-    RECT window = client;
+SIZE Frame::SizeFor(const SIZE& page) const {
+    const int gap = Scaled(Gap);
+    RECT window = {0, 0, page.cx + 4 * gap,
+                   page.cy + Scaled(TabHeight) + Scaled(ButtonHeight) + 5 * gap};
+    window.right = std::max<LONG>(window.right, ButtonCount * (Scaled(ButtonWidth) + gap) + gap);
     AdjustWindowRectEx(&window, static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)), FALSE,
                        static_cast<DWORD>(GetWindowLongW(Handle(), GWL_EXSTYLE)));
+    return {window.right - window.left, window.bottom - window.top};
+}
+
+/// Opens beside the owner's upper left corner, with more room than the pages need at least, as far
+/// as the screen has it.
+void Frame::Place() {
     RECT around{};
     GetWindowRect(owner_, &around);
-    SetWindowPos(Handle(), nullptr, around.left + Scaled(40), around.top + Scaled(40),
-                 window.right - window.left, window.bottom - window.top, SWP_NOZORDER);
+    RECT desktop{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
+    const SIZE roomy =
+        SizeFor({pageSize_.cx * RoomyPercent / 100, pageSize_.cy * RoomyPercent / 100});
+    const LONG width = std::min(roomy.cx, desktop.right - desktop.left);
+    const LONG height = std::min(roomy.cy, desktop.bottom - desktop.top);
+    const LONG left = std::min(around.left + Scaled(40), desktop.right - width);
+    const LONG top = std::min(around.top + Scaled(40), desktop.bottom - height);
+    SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER);
+}
 
+void Frame::CreateChildren() {
     tabs_ = CreateChild(Handle(), WC_TABCONTROLW, L"", WS_TABSTOP | WS_CLIPSIBLINGS, TabsId);
-    MoveWindow(tabs_, gap, gap, client.right - 2 * gap, client.bottom - buttonHeight - 3 * gap,
-               FALSE);
     int index = 0;
     for (const Page& page : pages_) {
         TCITEMW item{};
@@ -172,18 +198,35 @@ void Frame::CreateChildren() {
                      reinterpret_cast<LPARAM>(&item));
     }
     struct Button {
-        const wchar_t* Caption;
+        TextId Caption;
         int Id;
     };
-    int left = client.right - 4 * (buttonWidth + gap);
-    for (const Button& button : {Button{L"OK", IDOK}, Button{L"Cancel", IDCANCEL},
-                                 Button{L"&Apply", ApplyId}, Button{L"Help", HelpButtonId}}) {
-        const HWND child = CreateChild(
-            Handle(), L"BUTTON", button.Caption,
-            WS_TABSTOP | (button.Id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), button.Id);
-        MoveWindow(child, left, client.bottom - buttonHeight - gap, buttonWidth, buttonHeight,
-                   FALSE);
-        left += buttonWidth + gap;
+    for (const Button& button :
+         {Button{TextId::Ok, IDOK}, Button{TextId::Cancel, IDCANCEL},
+          Button{TextId::Apply, ApplyId}, Button{TextId::Help, HelpButtonId}}) {
+        buttons_.push_back(CreateChild(
+            Handle(), L"BUTTON", GetText(button.Caption),
+            WS_TABSTOP | (button.Id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), button.Id));
+    }
+}
+
+void Frame::Arrange() {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    const int gap = Scaled(Gap);
+    const int width = Scaled(ButtonWidth);
+    const int height = Scaled(ButtonHeight);
+    MoveWindow(tabs_, gap, gap, client.right - 2 * gap, client.bottom - height - 3 * gap, TRUE);
+    int left = client.right - ButtonCount * (width + gap);
+    for (const HWND button : buttons_) {
+        MoveWindow(button, left, client.bottom - height - gap, width, height, TRUE);
+        left += width + gap;
+    }
+    const RECT area = PageRectangle();
+    for (const Page& page : pages_) {
+        if (page.IsActive) {
+            page.Object->Move(&area);
+        }
     }
 }
 
@@ -226,6 +269,10 @@ void Frame::ShowPage(std::size_t index) {
     if (!page.IsActive) {
         Check(page.Object->Activate(Handle(), &area, FALSE), L"open a property page");
         page.IsActive = true;
+        // The page comes last of all children; it belongs over the tabs, and first for the Tab key.
+        HWND const made = GetWindow(GetWindow(Handle(), GW_CHILD), GW_HWNDLAST);
+        SetWindowPos(made, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        SetWindowPos(tabs_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
     page.Object->Move(&area);
     page.Object->Show(SW_SHOW);
@@ -276,6 +323,17 @@ void Frame::OnCommand(int id) {
 
 LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+    case WM_SIZE:
+        if (tabs_) {
+            Arrange();
+        }
+        return 0;
+    case WM_GETMINMAXINFO:
+        if (tabs_) {
+            const SIZE least = SizeFor(pageSize_);
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+        }
+        return 0;
     case WM_COMMAND:
         OnCommand(LOWORD(wParam));
         return 0;
@@ -299,8 +357,7 @@ LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void ShowPropertyFrame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale) {
     Frame frame(owner, title, object, locale);
     if (!frame.HasPages()) {
-        MessageBoxW(owner, L"This control has no property pages.", title.c_str(),
-                    MB_OK | MB_ICONINFORMATION);
+        MessageBoxW(owner, GetText(TextId::NoPages), title.c_str(), MB_OK | MB_ICONINFORMATION);
         return;
     }
     frame.Run();

@@ -6,6 +6,7 @@
 #include "host/HResult.h"
 #include "host/form/Automation.h"
 #include "host/form/ListColumns.h"
+#include "host/form/Texts.h"
 
 #include <algorithm>
 #include <array>
@@ -61,7 +62,7 @@ PropertyGrid::PropertyGrid(HWND parent) {
         CreateChild(Handle(), WC_LISTVIEWW, L"Properties",
                     WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
                     ListId, WS_EX_CLIENTEDGE);
-    SetColumns(list_, {{L"Property", 120}, {L"Value", 200}});
+    SetColumns(list_, {{GetText(TextId::Property), 120}, {GetText(TextId::Value), 200}});
     field_ = CreateChild(list_, L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, FieldId);
     ShowWindow(field_, SW_HIDE);
     SetWindowSubclass(field_, FieldProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
@@ -166,6 +167,7 @@ LRESULT PropertyGrid::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         MoveWindow(title_, gap, gap, width, Scaled(20), TRUE);
         MoveWindow(list_, gap, Scaled(32), width, std::max(0, HIWORD(lParam) - Scaled(32) - gap),
                    TRUE);
+        FillWidth(list_);
         return 0;
     }
     case WM_NOTIFY:

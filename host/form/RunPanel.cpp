@@ -4,6 +4,7 @@
 
 #include "host/form/Automation.h"
 #include "host/form/ListColumns.h"
+#include "host/form/Texts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,6 +30,13 @@ enum ChildId {
 };
 
 constexpr int MostDivisions = 1000;
+constexpr std::size_t MostVisibleInputs = 4;
+
+// At 96 dots per inch.
+constexpr int FieldHeight = 21;
+constexpr int ButtonHeight = 25;
+constexpr int LabelHeight = 14;
+constexpr int DropHeight = 200;
 
 bool IsChecked(HWND box) {
     return SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED;
@@ -71,20 +79,22 @@ void RunPanel::CreateChildren() {
     inputRows_ = std::make_unique<InputRows>(
         Handle(),
         [this](const std::wstring& name, const std::wstring& text) { SetInput(name, text); });
-    fire_ = CreateChild(Handle(), L"BUTTON", L"&Fire", WS_TABSTOP | BS_PUSHBUTTON, FireId);
-    autoFire_ =
-        CreateChild(Handle(), L"BUTTON", L"&Auto fire", WS_TABSTOP | BS_AUTOCHECKBOX, AutoFireId);
-    dataShow_ =
-        CreateChild(Handle(), L"BUTTON", L"&Data show", WS_TABSTOP | BS_AUTOCHECKBOX, DataShowId);
+    fire_ =
+        CreateChild(Handle(), L"BUTTON", GetText(TextId::Fire), WS_TABSTOP | BS_PUSHBUTTON, FireId);
+    autoFire_ = CreateChild(Handle(), L"BUTTON", GetText(TextId::AutoFire),
+                            WS_TABSTOP | BS_AUTOCHECKBOX, AutoFireId);
+    dataShow_ = CreateChild(Handle(), L"BUTTON", GetText(TextId::DataShow),
+                            WS_TABSTOP | BS_AUTOCHECKBOX, DataShowId);
     outputList_ =
         CreateChild(Handle(), WC_LISTVIEWW, L"Outputs", List, OutputListId, WS_EX_CLIENTEDGE);
-    SetColumns(outputList_, {{L"Output", 120}, {L"Value", 160}});
+    SetColumns(outputList_, {{GetText(TextId::Output), 160}, {GetText(TextId::Value), 160}});
     eventLog_ = CreateChild(Handle(), WC_LISTVIEWW, L"Events", List, EventLogId, WS_EX_CLIENTEDGE);
-    SetColumns(eventLog_, {{L"Event", 180}, {L"Count", 100}});
-    divisionsLabel_ = CreateChild(Handle(), L"STATIC", L"Di&visions:", SS_LEFT, -1);
+    SetColumns(eventLog_, {{GetText(TextId::Event), 200}, {GetText(TextId::Count), 100}});
+    divisionsLabel_ = CreateChild(Handle(), L"STATIC", GetText(TextId::Divisions), SS_LEFT, -1);
     divisions_ = CreateChild(Handle(), L"EDIT", L"20", WS_TABSTOP | ES_NUMBER, DivisionsId,
                              WS_EX_CLIENTEDGE);
-    batch_ = CreateChild(Handle(), L"BUTTON", L"&Batch...", WS_TABSTOP | BS_PUSHBUTTON, BatchId);
+    batch_ = CreateChild(Handle(), L"BUTTON", GetText(TextId::Batch), WS_TABSTOP | BS_PUSHBUTTON,
+                         BatchId);
     progress_ = CreateChild(Handle(), PROGRESS_CLASSW, L"", 0, ProgressId);
     outputChoice_ = CreateChild(Handle(), L"COMBOBOX", L"", Combo, OutputChoiceId);
     picture_ = std::make_unique<SurfacePicture>(Handle());
@@ -109,35 +119,42 @@ void RunPanel::Arrange() {
     RECT area{};
     GetClientRect(Handle(), &area);
     const int gap = Scaled(8);
-    const int line = Scaled(24);
+    const int field = Scaled(FieldHeight);
+    const int button = Scaled(ButtonHeight);
     const int width = std::max(0, static_cast<int>(area.right) - 2 * gap);
     int top = gap;
-    const auto place = [&](HWND child, int left, int childWidth, int height) {
-        MoveWindow(child, gap + left, top, childWidth, height, TRUE);
+    // Fields, labels and buttons of one line have their middles in one line.
+    const auto place = [&](HWND child, int left, int childWidth, int height, int lineHeight) {
+        MoveWindow(child, gap + left, top + (lineHeight - height) / 2, childWidth, height, TRUE);
     };
-    const auto next = [&](int height) { top += height + gap; };
+    const auto fill = [&](HWND child, int height) {
+        MoveWindow(child, gap, top, width, height, TRUE);
+        top += height + gap;
+    };
 
-    place(controlChoice_, 0, width, Scaled(200));
-    next(line);
-    const int rows = static_cast<int>(std::clamp<std::size_t>(inputs_.size(), 1, 4));
-    place(inputRows_->Handle(), 0, width, Scaled(34) * rows);
-    next(Scaled(34) * rows);
-    place(fire_, 0, Scaled(84), Scaled(26));
-    place(autoFire_, Scaled(94), Scaled(90), Scaled(26));
-    place(dataShow_, Scaled(190), Scaled(100), Scaled(26));
-    next(Scaled(26));
-    place(outputList_, 0, width, Scaled(84));
-    next(Scaled(84));
-    place(eventLog_, 0, width, Scaled(64));
-    next(Scaled(64));
-    place(divisionsLabel_, 0, Scaled(64), line);
-    place(divisions_, Scaled(66), Scaled(48), line);
-    place(batch_, Scaled(122), Scaled(84), Scaled(26));
-    place(progress_, Scaled(214), std::max(0, width - Scaled(214)), line);
-    next(Scaled(26));
-    place(outputChoice_, 0, width, Scaled(200));
-    next(line);
-    place(picture_->Handle(), 0, width, std::max(0, static_cast<int>(area.bottom) - top - gap));
+    MoveWindow(controlChoice_, gap, top, width, Scaled(DropHeight), TRUE);
+    top += button + gap;
+    const int rows =
+        static_cast<int>(std::clamp<std::size_t>(inputs_.size(), 1, MostVisibleInputs));
+    fill(inputRows_->Handle(), InputRows::HeightOf(Handle(), rows));
+    const int third = (width - 2 * gap) / 3;
+    place(fire_, 0, third, button, button);
+    place(autoFire_, third + gap, third, button, button);
+    place(dataShow_, 2 * (third + gap), third, button, button);
+    top += button + gap;
+    fill(outputList_, Scaled(88));
+    fill(eventLog_, Scaled(72));
+    const int label = Scaled(64);
+    place(divisionsLabel_, 0, label, Scaled(LabelHeight), button);
+    place(divisions_, label, third - label, field, button);
+    place(batch_, third + gap, third, button, button);
+    place(progress_, 2 * (third + gap), third, field, button);
+    top += button + gap;
+    MoveWindow(outputChoice_, gap, top, width, Scaled(DropHeight), TRUE);
+    top += button + gap;
+    fill(picture_->Handle(), std::max(0, static_cast<int>(area.bottom) - top - gap));
+    FillWidth(outputList_);
+    FillWidth(eventLog_);
 }
 
 void RunPanel::SetControls(const std::vector<std::unique_ptr<PlacedControl>>& controls) {
@@ -309,7 +326,7 @@ void RunPanel::ShowPicture() {
 bool RunPanel::ChooseFolder() {
     BROWSEINFOW browse{};
     browse.hwndOwner = GetAncestor(Handle(), GA_ROOT);
-    browse.lpszTitle = L"The folder for InData.txt and OutData.txt:";
+    browse.lpszTitle = GetText(TextId::BatchFolder);
     browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_USENEWUI;
     const std::wstring offered = batchFolder_.wstring();
     browse.lParam = reinterpret_cast<LPARAM>(offered.c_str());

@@ -2,6 +2,8 @@
 // SurfacePicture: the control surface drawn from the two batch files.
 #include "host/form/SurfacePicture.h"
 
+#include "host/form/Texts.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -12,6 +14,9 @@
 namespace Quorvane::Host {
 
 namespace {
+
+/// How wide a surface may be, in quarters of its height.
+constexpr int WidestShape = 7;
 
 /// Reads the numbers of a line; anything else in it is skipped as a separator or left out.
 std::vector<double> ReadNumbers(std::string_view line) {
@@ -160,13 +165,13 @@ void SurfacePicture::Paint() {
 
 void SurfacePicture::Draw(HDC context, const RECT& area) const {
     if (values_.empty()) {
-        PrintCentred(context, L"Run a batch to see the response.", area, DT_VCENTER);
+        PrintCentred(context, GetText(TextId::NoBatchYet), area, DT_VCENTER);
     } else if (inputs_.size() == 1) {
         DrawCurve(context, area);
     } else if (inputs_.size() == 2) {
         DrawSurface(context, area);
     } else {
-        PrintCentred(context, L"A picture needs a system of one or two inputs.", area, DT_VCENTER);
+        PrintCentred(context, GetText(TextId::TooManyInputs), area, DT_VCENTER);
     }
 }
 
@@ -196,18 +201,19 @@ void SurfacePicture::DrawCurve(HDC context, const RECT& area) const {
 void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
     const auto side = static_cast<std::size_t>(std::lround(std::sqrt(double(values_.size()))));
     if (side < 2 || side * side != values_.size()) {
-        PrintCentred(context, L"The batch is not complete.", area, DT_VCENTER);
+        PrintCentred(context, GetText(TextId::IncompleteBatch), area, DT_VCENTER);
         return;
     }
-    const int width = area.right - 2 * Scaled(16);
     const int height = area.bottom - 2 * Scaled(24);
+    const int width = std::min<int>(area.right - 2 * Scaled(16), height * WidestShape / 4);
+    const int start = (area.right - width) / 2;
     // Seen from above the corner where both inputs are low: the first input runs to the right
     // and away, the second to the left and away.
     const auto project = [&](std::size_t i, std::size_t j) {
         const double a = double(i) / double(side - 1);
         const double b = double(j) / double(side - 1);
         const double z = (values_[i * side + j] - lowest_) / (highest_ - lowest_);
-        return POINT{area.left + Scaled(16) + std::lround((0.5 + (a - b) * 0.5) * width),
+        return POINT{start + std::lround((0.5 + (a - b) * 0.5) * width),
                      area.bottom - Scaled(24) - std::lround(((a + b) * 0.27 + z * 0.46) * height)};
     };
     const Selected pen(context, CreatePen(PS_SOLID, 1, RGB(70, 70, 70)));
@@ -232,8 +238,8 @@ void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
     left.right = (area.left + area.right) / 2;
     RECT right = area;
     right.left = left.right;
-    PrintCentred(context, L"\x2196 " + range(1), left, DT_BOTTOM);
-    PrintCentred(context, range(0) + L" \x2197", right, DT_BOTTOM);
+    PrintCentred(context, range(1), left, DT_BOTTOM);
+    PrintCentred(context, range(0), right, DT_BOTTOM);
     PrintCentred(context, outputName_ + L"  " + Short(lowest_) + L" \x2026 " + Short(highest_),
                  area, DT_TOP);
 }

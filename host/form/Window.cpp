@@ -5,6 +5,7 @@
 #include "host/HResult.h"
 #include "host/Utf8.h"
 #include "host/Wide.h"
+#include "host/form/Texts.h"
 
 #include <exception>
 #include <map>
@@ -12,6 +13,19 @@
 #include <type_traits>
 
 namespace Quorvane::Host {
+
+namespace {
+
+constexpr int IconResource = 1;
+
+/// The program's icon in the system's size for `metric`, shared by all that ask for it.
+HICON OwnIcon(int metric) {
+    const int side = GetSystemMetrics(metric);
+    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IconResource),
+                                         IMAGE_ICON, side, side, LR_SHARED));
+}
+
+} // namespace
 
 Window::~Window() {
     if (handle_) {
@@ -32,7 +46,8 @@ void Window::Create(const wchar_t* className, const wchar_t* title, DWORD style,
         windowClass.style = CS_DBLCLKS;
         windowClass.lpfnWndProc = Procedure;
         windowClass.hInstance = module;
-        windowClass.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+        windowClass.hIcon = OwnIcon(SM_CXICON);
+        windowClass.hIconSm = OwnIcon(SM_CXSMICON);
         windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
         windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
         windowClass.lpszClassName = className;
@@ -116,7 +131,8 @@ std::wstring TextOf(HWND window) {
 }
 
 void ShowError(HWND owner, const std::string& utf8) {
-    MessageBoxW(owner, ToWide(DecodeUtf8(utf8)).c_str(), L"Quorvane Form", MB_OK | MB_ICONERROR);
+    MessageBoxW(owner, ToWide(DecodeUtf8(utf8)).c_str(), GetText(TextId::ProgramName),
+                MB_OK | MB_ICONERROR);
 }
 
 } // namespace Quorvane::Host
