@@ -71,7 +71,7 @@ std::string MakeDecimal(Random& random) {
     return text;
 }
 
-constexpr int Runs = 200000;
+constexpr int Runs = 500000;
 
 TEST(NumberRoundTrip, WritesWhatPrintfWrites) {
     Random random(1);
@@ -84,7 +84,7 @@ TEST(NumberRoundTrip, WritesWhatPrintfWrites) {
         ASSERT_EQ(written.View(), expected) << std::hexfloat << number;
         digest.Add(written.View());
     }
-    EXPECT_EQ(digest.Value(), 719071462860812136U);
+    EXPECT_EQ(digest.Value(), 10152504022708808348U);
 }
 
 TEST(NumberRoundTrip, ReadsWhatStrtodReads) {
@@ -96,7 +96,7 @@ TEST(NumberRoundTrip, ReadsWhatStrtodReads) {
         ASSERT_TRUE(SameBits(std::strtod(text.c_str(), nullptr), number)) << text;
         digest.Add(std::bit_cast<std::uint64_t>(number));
     }
-    EXPECT_EQ(digest.Value(), 12371118358479747910U);
+    EXPECT_EQ(digest.Value(), 11002162816932026915U);
 }
 
 TEST(NumberRoundTrip, ReadsSeventeenDigitsBackToTheSameDouble) {
