@@ -17,8 +17,8 @@ CaptionStrip::CaptionStrip(HWND parent, UINT id, UINT labelId, const StripFace& 
                         .Position = {},
                         .Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                         .Id = id});
-    // A caption is shown as it is: "&" in it marks no access key.
-    constexpr DWORD LabelStyle = WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_CENTERIMAGE;
+    // Drawn here, for the sake of a disabled one.
+    constexpr DWORD LabelStyle = WS_CHILD | WS_VISIBLE | SS_OWNERDRAW;
     label_ = Win::ChildWindow(
         Win::MakeWindow(Com::ModuleHandle(), L"STATIC",
                         {.Parent = Get(), .Position = {}, .Style = LabelStyle, .Id = labelId}));
@@ -52,6 +52,19 @@ void CaptionStrip::MoveLabel(const PixelBox& box) noexcept {
                    SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void CaptionStrip::DrawLabel(const DRAWITEMSTRUCT& item) const noexcept {
+    const Win::SavedDc saved(item.hDC);
+    const bool enabled = !(item.itemState & ODS_DISABLED);
+    RECT area = item.rcItem;
+    ::FillRect(item.hDC, &area, background_.Get());
+    ::SelectObject(item.hDC, font_.Get());
+    ::SetBkMode(item.hDC, TRANSPARENT);
+    ::SetTextColor(item.hDC, CaptionColor(stripFace_.BackColor, enabled));
+    // A caption is shown as it is: "&" in it marks no access key.
+    ::DrawTextW(item.hDC, Win::Wide(captionFace_.Caption), -1, &area,
+                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+}
+
 LRESULT CaptionStrip::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_DESTROY:
@@ -63,12 +76,9 @@ LRESULT CaptionStrip::OnMessage(UINT message, WPARAM first, LPARAM second) {
         ::FillRect(reinterpret_cast<HDC>(first), &area, background_.Get());
         return 1;
     }
-    case WM_CTLCOLORSTATIC: {
-        const auto context = reinterpret_cast<HDC>(first);
-        ::SetTextColor(context, TextColorOn(stripFace_.BackColor));
-        ::SetBkColor(context, backColor_);
-        return reinterpret_cast<LRESULT>(background_.Get());
-    }
+    case WM_DRAWITEM:
+        DrawLabel(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
+        return TRUE;
     case WM_LBUTTONDOWN:
         // The surface knows where the focus belongs.
         ::SetFocus(::GetParent(Get()));

@@ -29,6 +29,7 @@ class CaptionStrip final : public Win::Window {
 
   private:
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
+    void DrawLabel(const DRAWITEMSTRUCT& item) const noexcept;
 
     const StripFace& stripFace_;
     const CaptionFace& captionFace_;

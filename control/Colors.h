@@ -21,8 +21,8 @@ inline constexpr OLE_COLOR ActiveTitleColor = 0x80000002;
 /// as `otherwise`.
 COLORREF ToColorRef(OLE_COLOR color, OLE_COLOR otherwise) noexcept;
 
-/// The colour of text on the caption strip: the system's own on a title-bar colour, else black or
-/// white, whichever is easier to read.
-COLORREF TextColorOn(OLE_COLOR strip) noexcept;
+/// The colour of the caption on a strip. That of a disabled one is halfway to the strip's own,
+/// since the system's grey is hard to see on a coloured strip.
+COLORREF CaptionColor(OLE_COLOR strip, bool enabled) noexcept;
 
 } // namespace Quorvane

@@ -63,12 +63,28 @@ class DisplayPainter {
         ::FillRect(context_, &area, brush.Get());
     }
 
+    /// Draws a narrow rectangle as a line, which no scaling of a metafile makes vanish.
+    void Rule(const RECT& area, COLORREF color) const noexcept {
+        const LONG width = area.right - area.left;
+        const LONG height = area.bottom - area.top;
+        const bool flat = width >= height;
+        const Win::Pen pen(::CreatePen(PS_SOLID, static_cast<int>(std::min(width, height)), color));
+        const Win::Selection selected(context_, pen.Get());
+        const LONG x = area.left + (flat ? 0 : width / 2);
+        const LONG y = area.top + (flat ? height / 2 : 0);
+        ::MoveToEx(context_, x, y, nullptr);
+        ::LineTo(context_, flat ? area.right : x, flat ? y : area.bottom);
+    }
+
+    /// The width of lines.
+    int Line() const noexcept { return std::max(1, Units(1)); }
+
     void Frame(const RECT& area, COLORREF color) const noexcept {
-        const int line = std::max(1, Units(1));
-        Fill({area.left, area.top, area.right, area.top + line}, color);
-        Fill({area.left, area.bottom - line, area.right, area.bottom}, color);
-        Fill({area.left, area.top, area.left + line, area.bottom}, color);
-        Fill({area.right - line, area.top, area.right, area.bottom}, color);
+        const int line = Line();
+        Rule({area.left, area.top, area.right, area.top + line}, color);
+        Rule({area.left, area.bottom - line, area.right, area.bottom}, color);
+        Rule({area.left, area.top, area.left + line, area.bottom}, color);
+        Rule({area.right - line, area.top, area.right, area.bottom}, color);
     }
 
     /// One line of text, in the middle of the height of its cell.
@@ -83,36 +99,48 @@ class DisplayPainter {
     void DrawStrip(const PixelLayout& boxes, HFONT font) const noexcept {
         const COLORREF back = ToColorRef(display_.picCaption.BackColor, ActiveTitleColor);
         Fill(At(boxes.Strip), back);
-        const bool enabled = display_.lblCaption.Enabled;
         RECT label = At(boxes.Label);
         label.right = std::min(label.right, At(boxes.Strip).right);
         Write(label, display_.lblCaption.Caption, font,
-              enabled ? TextColorOn(display_.picCaption.BackColor) : ::GetSysColor(COLOR_GRAYTEXT));
+              CaptionColor(display_.picCaption.BackColor, display_.lblCaption.Enabled));
     }
 
     void DrawHeader(const RECT& list, const ListFace& face, int columnWidth, HFONT font,
                     LONG bottom) const noexcept {
         const RECT header{list.left, list.top, list.right, bottom};
-        Fill(header, ::GetSysColor(COLOR_BTNFACE));
+        // As visual styles draw it: as light as the rows.
+        Fill(header, ::GetSysColor(COLOR_WINDOW));
         RECT cell = header;
         for (const ListColumn& column : face.Columns) {
             cell.right = std::min<LONG>(cell.left + columnWidth, list.right);
-            const RECT divider{cell.right - Units(1), cell.top, cell.right, bottom};
-            Fill(divider, ::GetSysColor(COLOR_BTNSHADOW));
+            const RECT divider{cell.right - Line(), cell.top, cell.right, bottom};
+            if (cell.right + Line() < list.right) {
+                Rule(divider, ::GetSysColor(COLOR_BTNSHADOW));
+            }
             const RECT text{cell.left + Units(6), cell.top, divider.left, bottom};
-            Write(text, column.Header, font, ::GetSysColor(COLOR_BTNTEXT));
+            Write(text, column.Header, font, ::GetSysColor(COLOR_WINDOWTEXT));
             cell.left = cell.right;
         }
-        Fill({list.left, bottom - Units(1), list.right, bottom}, ::GetSysColor(COLOR_BTNSHADOW));
     }
 
     void DrawRow(const RECT& row, const ListRow& texts, int columnWidth, HFONT font,
                  COLORREF color) const noexcept {
         const LONG middle = std::min<LONG>(row.left + columnWidth, row.right);
-        Write({row.left + Units(4), row.top, middle, row.bottom}, texts.Label, font, color);
-        Write({middle + Units(6), row.top, row.right, row.bottom}, texts.Value, font, color);
-        Fill({row.left, row.bottom - Units(1), row.right, row.bottom},
-             ::GetSysColor(COLOR_BTNFACE));
+        Write({row.left + Units(6), row.top, middle, row.bottom}, texts.Label, font, color);
+        Write({middle + Units(5), row.top, row.right, row.bottom}, texts.Value, font, color);
+    }
+
+    /// The lines under the rows, whether or not these are used, and between the columns.
+    void DrawGrid(const RECT& rows, int pitch, int columnWidth) const noexcept {
+        const COLORREF color = ::GetSysColor(COLOR_BTNFACE);
+        const int line = Line();
+        for (LONG bottom = rows.top + pitch; bottom <= rows.bottom; bottom += pitch) {
+            Rule({rows.left, bottom - line, rows.right, bottom}, color);
+        }
+        const LONG middle = rows.left + columnWidth;
+        if (middle < rows.right) {
+            Rule({middle, rows.top, middle + line, rows.bottom}, color);
+        }
     }
 
     void DrawList(const ListBox& box, const ListFace& face) const noexcept {
@@ -128,8 +156,9 @@ class DisplayPainter {
         const LONG headerBottom = std::min<LONG>(inner.top + line + Units(6), inner.bottom);
         const COLORREF color = face.Enabled ? ToColorRef(face.ForeColor, DefaultForeColor)
                                             : ::GetSysColor(COLOR_GRAYTEXT);
-        RECT row{inner.left, headerBottom, inner.right, headerBottom + line + Units(2)};
+        RECT row{inner.left, headerBottom, inner.right, headerBottom + line + Units(1)};
         const int pitch = row.bottom - row.top;
+        DrawGrid({inner.left, headerBottom, inner.right, inner.bottom}, pitch, box.ColumnWidth);
         for (const ListRow& texts : face.Rows) {
             if (row.top >= inner.bottom) {
                 break;

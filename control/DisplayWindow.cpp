@@ -81,12 +81,30 @@ void DisplayWindow::Reflect() noexcept {
     if (!children_) {
         return;
     }
+    const bool losesFocus = ParkFocus();
     children_->Strip.Reflect();
     children_->Input.Reflect();
     children_->Output.Reflect();
     children_->Status.Reflect();
+    if (losesFocus) {
+        MoveFocus(true);
+    }
     const PixelBox label = ToPixels(display_.Layout(), 0, 0, static_cast<float>(dpi_)).Label;
     children_->Strip.MoveLabel(label);
+}
+
+/// Takes the focus from a list that is about to be disabled, where it would be lost. Returns
+/// whether it has.
+bool DisplayWindow::ParkFocus() noexcept {
+    HWND const focus = ::GetFocus();
+    if ((focus != children_->Input.Get() || display_.lvwInput.Enabled) &&
+        (focus != children_->Output.Get() || display_.lvwOutput.Enabled)) {
+        return false;
+    }
+    isParking_ = true;
+    ::SetFocus(Get());
+    isParking_ = false;
+    return true;
 }
 
 void DisplayWindow::ShowFonts() noexcept {
@@ -206,7 +224,7 @@ LRESULT DisplayWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
         return OnNotify(*reinterpret_cast<NMHDR*>(second));
     case WM_SETFOCUS:
         // A list takes it over; without one that can, the surface keeps it.
-        if (!MoveFocus(true)) {
+        if (isParking_ || !MoveFocus(true)) {
             OnFocus(true, nullptr);
         }
         return 0;

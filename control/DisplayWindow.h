@@ -61,6 +61,7 @@ class DisplayWindow final : public Win::Window {
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
     LRESULT OnNotify(NMHDR& notification) const noexcept;
     void OnFocus(bool focused, HWND other) noexcept;
+    bool ParkFocus() noexcept;
     void OnDestroy() noexcept;
     void Paint() noexcept;
     void UseDpi();
@@ -73,6 +74,7 @@ class DisplayWindow final : public Win::Window {
     int dpi_ = 0;
     /// Whether the owner has heard that the keyboard focus is here.
     bool hasFocus_ = false;
+    bool isParking_ = false;
     Win::ImageList imgStatus_;
     std::unique_ptr<Children> children_;
 };

@@ -10,7 +10,7 @@
 
 namespace Quorvane {
 
-/// The window of the status bar: its first panel, which a hidden panel gives up to an empty one.
+/// The window of the status bar: one panel, of no width while it is hidden.
 class StatusBar final {
   public:
     /// Makes the bar in the parent; it shows this panel, which outlives it. Throws

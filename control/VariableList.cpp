@@ -48,10 +48,8 @@ void VariableList::Reflect() noexcept {
         ListView_SetTextColor(Get(), fore);
         ::InvalidateRect(Get(), nullptr, TRUE);
     }
-    Win::Enable(Get(), face_.Enabled);
-    if (!face_.Enabled && ::GetFocus() == Get()) {
-        // A disabled window hears no keys; the surface knows who may.
-        ::SetFocus(::GetParent(Get()));
+    if (Win::Enable(Get(), face_.Enabled)) {
+        ::InvalidateRect(Get(), nullptr, TRUE);
     }
 }
 
@@ -121,6 +119,18 @@ LRESULT VariableList::FindRow(const NMLVFINDITEMW& question) const noexcept {
     return None;
 }
 
+/// Not every version of the platform shows that a list is disabled.
+LRESULT VariableList::ColourRow(NMLVCUSTOMDRAW& drawing) const noexcept {
+    if (face_.Enabled) {
+        return CDRF_DODEFAULT;
+    }
+    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) {
+        return CDRF_NOTIFYITEMDRAW;
+    }
+    drawing.clrText = ::GetSysColor(COLOR_GRAYTEXT);
+    return CDRF_DODEFAULT;
+}
+
 LRESULT VariableList::OnNotify(NMHDR& notification) const noexcept {
     switch (notification.code) {
     case LVN_GETDISPINFOW:
@@ -128,6 +138,8 @@ LRESULT VariableList::OnNotify(NMHDR& notification) const noexcept {
         return 0;
     case LVN_ODFINDITEMW:
         return FindRow(reinterpret_cast<const NMLVFINDITEMW&>(notification));
+    case NM_CUSTOMDRAW:
+        return ColourRow(reinterpret_cast<NMLVCUSTOMDRAW&>(notification));
     default:
         return 0;
     }

@@ -51,6 +51,7 @@ class VariableList final {
     void HideScrollBarOfWholeColumns() noexcept;
     void ShowColumn(int index, const Text& header, int width) noexcept;
     void TellText(NMLVDISPINFOW& question) const noexcept;
+    LRESULT ColourRow(NMLVCUSTOMDRAW& drawing) const noexcept;
     LRESULT FindRow(const NMLVFINDITEMW& question) const noexcept;
 
     const ListFace& face_;

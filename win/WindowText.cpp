@@ -27,10 +27,12 @@ void ShowText(HWND window, const Text& text) noexcept {
     }
 }
 
-void Enable(HWND window, bool enabled) noexcept {
-    if ((::IsWindowEnabled(window) != FALSE) != enabled) {
-        ::EnableWindow(window, enabled);
+bool Enable(HWND window, bool enabled) noexcept {
+    if ((::IsWindowEnabled(window) != FALSE) == enabled) {
+        return false;
     }
+    ::EnableWindow(window, enabled);
+    return true;
 }
 
 } // namespace Quorvane::Win

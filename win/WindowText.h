@@ -15,7 +15,7 @@ Text TextOf(HWND window);
 /// stays as it is.
 void ShowText(HWND window, const Text& text) noexcept;
 
-/// Enables or disables a window unless it is so already.
-void Enable(HWND window, bool enabled) noexcept;
+/// Enables or disables a window unless it is so already. Returns whether it was not.
+bool Enable(HWND window, bool enabled) noexcept;
 
 } // namespace Quorvane::Win

@@ -7,10 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include "control/Colors.h"
 #include "control/com/ErrorBoundary.h"
 #include "shared/Definition.h"
 #include "tests/windows/support/Form.h"
 #include "tests/windows/support/MemoryBag.h"
+#include "tests/windows/support/Picture.h"
 #include "win/WindowText.h"
 
 namespace Quorvane {
@@ -41,9 +43,9 @@ struct Panel {
 };
 
 Panel PanelOf(HWND bar) {
-    int edges[2] = {-1, -1};
-    ::SendMessageW(bar, SB_GETPARTS, 2, reinterpret_cast<LPARAM>(edges));
-    return {edges[0] != 0, ::SendMessageW(bar, SB_GETICON, 0, 0) != 0, PanelText(bar)};
+    int edge = 0;
+    ::SendMessageW(bar, SB_GETPARTS, 1, reinterpret_cast<LPARAM>(&edge));
+    return {edge != 0, ::SendMessageW(bar, SB_GETICON, 0, 0) != 0, PanelText(bar)};
 }
 
 TEST(Display, ShowsTheVariablesWithTheirBoundsInFullRows) {
@@ -344,6 +346,106 @@ TEST(Display, RepaintsOnRefresh) {
     ASSERT_EQ(form.Control()->Refresh(), S_OK);
     EXPECT_FALSE(::GetUpdateRect(form.Output(), nullptr, FALSE));
     EXPECT_FALSE(::GetUpdateRect(form.Surface(), nullptr, FALSE));
+}
+
+TEST(Display, ShowsWhatIsLoadedAfterTheActivation) {
+    Form form;
+    form.Place(Start::Not);
+    form.Activate();
+    const auto bag = Com::MakeObject<MemoryBag>();
+    bag->Items[L"Caption"] = Com::Variant(TextView(u"Late"));
+    bag->Items[L"ForeColor"] = Com::Variant(LONG{0x00112233});
+    bag->Items[L"Enabled"] = Com::Variant(false);
+    ASSERT_EQ(form.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr), S_OK);
+    EXPECT_EQ(Win::TextOf(form.Label()), u"Late");
+    EXPECT_EQ(ListView_GetTextColor(form.Output()), COLORREF{0x00112233});
+    EXPECT_FALSE(::IsWindowEnabled(form.Input()));
+    EXPECT_EQ(CellText(form.Input(), 0, 0), u"Error [-1, 1]");
+}
+
+TEST(Display, LeavesOutAVariableThatCameAfterTheListsWereFilled) {
+    Form form;
+    form.Place();
+    form.Activate();
+    form.Control()->put_DataShow(VARIANT_TRUE);
+    auto& state = Definition::State();
+    LinguisticVariable late = *state.InputVariables->Find(u"Rate");
+    state.InputVariables->Add(u"Late", std::move(late));
+    state.InputValues->Put(u"Late", Value(0.5));
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    EXPECT_EQ(ListView_GetItemCount(form.Input()), 2);
+    EXPECT_EQ(CellText(form.Input(), 1, 1), u"-1");
+}
+
+TEST(Display, KeepsItsRowsWhenAnotherControlIsLoaded) {
+    Form form;
+    form.Place();
+    form.Activate();
+    const Com::ComPtr<_FISControl> first = form.Control();
+    Definition::State().InputVariables->Remove(u"Rate");
+    EXPECT_EQ(ListView_GetItemCount(form.Input()), 2) << "nothing refreshes the lists by itself";
+    Form other;
+    other.Place();
+    other.Activate();
+    EXPECT_EQ(ListView_GetItemCount(form.Input()), 2);
+    EXPECT_EQ(ListView_GetItemCount(other.Input()), 2);
+}
+
+TEST(Display, ShowsAnEmptyTextForAnOutputThatTheErrorValuesLack) {
+    Form form;
+    form.Place();
+    form.Activate();
+    form.Control()->put_DataShow(VARIANT_TRUE);
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    ASSERT_EQ(CellText(form.Output(), 0, 1), u"-1");
+    // A dictionary that holds the inputs has no outputs.
+    ASSERT_EQ(form.Control()->putref_ErrOutVals(InputsOf(form).Get()), S_OK);
+    SetInput(form, u"Error", Com::Variant(TextView(u"hot")));
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    EXPECT_EQ(CellText(form.Output(), 0, 1), u"");
+    ASSERT_EQ(form.Control()->putref_ErrOutVals(nullptr), S_OK);
+}
+
+TEST(Display, HidesThePanelAgainWithTheNextCycle) {
+    Form form;
+    form.Place();
+    form.Activate();
+    SetInput(form, u"Error", Com::Variant(TextView(u"hot")));
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    SetInput(form, u"Error", Com::Variant(0.5));
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    EXPECT_FALSE(PanelOf(form.Status()).Visible);
+}
+
+TEST(Display, ShowsThatItIsDisabled) {
+    Form form;
+    form.Place();
+    ASSERT_TRUE(form.WaitUntilSeen());
+    form.Activate();
+    form.Control()->put_Enabled(VARIANT_FALSE);
+    form.Control()->Refresh();
+    const auto colours = [&form](HWND window) {
+        RECT area{};
+        ::GetClientRect(window, &area);
+        return Picture::OfWindow(window).Colours(area);
+    };
+    EXPECT_TRUE(colours(form.Output()).contains(::GetSysColor(COLOR_GRAYTEXT)));
+    const COLORREF faint = CaptionColor(ActiveTitleColor, false);
+    EXPECT_NE(faint, CaptionColor(ActiveTitleColor, true));
+    EXPECT_TRUE(colours(form.Label()).contains(faint));
+}
+
+TEST(Display, PassesTheFocusOnWhereTheListThatHasItIsDisabled) {
+    Form form;
+    form.Place();
+    form.DoVerb(OLEIVERB_UIACTIVATE);
+    ASSERT_EQ(::GetFocus(), form.Input());
+    form.Control()->put_Enabled(VARIANT_FALSE);
+    EXPECT_EQ(::GetFocus(), form.Surface());
+    EXPECT_EQ(form.Calls().Count("OnFocus out"), 0);
+    form.Control()->put_Enabled(VARIANT_TRUE);
+    ::SetFocus(form.Window());
+    EXPECT_EQ(form.Calls().Count("OnFocus out"), 1);
 }
 
 TEST(Display, DrawsAnUnknownColourAsTheDefault) {

@@ -54,11 +54,11 @@ Form::~Form() {
 }
 
 bool Form::WaitUntilSeen() const {
-    POINT corner{2, 2};
-    ::ClientToScreen(window_, &corner);
     const Win::WindowDc screen(nullptr);
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i < 300; ++i) {
         HandleMessages();
+        POINT corner{2, 2};
+        ::ClientToScreen(window_, &corner);
         if (::GetPixel(screen.Get(), corner.x, corner.y) == ::GetSysColor(COLOR_BTNFACE)) {
             return true;
         }
