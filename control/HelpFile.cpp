@@ -24,7 +24,7 @@ constexpr DWORD LongestDirectory = 32768;
 Text HelpDirectoryKey() {
     wchar_t braced[39];
     ::StringFromGUID2(LIBID_QuorvaneAxEditor, braced, static_cast<int>(std::size(braced)));
-    return u"TypeLib\\" + Text(Com::View(braced)) + u"\\1.0\\HELPDIR";
+    return u"TypeLib\\" + Com::ToText(braced) + u"\\1.0\\HELPDIR";
 }
 
 Text FromAnsi(const std::string& ansi) {

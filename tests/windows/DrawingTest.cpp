@@ -45,8 +45,8 @@ constexpr RECTL Whole{0, 0, Width, Height};
 
 /// The parts of the control in which a picture is compared: strip, row, empty list, status bar.
 constexpr RECT CaptionText{4, 2, 200, 20};
-constexpr RECT FirstLabel{2, 44, 90, 56};
-constexpr RECT FirstValue{84, 44, 150, 56};
+constexpr RECT FirstLabel{2, 44, 90, 58};
+constexpr RECT FirstValue{84, 44, 150, 58};
 constexpr RECT EmptyRows{4, 120, 150, 170};
 
 TEST_F(Drawing, WithoutAWindowLooksLikeTheWindow) {
