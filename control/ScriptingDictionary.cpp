@@ -205,7 +205,7 @@ Com::ComPtr<IDictionary> ToHost(const std::shared_ptr<ValueDictionary>& dictiona
     if (const auto own = std::dynamic_pointer_cast<OwnValueDictionary>(dictionary)) {
         return ScriptingDictionary::Of(own);
     }
-    return static_cast<const ForeignDictionary&>(*dictionary).Object();
+    return dynamic_cast<const ForeignDictionary&>(*dictionary).Object();
 }
 
 } // namespace Quorvane

@@ -142,7 +142,7 @@ Com::Variant ToVariant(const Value& value) {
 
 Com::Variant ToVariant(const HostValue& value) {
     // In this module every value of a host is a VariantValue.
-    return Com::Variant(static_cast<const VariantValue&>(value).Get());
+    return Com::Variant(dynamic_cast<const VariantValue&>(value).Get());
 }
 
 } // namespace Quorvane

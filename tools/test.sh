@@ -13,6 +13,8 @@ run_tests() {
     local suite
     case " $SUITES $OPTIONAL_SUITES " in *" ${1:-format} "*) ;; *) die "no suite '$1'; there are: $SUITES" ;; esac
     need build windows wine check
+    # Tests know the texts and numbers of this locale; those of a comma set one themselves.
+    export LC_ALL=C.UTF-8
     for suite in ${1:-$SUITES}; do
         run_suite "$suite" "${2:-*}" "${3:-*}" || true
     done
