@@ -84,14 +84,25 @@ void Display::Repaint() noexcept {
     }
 }
 
-void Display::ShowError() noexcept {
-    sbMessage.HasErrorPicture = true;
-    try {
-        sbMessage.Message = Definition::CurrentErrorText();
-    } catch (const std::bad_alloc&) {
-        sbMessage.Message.clear();
+void Display::HidePanel() noexcept {
+    if (sbMessage.Visible) {
+        sbMessage.Visible = false;
+        Reflect();
     }
-    Reflect();
+}
+
+void Display::ShowError() noexcept {
+    Text error;
+    try {
+        error = Definition::CurrentErrorText();
+    } catch (const std::bad_alloc&) {
+        // The picture alone tells of it.
+    }
+    if (!sbMessage.HasErrorPicture || sbMessage.Message != error) {
+        sbMessage.HasErrorPicture = true;
+        sbMessage.Message = std::move(error);
+        Reflect();
+    }
 }
 
 } // namespace Quorvane

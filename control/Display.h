@@ -118,6 +118,9 @@ class Display {
     /// Has the surface drawn anew, at once.
     void Repaint() noexcept;
 
+    /// Hides the panel, where it is not hidden already: cycles come by the thousand.
+    void HidePanel() noexcept;
+
     /// Puts the error picture and the message of the engine routine that failed into the panel.
     /// Whether the panel is visible stays as it is. The message is left out when memory lacks.
     void ShowError() noexcept;

@@ -32,10 +32,10 @@ std::optional<Text> ShownValue(ValueDictionary& values, TextView key) noexcept {
     }
 }
 
-/// Rows are found again after each value, since a host's dictionary may run code that refills the
-/// lists.
-void ShowRows(std::vector<ListRow>& rows, const std::optional<VariableDictionary>& variables,
-              const std::shared_ptr<ValueDictionary>& values) {
+/// Writes the values into the rows of their variables. Rows are found again after each value, since
+/// a host's dictionary may run code that refills the lists.
+void TakeValues(std::vector<ListRow>& rows, const std::optional<VariableDictionary>& variables,
+                std::shared_ptr<ValueDictionary> values) {
     if (!values) {
         return;
     }
@@ -48,6 +48,16 @@ void ShowRows(std::vector<ListRow>& rows, const std::optional<VariableDictionary
         if (value && i < rows.size() && rows[i].Key == key) {
             rows[i].Value = std::move(*value);
         }
+    }
+}
+
+/// The same where nothing may be raised: without memory the remaining rows keep what they showed.
+void UpdateRows(std::vector<ListRow>& rows, const std::optional<VariableDictionary>& variables,
+                const std::shared_ptr<ValueDictionary>& values) noexcept {
+    try {
+        TakeValues(rows, variables, values);
+    } catch (const std::bad_alloc&) {
+        return;
     }
 }
 
@@ -71,17 +81,15 @@ void Display::FillVariableLists() {
 }
 
 void Display::ShowValues() noexcept {
+    // A host's dictionary may run code that ends the window, so it is looked for after each list.
     const Definition::ProcessState& state = Definition::State();
-    const std::shared_ptr<ValueDictionary> inputs = state.InputValues;
-    const std::shared_ptr<ValueDictionary> outputs = state.OutputValues;
-    try {
-        ShowRows(lvwInput.Rows, state.InputVariables, inputs);
-        ShowRows(lvwOutput.Rows, state.OutputVariables, outputs);
-    } catch (const std::bad_alloc&) {
-        // The remaining rows keep what they showed.
-    }
+    UpdateRows(lvwInput.Rows, state.InputVariables, state.InputValues);
     if (window_) {
-        window_->ShowValues();
+        window_->ShowInputValues();
+    }
+    UpdateRows(lvwOutput.Rows, state.OutputVariables, state.OutputValues);
+    if (window_) {
+        window_->ShowOutputValues();
     }
 }
 

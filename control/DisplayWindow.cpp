@@ -121,9 +121,14 @@ void DisplayWindow::ShowRows() noexcept {
     }
 }
 
-void DisplayWindow::ShowValues() noexcept {
+void DisplayWindow::ShowInputValues() noexcept {
     if (children_) {
         children_->Input.ShowValues();
+    }
+}
+
+void DisplayWindow::ShowOutputValues() noexcept {
+    if (children_) {
         children_->Output.ShowValues();
     }
 }

@@ -37,8 +37,9 @@ class DisplayWindow final : public Win::Window {
     /// Shows the rows as they are now.
     void ShowRows() noexcept;
 
-    /// Repaints the lists with their values, the input list first.
-    void ShowValues() noexcept;
+    /// Repaint a list with its values.
+    void ShowInputValues() noexcept;
+    void ShowOutputValues() noexcept;
 
     /// Gives the focus to the next list in the direction, or to the first in it where no list has
     /// the focus. False where there is none.

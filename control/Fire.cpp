@@ -49,8 +49,7 @@ STDMETHODIMP FISControl::Fire() noexcept {
 }
 
 void FISControl::RunCycle() noexcept {
-    display_.sbMessage.Visible = false;
-    display_.Reflect();
+    display_.HidePanel();
     try {
         RunTime::Infer();
     } catch (...) {

@@ -67,6 +67,15 @@ TEST_F(Isolation, MakesTheControl) {
     EXPECT_EQ(control->Refresh(), S_OK);
 }
 
+TEST_F(Isolation, MakesThePropertyPage) {
+    ASSERT_TRUE(context_.IsActive()) << ::GetLastError();
+    Com::ComPtr<IPropertyPage> page;
+    ASSERT_EQ(::CoCreateInstance(CLSID_FIS_IO, nullptr, CLSCTX_INPROC_SERVER,
+                                 __uuidof(IPropertyPage), page.PutVoid()),
+              S_OK);
+    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+}
+
 TEST_F(Isolation, FindsTheTypeLibrary) {
     ASSERT_TRUE(context_.IsActive()) << ::GetLastError();
     Com::ComPtr<ITypeLib> library;
