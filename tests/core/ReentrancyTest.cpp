@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Tests of hosts whose dictionaries and values use the control while they are being read.
 #include <functional>
+#include <new>
+#include <stdexcept>
 
 #include "engine/Infer.h"
 #include "engine/PrepareRuleBase.h"
@@ -229,6 +231,17 @@ TEST_F(ReentrancyOutcomeTest, AnErrorOfAHostFailsTheCycle) {
                                       [] { throw FisError(0x80004005, u"a host", u"its error"); });
     EXPECT_EQ(Raised(RunTime::Infer), InvalidInference);
     EXPECT_EQ(State().CurrentErrorId, 79);
+}
+
+TEST_F(ReentrancyOutcomeTest, AnyOtherFailureOfAHostDoesSoToo) {
+    State().InputValues = MakeForeign(KeyComparison::IgnoreCase,
+                                      [] { throw std::runtime_error("no error of ours"); });
+    EXPECT_EQ(Raised(RunTime::Infer), InvalidInference);
+}
+
+TEST_F(ReentrancyOutcomeTest, RunningOutOfMemoryStaysWhatItIs) {
+    State().InputValues = MakeForeign(KeyComparison::IgnoreCase, [] { throw std::bad_alloc(); });
+    EXPECT_THROW(RunTime::Infer(), std::bad_alloc);
 }
 
 TEST_F(ReentrancyOutcomeTest, ParsingSurvivesInputsThatParseAsTheyGo) {
