@@ -8,7 +8,7 @@
 namespace Quorvane {
 namespace {
 
-constexpr std::size_t BufferSize = 64 * 1024;
+constexpr std::size_t BufferSize = std::size_t{64} * 1024;
 
 [[noreturn]] void ThrowLastError() {
     throw Com::HresultError(HRESULT_FROM_WIN32(::GetLastError()));
