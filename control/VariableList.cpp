@@ -161,11 +161,37 @@ void VariableList::HideScrollBarOfWholeColumns() noexcept {
     }
 }
 
+/// Under Wine, a list with a grid leaves a gap between header and rows, and black if it is
+/// buffered.
+void VariableList::FillGapAboveRows() const noexcept {
+    constexpr LONG GapOfEmptyList = 2;
+    RECT header{};
+    RECT client{};
+    ::GetWindowRect(ListView_GetHeader(Get()), &header);
+    ::MapWindowPoints(nullptr, Get(), reinterpret_cast<POINT*>(&header), 2);
+    ::GetClientRect(Get(), &client);
+    RECT row{};
+    const bool hasRow =
+        ListView_GetItemRect(Get(), ListView_GetTopIndex(Get()), &row, LVIR_BOUNDS) != FALSE;
+    const RECT gap{0, header.bottom, client.right,
+                   hasRow ? row.top : header.bottom + GapOfEmptyList};
+    if (gap.top < gap.bottom) {
+        const Win::WindowDc context(Get());
+        const Win::Brush brush(::CreateSolidBrush(ListView_GetBkColor(Get())));
+        ::FillRect(context.Get(), &gap, brush.Get());
+    }
+}
+
 std::optional<LRESULT> VariableList::OnMessage(UINT message, WPARAM first, LPARAM) {
     switch (message) {
     case WM_NCCALCSIZE:
         HideScrollBarOfWholeColumns();
         break;
+    case WM_PAINT: {
+        const LRESULT result = ::DefSubclassProc(Get(), message, first, 0);
+        FillGapAboveRows();
+        return result;
+    }
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
         // The list draws its focus first, as the handler may be the end of it.
