@@ -8,7 +8,8 @@
 
 namespace Quorvane::Editor {
 
-/// Shows message boxes modal to the top-level window of an owner.
+/// Shows message boxes modal to the top-level window of an owner. Where that window is hidden, as
+/// it is at its destruction, nobody is asked: the answer is OK, or No.
 class MessagePrompt final : public Prompt {
   public:
     /// Null before there is a window and after it has gone.

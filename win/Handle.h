@@ -80,6 +80,11 @@ struct ImageListKind {
     static void Close(HIMAGELIST list) noexcept { ::ImageList_Destroy(list); }
 };
 
+struct AcceleratorKind {
+    using Type = HACCEL;
+    static void Close(HACCEL table) noexcept { ::DestroyAcceleratorTable(table); }
+};
+
 /// A device context of memory or of a metafile that is being recorded.
 struct MemoryDcKind {
     using Type = HDC;

@@ -15,6 +15,41 @@
 namespace Quorvane::Editor {
 namespace {
 
+/// What a late-bound call has raised.
+class RaisedException {
+  public:
+    RaisedException() noexcept = default;
+    ~RaisedException() {
+        ::SysFreeString(info_.bstrSource);
+        ::SysFreeString(info_.bstrDescription);
+        ::SysFreeString(info_.bstrHelpFile);
+    }
+    RaisedException(const RaisedException&) = delete;
+    RaisedException& operator=(const RaisedException&) = delete;
+
+    EXCEPINFO* Put() noexcept { return &info_; }
+
+    /// Throws HresultError with the number and the description that the object gave.
+    [[noreturn]] void Throw() {
+        if (info_.pfnDeferredFillIn) {
+            info_.pfnDeferredFillIn(&info_);
+        }
+        throw Com::HresultError(Number(), Text(Com::View(info_.bstrDescription)));
+    }
+
+  private:
+    /// An object fills in a code of either width, and must not be taken to have succeeded.
+    HRESULT Number() const noexcept {
+        if (FAILED(info_.scode)) {
+            return info_.scode;
+        }
+        return info_.wCode != 0 ? MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info_.wCode)
+                                : DISP_E_EXCEPTION;
+    }
+
+    EXCEPINFO info_{};
+};
+
 /// A control, whose properties are assigned by name.
 class LateBoundControl final : public SelectedControl {
   public:
@@ -29,15 +64,14 @@ class LateBoundControl final : public SelectedControl {
         Com::Variant argument{TextView(value)};
         DISPID put = DISPID_PROPERTYPUT;
         DISPPARAMS arguments{&argument.Get(), &put, 1, 1};
-        EXCEPINFO exception{};
+        RaisedException raised;
         const HRESULT result =
             control_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &arguments,
-                             nullptr, &exception, nullptr);
-        const HRESULT number = result == DISP_E_EXCEPTION ? exception.scode : result;
-        ::SysFreeString(exception.bstrSource);
-        ::SysFreeString(exception.bstrDescription);
-        ::SysFreeString(exception.bstrHelpFile);
-        Com::Check(number);
+                             nullptr, raised.Put(), nullptr);
+        if (result == DISP_E_EXCEPTION) {
+            raised.Throw();
+        }
+        Com::Check(result);
     }
 
   private:
@@ -82,6 +116,10 @@ void FIS_IO::ReportChanged() noexcept {
     if (const Com::ComPtr<IPropertyPageSite> site = site_) {
         site->OnStatusChange(PROPPAGESTATUS_DIRTY);
     }
+}
+
+void FIS_IO::FinalRelease() noexcept {
+    view_.Destroy();
 }
 
 STDMETHODIMP FIS_IO::SetPageSite(IPropertyPageSite* site) noexcept {
@@ -130,6 +168,7 @@ STDMETHODIMP FIS_IO::SetObjects(ULONG count, IUnknown** objects) noexcept {
 }
 
 STDMETHODIMP FIS_IO::Show(UINT command) noexcept {
+    const Com::KeepAlive alive(this);
     view_.Show(command);
     return S_OK;
 }
@@ -142,19 +181,32 @@ STDMETHODIMP FIS_IO::IsPageDirty() noexcept {
     return view_.Changed() ? S_OK : S_FALSE;
 }
 
+bool FIS_IO::ApplyToControl() {
+    if (selectedControls_.empty()) {
+        throw Com::HresultError(E_UNEXPECTED);
+    }
+    const Com::ComPtr<IUnknown> first = selectedControls_.front();
+    if (IsInRunMode(first.Get())) {
+        throw Com::HresultError(CTL_E_SETNOTSUPPORTEDATRUNTIME);
+    }
+    auto control = first.As<IDispatch>();
+    if (!control) {
+        throw Com::HresultError(E_NOINTERFACE);
+    }
+    LateBoundControl selected(std::move(control));
+    return view_.Apply(selected);
+}
+
 STDMETHODIMP FIS_IO::Apply() noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPropertyPage>([&] {
-        if (selectedControls_.empty()) {
-            return E_UNEXPECTED;
+        try {
+            // A refusal has been shown; a failure keeps the frame open and the edits pending.
+            return ApplyToControl() ? S_OK : E_FAIL;
+        } catch (...) {
+            view_.ShowFailure();
+            throw;
         }
-        auto control = selectedControls_.front().As<IDispatch>();
-        if (!control) {
-            return E_NOINTERFACE;
-        }
-        LateBoundControl selected(std::move(control));
-        // A refusal has been shown; a failure keeps the frame open and the edits pending.
-        return view_.Apply(selected) ? S_OK : E_FAIL;
     });
 }
 

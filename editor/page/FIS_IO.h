@@ -15,6 +15,8 @@
 
 namespace Quorvane::Editor {
 
+/// The page as a COM object: the frame's calls, each for its view, and the controls that the frame
+/// has selected.
 class FIS_IO final
     : public Com::ComObject<Com::DualDispatch<_FIS_IO>, Com::Chain<IPropertyPage2, IPropertyPage>> {
   public:
@@ -36,8 +38,16 @@ class FIS_IO final
     // IPropertyPage2
     STDMETHODIMP EditProperty(DISPID property) noexcept override;
 
+  protected:
+    /// Frames may forget to say goodbye: the windows go while the page is whole.
+    void FinalRelease() noexcept override;
+
   private:
     void ReportChanged() noexcept;
+
+    /// Applies the edits to the first control. False where the page has refused; throws
+    /// HresultError with the control's error where the control has.
+    bool ApplyToControl();
 
     Com::ComPtr<IPropertyPageSite> site_;
     /// The first is the one that the edits are applied to.

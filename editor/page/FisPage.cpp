@@ -90,6 +90,7 @@ void FisPage::FillTrees() {
     FillTree(Side::Output);
     DisableButtons();
     buttons_.Rule.Enabled = !readOnly_;
+    waitsForClick_ = true;
 }
 
 void FisPage::FillTree(Side side) {
@@ -130,6 +131,7 @@ bool FisPage::ApplyChanges(SelectedControl& control) {
 }
 
 void FisPage::NodeClick(Side side, TreeNode& node) {
+    waitsForClick_ = false;
     currentTree_ = side;
     tree(side).Selected = &node;
     DisableButtons();
@@ -142,6 +144,13 @@ void FisPage::NodeClick(Side side, TreeNode& node) {
         buttons_.Add.Enabled = CanAdd(side, node);
         buttons_.Modify.Enabled = node.Tag != NodeTag::Root;
         buttons_.Delete.Enabled = CanDelete(side, node);
+    }
+}
+
+void FisPage::EnterTree(Side side) {
+    TreeNode* const selected = tree(side).Selected;
+    if (selected && (waitsForClick_ || currentTree_ != side)) {
+        NodeClick(side, *selected);
     }
 }
 

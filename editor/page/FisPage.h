@@ -56,6 +56,13 @@ class FisPage {
     /// The user has selected a node, or clicked the selected one.
     void NodeClick(Side side, TreeNode& node);
 
+    /// The user works in a tree by keyboard: its selected node counts as clicked, unless it is the
+    /// current tree's already.
+    void EnterTree(Side side);
+
+    /// Whether no node has been clicked since the trees were filled.
+    bool WaitsForClick() const { return waitsForClick_; }
+
     /// The user or the tree begins to edit a label. Returns whether it may be edited.
     bool BeforeLabelEdit(Side side, const TreeNode& node);
 
@@ -81,6 +88,9 @@ class FisPage {
     /// The root and the selected node of a tree; null before the first SelectionChanged.
     const TreeNode* Root(Side side) const { return tree(side).Root.get(); }
     const TreeNode* Selected(Side side) const { return tree(side).Selected; }
+
+    /// The tree that the buttons act on.
+    Side CurrentTree() const { return currentTree_; }
 
     /// Draws the graph of the variable that was clicked or edited last, or clears the surface where
     /// that was a root or the model has lost the variable.
@@ -115,6 +125,7 @@ class FisPage {
     Tree output_;
     /// The tree that was clicked last; the buttons act on it.
     Side currentTree_ = Side::Input;
+    bool waitsForClick_ = true;
     const TreeNode* edited_ = nullptr;
     std::optional<Graph> graph_;
     PageButtons buttons_;

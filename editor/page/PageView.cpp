@@ -2,43 +2,29 @@
 // The windows of the property page over its logic.
 #include "editor/page/PageView.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "control/Resource.h"
 #include "control/com/Module.h"
+#include "editor/Failure.h"
+#include "editor/page/TreeImages.h"
 #include "editor/rules/RuleEditorWindow.h"
 #include "win/Dpi.h"
+#include "win/WindowText.h"
 
 namespace Quorvane::Editor {
 namespace {
-
-enum ChildId : UINT {
-    TreInputId = 100,
-    TreOutputId,
-    CmdAddId,
-    CmdModifyId,
-    CmdDeleteId,
-    CmdRuleId,
-    PicMFId
-};
-
-/// The page in dialog units: the size of a page of the platform's property sheets.
-constexpr int PageWidth = 252;
-constexpr int PageHeight = 218;
-constexpr int Margin = 7;
-constexpr int Gap = 4;
-constexpr int ButtonHeight = 14;
-constexpr int ButtonCount = 4;
-/// The share of the page's height, in percent, that the trees take.
-constexpr int TreeShare = 42;
 
 constexpr int IconSide = 16;
 
 } // namespace
 
 void PageView::SideEvents::OnNodeClick(TreeNode& node) {
-    view_.page_.NodeClick(side_, node);
-    view_.Reflect();
+    view_.Act([&] { view_.page_.NodeClick(side_, node); });
+}
+
+void PageView::SideEvents::OnMoveKey() {
+    view_.Act([&] { view_.page_.EnterTree(side_); });
 }
 
 bool PageView::SideEvents::OnBeforeLabelEdit(TreeNode& node) {
@@ -46,35 +32,45 @@ bool PageView::SideEvents::OnBeforeLabelEdit(TreeNode& node) {
 }
 
 bool PageView::SideEvents::OnAfterLabelEdit(TreeNode& node, TextView label) {
-    const bool accepted = view_.page_.AfterLabelEdit(side_, node, label);
-    view_.Reflect();
-    return accepted;
+    bool isAccepted = false;
+    view_.Act([&] { isAccepted = view_.page_.AfterLabelEdit(side_, node, label); });
+    return isAccepted;
 }
 
 PageView::PageView(std::function<void()> changed, std::function<std::shared_ptr<void>()> keepAlive)
     : changed_(std::move(changed)), keepAlive_(std::move(keepAlive)),
-      visualStyles_(Com::ModuleHandle(), QUORVANE_MANIFEST) {}
+      visualStyles_(Com::ModuleHandle(), QUORVANE_MANIFEST), accelerators_(MakeAccelerators()) {}
 
 PageView::~PageView() {
     Destroy();
 }
 
+template <class Action>
+void PageView::Act(Action&& action) noexcept {
+    Attempt(prompt_, std::forward<Action>(action));
+    Attempt(prompt_, [this] { Reflect(); });
+}
+
 void PageView::Load(bool readOnly) {
-    page_.SelectionChanged(readOnly);
+    try {
+        page_.SelectionChanged(readOnly);
+    } catch (...) {
+        Reflect();
+        throw;
+    }
     Reflect();
 }
 
 bool PageView::Apply(SelectedControl& control) {
-    treInput_.EndEdit();
-    treOutput_.EndEdit();
-    const bool applied = page_.ApplyChanges(control);
+    // What was refused is the user's to correct before anything is applied.
+    const bool isApplied =
+        treInput_.EndEdit() && treOutput_.EndEdit() && page_.ApplyChanges(control);
     Reflect();
-    return applied;
+    return isApplied;
 }
 
 SIZE PageView::NaturalSize() {
-    const DialogFont font(Win::DpiOf(static_cast<HWND>(nullptr)));
-    return {font.X(PageWidth), font.Y(PageHeight)};
+    return PageLayout::NaturalSize(DialogFont(Win::DpiOf(static_cast<HWND>(nullptr))));
 }
 
 void PageView::Create(HWND frame, const RECT& position) {
@@ -104,10 +100,19 @@ void PageView::Move(const RECT& position) noexcept {
 }
 
 void PageView::Show(UINT command) noexcept {
+    if (command == SW_HIDE) {
+        // The page of another tab takes over; the entry is not lost with the focus.
+        treInput_.EndEdit();
+        treOutput_.EndEdit();
+    }
     ::ShowWindow(Get(), static_cast<int>(command));
     if (command != SW_HIDE) {
         ::SetFocus(treInput_.Window());
     }
+}
+
+void PageView::ShowFailure() noexcept {
+    Editor::ShowFailure(prompt_);
 }
 
 void PageView::MakeControls() {
@@ -127,43 +132,35 @@ void PageView::MakeControls() {
         Get(), PicMFId, made.Font, [this](GraphSurface& surface) { page_.DrawGraph(surface); });
 }
 
+std::array<HWND, PageLayout::ButtonCount> PageView::Buttons() const {
+    return {controls_->cmdAdd.Get(), controls_->cmdModify.Get(), controls_->cmdDelete.Get(),
+            controls_->cmdRule.Get()};
+}
+
 void PageView::Arrange() {
     if (!controls_ || !controls_->picMF) {
         return;
     }
-    const DialogFont& font = controls_->Font;
-    RECT area{};
-    ::GetClientRect(Get(), &area);
-    const int left = font.X(Margin);
-    const int top = font.Y(Margin);
-    const int gapX = font.X(Gap);
-    const int gapY = font.Y(Gap);
-    const int width = std::max(0, static_cast<int>(area.right) - 2 * left);
-    const int height = std::max(0, static_cast<int>(area.bottom) - 2 * top);
-    const int treeWidth = (width - gapX) / 2;
-    const int treeHeight = height * TreeShare / 100;
-    const int buttonTop = top + treeHeight + gapY;
-    const int buttonHeight = font.Y(ButtonHeight);
-    const int buttonWidth = (width - (ButtonCount - 1) * gapX) / ButtonCount;
-    const int graphTop = buttonTop + buttonHeight + gapY;
-
-    ::MoveWindow(treInput_.Window(), left, top, treeWidth, treeHeight, TRUE);
-    ::MoveWindow(treOutput_.Window(), left + width - treeWidth, top, treeWidth, treeHeight, TRUE);
-    int buttonLeft = left;
-    for (HWND const button : {controls_->cmdAdd.Get(), controls_->cmdModify.Get(),
-                              controls_->cmdDelete.Get(), controls_->cmdRule.Get()}) {
-        ::MoveWindow(button, buttonLeft, buttonTop, buttonWidth, buttonHeight, TRUE);
-        buttonLeft += buttonWidth + gapX;
+    const auto place = [](HWND window, const RECT& area) {
+        ::MoveWindow(window, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                     TRUE);
+    };
+    RECT page{};
+    ::GetClientRect(Get(), &page);
+    const PageLayout layout = PageLayout::For({page.right, page.bottom}, controls_->Font);
+    place(treInput_.Window(), layout.TreInput);
+    place(treOutput_.Window(), layout.TreOutput);
+    for (std::size_t i = 0; i < PageLayout::ButtonCount; ++i) {
+        place(Buttons()[i], layout.Buttons[i]);
     }
-    ::MoveWindow(controls_->picMF->Get(), left, graphTop, width,
-                 std::max(0, top + height - graphTop), TRUE);
+    place(controls_->picMF->Get(), layout.PicMF);
 }
 
 void PageView::Reflect() {
     if (controls_ && controls_->picMF) {
         const auto show = [](const Win::ChildWindow& window, const PageButton& button) {
-            SetText(window.Get(), button.Caption);
-            ::EnableWindow(window.Get(), button.Enabled);
+            Win::ShowText(window.Get(), button.Caption);
+            Win::Enable(window.Get(), button.Enabled);
         };
         // A button that is disabled while it has the focus would leave the keyboard nowhere.
         HWND const focus = ::GetFocus();
@@ -173,7 +170,7 @@ void PageView::Reflect() {
         show(controls_->cmdDelete, buttons.Delete);
         show(controls_->cmdRule, buttons.Rule);
         if (::GetParent(focus) == Get() && !::IsWindowEnabled(focus)) {
-            ::SetFocus(treInput_.Window());
+            ::SetFocus(tree(page_.CurrentTree()).Window());
         }
         controls_->picMF->Redraw();
     }
@@ -194,15 +191,12 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
         ::FillRect(reinterpret_cast<HDC>(first), &area, ::GetSysColorBrush(COLOR_BTNFACE));
         return TRUE;
     }
-    case WM_NOTIFY: {
-        auto& header = *reinterpret_cast<NMHDR*>(second);
-        if (header.idFrom == TreInputId) {
-            return treInput_.OnNotify(header);
-        }
-        return header.idFrom == TreOutputId ? treOutput_.OnNotify(header) : 0;
-    }
+    case WM_NOTIFY:
+        return OnNotify(*reinterpret_cast<NMHDR*>(second));
     case WM_COMMAND:
-        if (HIWORD(first) == BN_CLICKED) {
+        if (HIWORD(first) == FromAccelerator && second == 0) {
+            OnAccelerator(LOWORD(first));
+        } else if (HIWORD(first) == BN_CLICKED) {
             OnCommand(LOWORD(first));
         }
         return 0;
@@ -211,96 +205,50 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
     }
 }
 
+LRESULT PageView::OnNotify(NMHDR& header) {
+    // A message box about an entry lets the frame live on, and the page go.
+    const std::shared_ptr<void> alive = keepAlive_();
+    if (header.idFrom == TreInputId) {
+        return treInput_.OnNotify(header);
+    }
+    return header.idFrom == TreOutputId ? treOutput_.OnNotify(header) : 0;
+}
+
 void PageView::OnCommand(UINT id) {
-    // The question before the rule base is emptied lets the frame live on, and the page go.
+    // So do the question before the rule base is emptied, and the rule editor.
     const std::shared_ptr<void> alive = keepAlive_();
     switch (id) {
     case CmdAddId:
-        page_.Add();
+        Act([this] { page_.Add(); });
         break;
     case CmdModifyId:
-        page_.Modify();
-        return;
+        Attempt(prompt_, [this] { page_.Modify(); });
+        break;
     case CmdDeleteId:
-        page_.Delete();
+        Act([this] { page_.Delete(); });
         break;
     case CmdRuleId:
-        OpenRuleEditor();
+        Act([this] { OpenRuleEditor(); });
         break;
     default:
-        return;
+        break;
     }
-    Reflect();
+}
+
+/// A key acts on the tree that it is typed in, whichever was clicked last.
+void PageView::OnAccelerator(UINT id) {
+    const std::shared_ptr<void> alive = keepAlive_();
+    if (!page_.WaitsForClick()) {
+        const Side side = ::GetFocus() == treOutput_.Window() ? Side::Output : Side::Input;
+        Act([&] { page_.EnterTree(side); });
+    }
+    OnCommand(id);
 }
 
 void PageView::OpenRuleEditor() {
     if (!page_.ReadOnly()) {
         page_.SetChanged(ShowRuleEditor(::GetAncestor(Get(), GA_ROOT), page_.Changed()));
     }
-}
-
-TreeView* PageView::EditedTree() {
-    for (TreeView* const tree : {&treInput_, &treOutput_}) {
-        if (tree->IsEditing()) {
-            return tree;
-        }
-    }
-    return nullptr;
-}
-
-bool PageView::TranslateTreeKey(const MSG& message) {
-    const bool inTree = message.hwnd == treInput_.Window() || message.hwnd == treOutput_.Window();
-    if (!inTree || message.message != WM_KEYDOWN) {
-        return false;
-    }
-    switch (message.wParam) {
-    case VK_F2:
-        OnCommand(CmdModifyId);
-        return true;
-    case VK_INSERT:
-        OnCommand(CmdAddId);
-        return true;
-    case VK_DELETE:
-        OnCommand(CmdDeleteId);
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool PageView::TranslateKey(MSG& message) {
-    if (!Get() || !::IsChild(Get(), message.hwnd)) {
-        return false;
-    }
-    // Enter and Esc end the edit of a label instead of the dialog.
-    if (TreeView* const edited = EditedTree()) {
-        if (message.message == WM_KEYDOWN &&
-            (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE)) {
-            message.wParam == VK_RETURN ? (void)edited->EndEdit() : edited->CancelEdit();
-            return true;
-        }
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
-        return true;
-    }
-    if (TranslateTreeKey(message)) {
-        return true;
-    }
-    // Mnemonics of the frame, and the tab key where it leaves the page, are the frame's.
-    if (message.message == WM_SYSCHAR || message.message == WM_SYSKEYDOWN) {
-        return false;
-    }
-    if (message.message == WM_KEYDOWN && message.wParam == VK_TAB) {
-        const BOOL back = ::GetKeyState(VK_SHIFT) < 0;
-        HWND const edge =
-            back ? treInput_.Window() : ::GetNextDlgTabItem(Get(), treInput_.Window(), TRUE);
-        if (message.hwnd == edge) {
-            return false;
-        }
-    }
-    const bool isNavigation = message.message == WM_KEYDOWN &&
-                              (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE);
-    return !isNavigation && ::IsDialogMessageW(Get(), &message);
 }
 
 } // namespace Quorvane::Editor

@@ -2,6 +2,7 @@
 // The windows of the property page over its logic.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -10,6 +11,7 @@
 #include "editor/MessagePrompt.h"
 #include "editor/page/FisPage.h"
 #include "editor/page/GraphWindow.h"
+#include "editor/page/PageLayout.h"
 #include "editor/page/TreeView.h"
 #include "win/ActivationContext.h"
 #include "win/Window.h"
@@ -22,15 +24,20 @@ class PageView final : private Win::Window {
     static constexpr const wchar_t* ClassName = L"QuorvaneFisIO";
 
     /// `changed` is called when there are edits that were not applied; `keepAlive` gives something
-    /// that keeps the page alive while it exists, for the time that the rule editor is open.
+    /// that keeps the page alive while it exists, for the time that the page handles what the user
+    /// does: a message box or the rule editor lets the frame release the page meanwhile.
     PageView(std::function<void()> changed, std::function<std::shared_ptr<void>()> keepAlive);
     ~PageView() override;
 
     /// See FisPage::SelectionChanged.
     void Load(bool readOnly);
 
-    /// Ends an edit of a label, then see FisPage::ApplyChanges.
+    /// Ends an edit of a label, then see FisPage::ApplyChanges. Where the edit is refused, its
+    /// message has been shown, nothing is applied, and false is returned.
     bool Apply(SelectedControl& control);
+
+    /// Called inside a catch block: shows the current exception to the user.
+    void ShowFailure() noexcept;
 
     bool Changed() const { return page_.Changed(); }
 
@@ -39,9 +46,14 @@ class PageView final : private Win::Window {
 
     /// Makes the windows as children of the frame. Throws std::system_error.
     void Create(HWND frame, const RECT& position);
+
+    /// Destroys the windows if there are any; an open edit of a label is dropped.
     void Destroy() noexcept;
-    bool HasWindow() const noexcept { return Get() != nullptr; }
+
+    /// Moves the page in its frame, in pixels.
     void Move(const RECT& position) noexcept;
+
+    /// Shows the page with the focus in its first tree, or hides it, with a command of ShowWindow.
     void Show(UINT command) noexcept;
 
     /// Handles a key that belongs to the page: whether it did.
@@ -51,11 +63,25 @@ class PageView final : private Win::Window {
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
   private:
+    enum ChildId : WORD {
+        TreInputId = 100,
+        TreOutputId,
+        CmdAddId,
+        CmdModifyId,
+        CmdDeleteId,
+        CmdRuleId,
+        PicMFId
+    };
+
+    /// The code with which the window system marks the command of an accelerator.
+    static constexpr WORD FromAccelerator = 1;
+
     /// The events of one tree, with its side.
     class SideEvents final : public TreeEvents {
       public:
         SideEvents(PageView& view, Side side) noexcept : view_(view), side_(side) {}
         void OnNodeClick(TreeNode& node) override;
+        void OnMoveKey() override;
         bool OnBeforeLabelEdit(TreeNode& node) override;
         bool OnAfterLabelEdit(TreeNode& node, TextView label) override;
 
@@ -77,20 +103,34 @@ class PageView final : private Win::Window {
         Win::ChildWindow cmdRule;
     };
 
+    static Win::Handle<Win::AcceleratorKind> MakeAccelerators();
+
+    TreeView& tree(Side side) { return side == Side::Input ? treInput_ : treOutput_; }
+
     void MakeControls();
+    std::array<HWND, PageLayout::ButtonCount> Buttons() const;
     void Arrange();
+    LRESULT OnNotify(NMHDR& header);
     void OnCommand(UINT id);
+    void OnAccelerator(UINT id);
     void OpenRuleEditor();
+
+    /// Does what the user has asked of the logic, then reflects it. Errors are shown.
+    template <class Action>
+    void Act(Action&& action) noexcept;
 
     /// Shows buttons and graph as the logic has them, and reports pending edits.
     void Reflect();
 
     TreeView* EditedTree();
-    bool TranslateTreeKey(const MSG& message);
+    void TranslateEditKey(TreeView& edited, MSG& message);
+    bool TranslateEnter(const MSG& message);
+    bool LeavesPage(const MSG& tab) const;
 
     std::function<void()> changed_;
     std::function<std::shared_ptr<void>()> keepAlive_;
     Win::ActivationContext visualStyles_;
+    Win::Handle<Win::AcceleratorKind> accelerators_;
     MessagePrompt prompt_;
     SideEvents inputEvents_{*this, Side::Input};
     SideEvents outputEvents_{*this, Side::Output};

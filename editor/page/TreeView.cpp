@@ -2,53 +2,20 @@
 // A tree view over the page's nodes: `treInput` or `treOutput`.
 #include "editor/page/TreeView.h"
 
-#include <algorithm>
-
-#include "editor/page/TreeIcons.h"
+#include "editor/page/TreeImages.h"
+#include "win/Raised.h"
 #include "win/WideText.h"
 
 namespace Quorvane::Editor {
 namespace {
 
-/// Sets a flag for as long as it lives.
-class Raised {
-  public:
-    explicit Raised(bool& flag) noexcept : flag_(flag), former_(std::exchange(flag, true)) {}
-    ~Raised() { flag_ = former_; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-  private:
-    bool& flag_;
-    bool former_;
-};
-
-int ImageIndex(TextView key) {
-    return static_cast<int>(std::ranges::find(TreeIconKeys, key) - std::begin(TreeIconKeys));
+/// Whether a key moves in a tree, or would if there were somewhere to go.
+bool IsMoveKey(WORD key) {
+    // VK_SPACE, VK_PRIOR, VK_NEXT, VK_END, VK_HOME and the arrows follow each other.
+    return key >= VK_SPACE && key <= VK_DOWN;
 }
 
 } // namespace
-
-Win::Handle<Win::ImageListKind> MakeTreeImages(int side) {
-    Win::Handle<Win::ImageListKind> images(::ImageList_Create(
-        side, side, ILC_COLOR32 | ILC_MASK, static_cast<int>(std::size(TreeIconKeys)), 0));
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = side;
-    info.bmiHeader.biHeight = -side;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    for (const TextView key : TreeIconKeys) {
-        void* pixels = nullptr;
-        const Win::Bitmap bitmap(
-            ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
-        if (bitmap) {
-            std::ranges::copy(DrawTreeIcon(key, side), static_cast<std::uint32_t*>(pixels));
-            ::ImageList_Add(images.Get(), bitmap.Get(), nullptr);
-        }
-    }
-    return images;
-}
 
 void TreeView::Create(HWND parent, UINT id, const DialogFont& font, HIMAGELIST images) {
     window_ = MakeControl(parent, WC_TREEVIEWW, {},
@@ -62,23 +29,26 @@ void TreeView::Create(HWND parent, UINT id, const DialogFont& font, HIMAGELIST i
 }
 
 void TreeView::Destroy() noexcept {
-    const Raised showing(isShowing_);
+    const Win::Raised showing(isShowing_);
     items_.clear();
     window_.Reset();
 }
 
 bool TreeView::EndEdit() {
-    const bool wasEditing = IsEditing();
-    if (wasEditing) {
-        TreeView_EndEditLabelNow(Window(), FALSE);
+    if (!IsEditing()) {
+        return true;
     }
-    return wasEditing;
+    isEditAccepted_ = false;
+    TreeView_EndEditLabelNow(Window(), FALSE);
+    return isEditAccepted_;
 }
 
 void TreeView::CancelEdit() {
     // Wine reports the typed text for a cancelled edit as well, so the report is told apart here.
-    const Raised cancelling(isCancelling_);
-    TreeView_EndEditLabelNow(Window(), TRUE);
+    const Win::Raised cancelling(isCancelling_);
+    if (IsEditing()) {
+        TreeView_EndEditLabelNow(Window(), TRUE);
+    }
 }
 
 bool TreeView::IsEditing() const noexcept {
@@ -90,18 +60,19 @@ void TreeView::Show(TreeNode& root) {
     if (!window_) {
         return;
     }
-    const Raised showing(isShowing_);
+    const Win::Raised showing(isShowing_);
     ::SendMessageW(Window(), WM_SETREDRAW, FALSE, 0);
     TreeView_DeleteAllItems(Window());
     items_.clear();
     InsertItem(root, TVI_ROOT);
     ::SendMessageW(Window(), WM_SETREDRAW, TRUE, 0);
+    ::InvalidateRect(Window(), nullptr, TRUE);
     TreeView_SelectItem(Window(), ItemOf(root));
 }
 
 void TreeView::Insert(TreeNode& node) {
     if (window_) {
-        const Raised showing(isShowing_);
+        const Win::Raised showing(isShowing_);
         InsertItem(node, ItemOf(*node.Parent));
         TreeView_Expand(Window(), ItemOf(*node.Parent), TVE_EXPAND);
     }
@@ -113,7 +84,7 @@ void TreeView::InsertItem(TreeNode& node, HTREEITEM parent) {
     insert.hInsertAfter = TVI_LAST;
     insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM | TVIF_STATE;
     insert.item.pszText = const_cast<wchar_t*>(Win::Wide(node.Caption));
-    insert.item.iImage = ImageIndex(node.Image);
+    insert.item.iImage = TreeImageIndex(node.Image);
     insert.item.iSelectedImage = insert.item.iImage;
     insert.item.lParam = reinterpret_cast<LPARAM>(&node);
     insert.item.state = node.Bold ? UINT{TVIS_BOLD} : 0U;
@@ -131,7 +102,7 @@ void TreeView::InsertItem(TreeNode& node, HTREEITEM parent) {
 
 void TreeView::Remove(TreeNode& node) {
     if (window_) {
-        const Raised showing(isShowing_);
+        const Win::Raised showing(isShowing_);
         TreeView_DeleteItem(Window(), ItemOf(node));
     }
 }
@@ -148,7 +119,7 @@ void TreeView::UpdateCaption(TreeNode& node) {
 
 void TreeView::Select(TreeNode& node) {
     if (window_) {
-        const Raised showing(isShowing_);
+        const Win::Raised showing(isShowing_);
         TreeView_SelectItem(Window(), ItemOf(node));
         TreeView_EnsureVisible(Window(), ItemOf(node));
     }
@@ -156,10 +127,8 @@ void TreeView::Select(TreeNode& node) {
 
 void TreeView::EditLabel(TreeNode& node) {
     if (window_) {
-        const Raised asked(isEditAsked_);
-        if (clickedAgain_) {
-            clickedAgain_ = nullptr;
-        }
+        const Win::Raised asked(isEditAsked_);
+        clickedAgain_ = nullptr;
         ::SetFocus(Window());
         TreeView_EditLabel(Window(), ItemOf(node));
     }
@@ -167,10 +136,11 @@ void TreeView::EditLabel(TreeNode& node) {
 
 /// Whether an edit that begins comes too late from a second click on a node.
 bool TreeView::IsOutdatedEdit(const TreeNode& node) {
-    if (isEditAsked_ || !clickedAgain_) {
+    if (isEditAsked_ || !awaitsTimedEdit_) {
         return false;
     }
-    return *std::exchange(clickedAgain_, std::nullopt) != &node;
+    awaitsTimedEdit_ = false;
+    return clickedAgain_ != &node;
 }
 
 HTREEITEM TreeView::ItemOf(const TreeNode& node) const {
@@ -189,8 +159,9 @@ TreeNode* TreeView::NodeOf(HTREEITEM item) const {
 
 /// The node under the mouse, null for none.
 TreeNode* TreeView::ClickedNode() const {
+    const DWORD position = ::GetMessagePos();
     TVHITTESTINFO hit{};
-    ::GetCursorPos(&hit.pt);
+    hit.pt = {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
     ::ScreenToClient(Window(), &hit.pt);
     HTREEITEM const item = TreeView_HitTest(Window(), &hit);
     return (hit.flags & TVHT_ONITEM) != 0 ? NodeOf(item) : nullptr;
@@ -201,6 +172,7 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
     case TVN_SELCHANGEDW: {
         const auto& change = reinterpret_cast<const NMTREEVIEWW&>(header);
         TreeNode* const node = NodeOf(change.itemNew.hItem);
+        clickedAgain_ = nullptr;
         if (node && !isShowing_) {
             events_.OnNodeClick(*node);
         }
@@ -220,11 +192,17 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
         // A click on the selected node changes no selection, but makes its tree the current one.
         TreeNode* const node = ClickedNode();
         if (node && node == NodeOf(TreeView_GetSelection(Window()))) {
+            awaitsTimedEdit_ = true;
             clickedAgain_ = node;
             events_.OnNodeClick(*node);
         }
         return 0;
     }
+    case TVN_KEYDOWN:
+        if (IsMoveKey(reinterpret_cast<const NMTVKEYDOWN&>(header).wVKey)) {
+            events_.OnMoveKey();
+        }
+        return 0;
     case TVN_BEGINLABELEDITW: {
         const auto& edit = reinterpret_cast<const NMTVDISPINFOW&>(header);
         TreeNode* const node = NodeOf(edit.item.hItem);
@@ -235,15 +213,18 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
         const auto& edit = reinterpret_cast<const NMTVDISPINFOW&>(header);
         TreeNode* const node = NodeOf(edit.item.hItem);
         // The caption is set by the page, as it may differ from what was typed; Esc gives no text.
-        if (node && edit.item.pszText && !isCancelling_) {
+        if (node && edit.item.pszText && !isCancelling_ && !isShowing_) {
             const Text typed(reinterpret_cast<const char16_t*>(edit.item.pszText));
-            events_.OnAfterLabelEdit(*node, typed);
+            // The end of one edit may be reported twice, and is accepted once.
+            const bool isAccepted = events_.OnAfterLabelEdit(*node, typed);
+            isEditAccepted_ = isEditAccepted_ || isAccepted;
         }
         return FALSE;
     }
     case TVN_DELETEITEMW: {
         const auto& gone = reinterpret_cast<const NMTREEVIEWW&>(header);
         items_.erase(reinterpret_cast<const TreeNode*>(gone.itemOld.lParam));
+        clickedAgain_ = nullptr;
         return 0;
     }
     case NM_CUSTOMDRAW:

@@ -6,8 +6,6 @@
 
 #include <commctrl.h>
 
-#include <functional>
-#include <optional>
 #include <unordered_map>
 
 #include "editor/Controls.h"
@@ -15,21 +13,27 @@
 
 namespace Quorvane::Editor {
 
-/// The icons of the trees as an image list in the order of TreeIconKeys.
-Win::Handle<Win::ImageListKind> MakeTreeImages(int side);
-
 /// What the user does in a tree.
 class TreeEvents {
   public:
+    /// A node has been selected, or the selected one clicked.
     virtual void OnNodeClick(TreeNode& node) = 0;
+
+    /// A key that moves in the tree has been typed, and is about to do so.
+    virtual void OnMoveKey() = 0;
+
+    /// A label is about to be edited: whether it may be.
     virtual bool OnBeforeLabelEdit(TreeNode& node) = 0;
+
+    /// The edit of a label has ended with a text: whether it was accepted. It may be told twice.
     virtual bool OnAfterLabelEdit(TreeNode& node, TextView label) = 0;
 
   protected:
     ~TreeEvents() = default;
 };
 
-/// Nodes can be shown before there is a window; it shows them when it is made.
+/// Nodes can be shown before there is a window; it shows them when it is made. Whoever hands it
+/// notifications keeps it alive while it handles one.
 class TreeView final : public TreeControl {
   public:
     explicit TreeView(TreeEvents& events) noexcept : events_(events) {}
@@ -40,8 +44,11 @@ class TreeView final : public TreeControl {
 
     HWND Window() const noexcept { return window_.Get(); }
 
-    /// Ends an edit of a label as if the user had pressed Enter; whether there was one.
+    /// Ends an edit of a label as if the user had pressed Enter. False where it was refused, true
+    /// where it was accepted or there was none.
     bool EndEdit();
+
+    /// Ends an edit of a label as if the user had pressed Esc.
     void CancelEdit();
     bool IsEditing() const noexcept;
 
@@ -72,9 +79,12 @@ class TreeView final : public TreeControl {
     bool isShowing_ = false;
     bool isCancelling_ = false;
     bool isEditAsked_ = false;
-    /// The selected node that was clicked again: after a while, the tree edits whatever is selected
-    /// then. A null pointer inside: the user has done something else meanwhile.
-    std::optional<const TreeNode*> clickedAgain_;
+    bool isEditAccepted_ = false;
+    /// A second click on the selected node has the tree begin an edit after a while, of whatever is
+    /// selected then.
+    bool awaitsTimedEdit_ = false;
+    /// The node of that click; null once something else has happened.
+    const TreeNode* clickedAgain_ = nullptr;
 };
 
 } // namespace Quorvane::Editor

@@ -6,8 +6,7 @@
 #include "editor/rules/Checks.h"
 #include "shared/NumberText.h"
 
-namespace Quorvane {
-namespace DesignTime {
+namespace Quorvane::DesignTime {
 namespace {
 
 void UpdateExtent(LinguisticVariable& variable) {
@@ -50,10 +49,4 @@ Text NormalNumberText(TextView text) {
     }
 }
 
-} // namespace DesignTime
-
-void Editor::ShowRefusal(Prompt& prompt, const Text& message) {
-    prompt.Show(message, PromptStyle::Critical, Main::GetText(TextIds::InferenceSystem));
-}
-
-} // namespace Quorvane
+} // namespace Quorvane::DesignTime

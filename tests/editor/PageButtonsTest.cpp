@@ -366,5 +366,27 @@ TEST_F(PageButtonsTest, DisabledButtonsDoNothing) {
     EXPECT_EQ(Prompts.Take(), ShownPrompts());
 }
 
+TEST_F(PageButtonsTest, TheTreeThatIsEnteredByKeyboardIsTheCurrentOne) {
+    Load();
+    EXPECT_TRUE(Page.WaitsForClick());
+    // The roots are selected, but neither has been clicked.
+    Page.EnterTree(Side::Output);
+    EXPECT_FALSE(Page.WaitsForClick());
+    EXPECT_EQ(ButtonTexts(Page), Texts({u"Add Variable*", u"Modify", u"Delete"}));
+    Click(Side::Input, u"A");
+    EXPECT_EQ(Page.CurrentTree(), Side::Input);
+    Page.EnterTree(Side::Output);
+    EXPECT_EQ(Page.CurrentTree(), Side::Output);
+    EXPECT_EQ(ButtonTexts(Page), Texts({u"Add Variable*", u"Modify", u"Delete"}));
+    Page.EnterTree(Side::Input);
+    EXPECT_EQ(ButtonTexts(Page), Texts({u"Add Term*", u"Modify Variable*", u"Delete Variable*"}));
+}
+
+TEST_F(PageButtonsTest, ATreeThatWasNeverFilledCannotBeEntered) {
+    Page.EnterTree(Side::Input);
+    EXPECT_TRUE(Page.WaitsForClick());
+    EXPECT_EQ(ButtonTexts(Page), Texts({u"Add", u"Modify", u"Delete"}));
+}
+
 } // namespace
 } // namespace Quorvane::Editor

@@ -70,6 +70,13 @@ void Pump() {
     }
 }
 
+void HeldKey::Set(BYTE state) const {
+    BYTE keys[256]{};
+    ::GetKeyboardState(keys);
+    keys[key_] = state;
+    ::SetKeyboardState(keys);
+}
+
 STDMETHODIMP FrameSite::OnStatusChange(DWORD flags) noexcept {
     if ((flags & PROPPAGESTATUS_DIRTY) != 0) {
         ++DirtyReports;
@@ -184,14 +191,27 @@ void PageTest::Click(HWND tree, HTREEITEM item) {
     RECT area{};
     *reinterpret_cast<HTREEITEM*>(&area) = item;
     ASSERT_NE(::SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area)), 0);
-    POINT point{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+    ClickAt(tree, {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
+}
+
+void PageTest::ClickAt(HWND window, POINT point) {
     const LPARAM place = MAKELPARAM(point.x, point.y);
-    ::ClientToScreen(tree, &point);
+    ::ClientToScreen(window, &point);
     ::SetCursorPos(point.x, point.y);
-    // The release waits already: the tree looks for a drag until it comes.
-    ::PostMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, place);
-    ::PostMessageW(tree, WM_LBUTTONUP, 0, place);
+    // The release waits already: a tree looks for a drag until it comes.
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, place);
     Pump();
+}
+
+HRESULT PageTest::Translate(HWND window, UINT message, WPARAM key) {
+    MSG offered{};
+    offered.hwnd = window;
+    offered.message = message;
+    offered.wParam = key;
+    const HRESULT taken = page_->TranslateAccelerator(&offered);
+    Pump();
+    return taken;
 }
 
 void PageTest::Press(HWND window, WPARAM key) {

@@ -51,6 +51,12 @@ class PageTest : public ControlTest {
     /// Clicks an item with the mouse.
     void Click(HWND tree, HTREEITEM item);
 
+    /// Clicks a point of a window's client area.
+    void ClickAt(HWND window, POINT point);
+
+    /// Offers a message to the page as the frame's message loop does; what the page answers.
+    HRESULT Translate(HWND window, UINT message, WPARAM key);
+
     /// Presses a key in a window, as the frame's message loop brings it.
     void Press(HWND window, WPARAM key);
 
@@ -66,6 +72,20 @@ class PageTest : public ControlTest {
     HWND frame_ = nullptr;
     Com::ComPtr<FrameSite> site_;
     Com::ComPtr<IPropertyPage> page_;
+};
+
+/// Holds a key down, such as VK_SHIFT, for as long as it lives.
+class HeldKey {
+  public:
+    explicit HeldKey(int key) : key_(key) { Set(0x80); }
+    ~HeldKey() { Set(0); }
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+
+  private:
+    void Set(BYTE state) const;
+
+    int key_;
 };
 
 /// The text of a window.

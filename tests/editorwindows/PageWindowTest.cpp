@@ -2,6 +2,9 @@
 // The property page in its frame, worked with mouse and keyboard.
 #include <gtest/gtest.h>
 
+#include <olectl.h>
+
+#include "control/com/ComObject.h"
 #include "control/com/Scoped.h"
 #include "tests/editorwindows/PageTest.h"
 
@@ -159,7 +162,119 @@ TEST_F(PageTest, ShowsARunningControlReadOnly) {
     }
     Press(Tree(true), VK_F2);
     EXPECT_EQ(TreeView_GetEditControl(Tree(true)), nullptr);
-    EXPECT_TRUE(FAILED(page_->Apply()));
+    MessageBoxes boxes;
+    EXPECT_EQ(page_->Apply(), static_cast<HRESULT>(0x800A017E));
+    ASSERT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(boxes.Shown[0].Message, u"Set not supported at runtime (382)");
+    EXPECT_EQ(boxes.Shown[0].Title, u"Quorvane Inference System");
+}
+
+TEST_F(PageTest, SaysSoWhenTheControlRefusesTheEdits) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    EditLabel(Tree(true), u"Level");
+    // The host begins to run its form under the open page.
+    control.Site->Ambients[DISPID_AMBIENT_USERMODE] = Com::Variant(true);
+    As<IOleControl>(control)->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE);
+    MessageBoxes boxes;
+    EXPECT_EQ(page_->Apply(), static_cast<HRESULT>(0x800A017E));
+    ASSERT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(boxes.Shown[0].Message, u"Set not supported at runtime (382)");
+    EXPECT_EQ(page_->IsPageDirty(), S_OK) << "the edits stay pending";
+}
+
+/// A control of somebody else's making, that refuses a property as it likes.
+class RefusingControl final : public Com::ComObject<IDispatch> {
+  public:
+    /// It stands on a form where the other control stands.
+    RefusingControl(const Placed& place, const EXCEPINFO& raised)
+        : place_(place), raised_(raised) {}
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept override {
+        return iid == __uuidof(IOleObject) ? place_->QueryInterface(iid, result)
+                                           : ComObject::QueryInterface(iid, result);
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* id) noexcept override {
+        *id = 1;
+        return S_OK;
+    }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* exception,
+                        UINT*) noexcept override {
+        *exception = raised_;
+        return DISP_E_EXCEPTION;
+    }
+
+  private:
+    Placed place_;
+    EXCEPINFO raised_;
+};
+
+HRESULT FillIn(EXCEPINFO* exception) {
+    exception->scode = CTL_E_PERMISSIONDENIED;
+    exception->bstrDescription = ::SysAllocString(L"The form is locked.");
+    return S_OK;
+}
+
+TEST_F(PageTest, TakesNoRefusalForASuccess) {
+    EXCEPINFO narrow{};
+    narrow.wCode = 382;
+    EXCEPINFO empty{};
+    EXCEPINFO deferred{};
+    deferred.pfnDeferredFillIn = FillIn;
+    const struct {
+        EXCEPINFO Raised;
+        HRESULT Result;
+        Text Message;
+    } cases[] = {
+        {narrow, static_cast<HRESULT>(0x800A017E), u"Set not supported at runtime (382)"},
+        {empty, DISP_E_EXCEPTION, {}},
+        {deferred, CTL_E_PERMISSIONDENIED, u"The form is locked."},
+    };
+    for (const auto& test : cases) {
+        const Placed control = Design(Adder);
+        const auto other = Com::MakeObject<RefusingControl>(control, test.Raised);
+        Open({other.Get()});
+        Click(Tree(true), Item(Tree(true), {u"X"}));
+        EditLabel(Tree(true), u"Level");
+        MessageBoxes boxes;
+        EXPECT_EQ(page_->Apply(), test.Result);
+        ASSERT_EQ(boxes.Shown.size(), 1U);
+        EXPECT_FALSE(boxes.Shown[0].Message.empty());
+        if (!test.Message.empty()) {
+            EXPECT_EQ(boxes.Shown[0].Message, test.Message);
+        }
+        EXPECT_EQ(page_->IsPageDirty(), S_OK);
+        Close();
+    }
+}
+
+TEST_F(PageTest, SaysSoWhenATermDoesNotFitBetweenItsBounds) {
+    const Placed control = Design({u"A/1E+308/-1E+308/T,0,0,1,1", u"C/1/0/P,0", u"A>T/C<P:1"});
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"A"}));
+    MessageBoxes boxes;
+    Push(Button(u"Add Term"));
+    ASSERT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(boxes.Shown[0].Message, u"Overflow (6)");
+    EXPECT_EQ(boxes.Shown[0].Owner, frame_);
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"A"})).size(), 3U);
+    EXPECT_EQ(page_->IsPageDirty(), S_FALSE);
+}
+
+TEST_F(PageTest, ShowsNoOldButtonsForATextThatDoesNotParse) {
+    const Placed control = Design(Adder);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    ASSERT_EQ(ButtonCaptions()[0], u"Add Term");
+    ASSERT_EQ(SetText(*control, &_FISControl::put_Inputs, Stored(u"X/high/low/MF_1,a")), S_OK);
+    IUnknown* object = control.Control.Get();
+    EXPECT_TRUE(FAILED(page_->SetObjects(1, &object)));
+    for (const Text& caption : ButtonCaptions()) {
+        EXPECT_TRUE(caption.starts_with(u'-')) << Narrow(caption);
+    }
 }
 
 TEST_F(PageTest, SpeaksChinese) {

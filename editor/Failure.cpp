@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// Errors in what a user has asked the editors to do.
+#include "editor/Failure.h"
+
+#include <windows.h>
+
+#include <oaidl.h>
+#include <olectl.h>
+
+#include <string>
+
+#include "control/com/ErrorBoundary.h"
+#include "control/com/Scoped.h"
+
+namespace Quorvane::Editor {
+namespace {
+
+/// The platform's run-time errors that an editor can meet, in the words of the platform.
+struct RuntimeWords {
+    HRESULT Code;
+    TextView Words;
+};
+
+constexpr RuntimeWords KnownErrors[] = {
+    {CTL_E_ILLEGALFUNCTIONCALL, u"Invalid procedure call or argument"},
+    {CTL_E_OVERFLOW, u"Overflow"},
+    {static_cast<HRESULT>(0x800A0009), u"Subscript out of range"},
+    {static_cast<HRESULT>(0x800A000D), u"Type mismatch"},
+    {static_cast<HRESULT>(0x800A005B), u"Object variable not set"},
+    {CTL_E_SETNOTSUPPORTEDATRUNTIME, u"Set not supported at runtime"},
+    {CTL_E_SETNOTSUPPORTED, u"Set not supported (read-only property)"},
+    {static_cast<HRESULT>(0x800A01C9), u"This key is already associated with an element"},
+    {static_cast<HRESULT>(0x800A802B), u"Element not found"},
+};
+
+/// The platform's message for a code, in the user's language; empty where it has none.
+Text SystemWords(HRESULT code) {
+    wchar_t words[512]{};
+    const DWORD length = ::FormatMessageW(
+        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+        nullptr, static_cast<DWORD>(code), 0, words, static_cast<DWORD>(std::size(words)), nullptr);
+    return Text(Com::View(words, length));
+}
+
+Text WordsOf(HRESULT code) {
+    for (const RuntimeWords& known : KnownErrors) {
+        if (known.Code == code) {
+            return Text(known.Words) + u" (" + Widen(std::to_string(code & 0xFFFF)) + u")";
+        }
+    }
+    Text words = SystemWords(code);
+    return words.empty() ? u"Error " + Widen(std::to_string(code)) : words;
+}
+
+/// The description of the thread's error information, which is taken away; empty for none.
+Text TakeDescription() {
+    Com::ComPtr<IErrorInfo> info;
+    Com::Bstr description;
+    if (::GetErrorInfo(0, info.Put()) == S_OK) {
+        info->GetDescription(description.Put());
+    }
+    return Text(description.Characters());
+}
+
+} // namespace
+
+void ShowFailure(Prompt& prompt) noexcept {
+    const HRESULT code = Com::CurrentExceptionToHresult(IID_NULL);
+    try {
+        const Text description = TakeDescription();
+        ShowRefusal(prompt, description.empty() ? WordsOf(code) : description);
+    } catch (...) {
+        // Without the memory for a message there is no telling anybody.
+        return;
+    }
+}
+
+} // namespace Quorvane::Editor
