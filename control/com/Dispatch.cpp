@@ -118,6 +118,12 @@ HRESULT InvokeMember(const TypeDescription& type, IDispatch* target, const Dispa
     DISPPARAMS normal = NormalArguments(call.Arguments, call.Flags);
     DispatchCall fitted = call;
     fitted.Arguments = &normal;
+    if (const auto bad = FindNullReference(normal)) {
+        if (call.BadArgument) {
+            *call.BadArgument = *bad;
+        }
+        return DISP_E_TYPEMISMATCH;
+    }
     const DispatchMember* const member = type.Find(call.Member, call.Flags);
     if (IsMeantForValue(type, fitted)) {
         return InvokeOnValue(type, target, fitted);

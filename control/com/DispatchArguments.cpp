@@ -124,18 +124,25 @@ DISPPARAMS NormalArguments(const DISPPARAMS* arguments, WORD flags) {
     return normal;
 }
 
+std::optional<UINT> FindNullReference(const DISPPARAMS& arguments) noexcept {
+    for (UINT index = 0; index < arguments.cArgs; ++index) {
+        const VARIANT& value = Dereference(arguments.rgvarg[index]);
+        if (IsReference(value.vt) && !value.byref) {
+            return index;
+        }
+    }
+    return std::nullopt;
+}
+
 DispatchArguments::DispatchArguments(const DispatchMember& member, const DISPPARAMS& arguments,
                                      UINT* badArgument)
     : parameters_(arguments), values_(arguments.rgvarg, arguments.rgvarg + arguments.cArgs) {
     const std::size_t parameters = member.Parameters.size();
     DropSurplus(parameters);
+    RequireEachParameterOnce(parameters, badArgument);
     for (std::size_t index = 0; index < values_.size(); ++index) {
-        const std::size_t parameter = ParameterOf(index, parameters);
-        if (parameter >= parameters) {
-            continue;
-        }
         try {
-            Fit(index, member.Parameters[parameter]);
+            Fit(index, member.Parameters[ParameterOf(index, parameters)]);
         } catch (const HresultError&) {
             if (badArgument) {
                 *badArgument = OriginalIndex(static_cast<UINT>(index));
@@ -174,14 +181,29 @@ void DispatchArguments::DropSurplus(std::size_t parameters) {
     }
 }
 
+/// Left to the type information, a wrong number of arguments can cost a reference to those that it
+/// has taken by then.
+void DispatchArguments::RequireEachParameterOnce(std::size_t parameters, UINT* badArgument) const {
+    if (values_.size() != parameters) {
+        throw HresultError(DISP_E_BADPARAMCOUNT);
+    }
+    std::vector<bool> isGiven(parameters);
+    for (std::size_t index = 0; index < values_.size(); ++index) {
+        const std::size_t parameter = ParameterOf(index, parameters);
+        if (parameter >= parameters || isGiven[parameter]) {
+            if (badArgument) {
+                *badArgument = OriginalIndex(static_cast<UINT>(index));
+            }
+            throw HresultError(DISP_E_PARAMNOTFOUND);
+        }
+        isGiven[parameter] = true;
+    }
+}
+
 void DispatchArguments::Fit(std::size_t index, const DispatchParameter& parameter) {
     VARIANT& value = values_[index];
-    const VARIANT& meant = Dereference(value);
-    if (IsReference(meant.vt) && !meant.byref) {
-        throw HresultError(DISP_E_TYPEMISMATCH);
-    }
     if (!IsReference(parameter.Type)) {
-        value = VARIANT(meant);
+        value = VARIANT(Dereference(value));
         RequireInterface(ObjectIn(value), parameter.Interface);
         return;
     }

@@ -6,6 +6,7 @@
 
 #include <oaidl.h>
 
+#include <optional>
 #include <vector>
 
 #include "control/com/Scoped.h"
@@ -18,12 +19,17 @@ namespace Quorvane::Com {
 /// HresultError(E_INVALIDARG) for arguments or names that are promised but not there.
 DISPPARAMS NormalArguments(const DISPPARAMS* arguments, WORD flags);
 
+/// The index of an argument that is a reference to nothing, which nobody may follow.
+std::optional<UINT> FindNullReference(const DISPPARAMS& arguments) noexcept;
+
 /// A copy of a call's arguments that fits a member. The caller's arguments must outlive it.
 class DispatchArguments {
   public:
     /// Drops surplus arguments and replaces those that a by-reference parameter would refuse.
-    /// Throws HresultError(DISP_E_TYPEMISMATCH) for one that does not convert; `badArgument`, if
-    /// not null, then receives its index. The arguments are well formed (see NormalArguments).
+    /// Throws HresultError: DISP_E_BADPARAMCOUNT where arguments are missing, DISP_E_PARAMNOTFOUND
+    /// for a name that no parameter has or that is given twice, DISP_E_TYPEMISMATCH for one that
+    /// does not convert; `badArgument`, if not null, receives the index of the latter two. The
+    /// arguments are well formed (see NormalArguments), and their references refer to something.
     DispatchArguments(const DispatchMember& member, const DISPPARAMS& arguments, UINT* badArgument);
 
     DISPPARAMS* Get() noexcept { return &parameters_; }
@@ -46,6 +52,7 @@ class DispatchArguments {
     };
 
     void DropSurplus(std::size_t parameters);
+    void RequireEachParameterOnce(std::size_t parameters, UINT* badArgument) const;
     std::size_t ParameterOf(std::size_t index, std::size_t parameters) const noexcept;
     void Fit(std::size_t index, const DispatchParameter& parameter);
 

@@ -335,6 +335,46 @@ TEST_F(Dispatch, MissesArgumentsThatAreNotThere) {
     EXPECT_EQ(CallWith(Method, L"Advance", {Com::Variant(u"abc")}).Result, DISP_E_BADPARAMCOUNT);
 }
 
+TEST_F(Dispatch, RefusesNamesThatFitNoParameterOrFitOneTwice) {
+    DISPID advance = DISPID_UNKNOWN;
+    wchar_t* name = const_cast<wchar_t*>(L"Advance");
+    ASSERT_EQ(dispatch_->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &advance), S_OK);
+    const struct {
+        DISPID Names[2];
+        UINT NamedCount;
+        UINT BadArgument;
+    } cases[] = {
+        {{7, 0}, 2, 0}, {{0, 7}, 2, 1}, {{0, 0}, 2, 1}, {{-5, 1}, 2, 0}, {{0, 0}, 1, 1},
+    };
+    for (const auto& [names, count, bad] : cases) {
+        VARIANT arguments[] = {Com::Variant(1).Get(), Com::Variant(2).Get()};
+        DISPID copied[] = {names[0], names[1]};
+        DISPPARAMS parameters{arguments, copied, 2, count};
+        UINT badArgument = 99;
+        EXPECT_EQ(dispatch_->Invoke(advance, IID_NULL, LOCALE_USER_DEFAULT, Method, &parameters,
+                                    nullptr, nullptr, &badArgument),
+                  DISP_E_PARAMNOTFOUND);
+        EXPECT_EQ(badArgument, bad);
+    }
+}
+
+TEST_F(Dispatch, KeepsNoReferenceToTheArgumentsOfACallThatItRefuses) {
+    const auto bag = Com::MakeObject<TrialBag>();
+    const Com::Variant object(static_cast<IDispatch*>(bag.Get()));
+    bag->AddRef();
+    const ULONG before = bag->Release();
+    for (const WORD flags : {Get, Put, PutRef, Method}) {
+        for (const wchar_t* member : {L"Number", L"Bag", L"Advance", L"Fail", L"Happen"}) {
+            for (std::size_t count = 0; count < 5; ++count) {
+                CallWith(flags, member, std::vector<Com::Variant>(count, object));
+                trial_->Bag->Items.clear();
+            }
+        }
+    }
+    bag->AddRef();
+    EXPECT_EQ(bag->Release(), before);
+}
+
 TEST_F(Dispatch, FillsTheExceptionFromTheErrorInformation) {
     const struct {
         LONG Number;
