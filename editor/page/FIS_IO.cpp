@@ -211,7 +211,8 @@ STDMETHODIMP FIS_IO::Apply() noexcept {
 }
 
 STDMETHODIMP FIS_IO::Help(LPCOLESTR) noexcept {
-    return E_NOTIMPL;
+    // Where the page has no help file, the frame may show another one.
+    return view_.ShowHelp() ? S_OK : E_NOTIMPL;
 }
 
 STDMETHODIMP FIS_IO::TranslateAccelerator(MSG* message) noexcept {

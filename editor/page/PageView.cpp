@@ -9,7 +9,9 @@
 #include "editor/Failure.h"
 #include "editor/page/TreeImages.h"
 #include "editor/rules/RuleEditorWindow.h"
+#include "shared/Definition.h"
 #include "win/Dpi.h"
+#include "win/HelpViewer.h"
 #include "win/WindowText.h"
 
 namespace Quorvane::Editor {
@@ -249,6 +251,10 @@ void PageView::OpenRuleEditor() {
     if (!page_.ReadOnly()) {
         page_.SetChanged(ShowRuleEditor(::GetAncestor(Get(), GA_ROOT), page_.Changed()));
     }
+}
+
+bool PageView::ShowHelp() const noexcept {
+    return Win::ShowHelpFile(::GetAncestor(Get(), GA_ROOT), Definition::State().HelpFile);
 }
 
 } // namespace Quorvane::Editor

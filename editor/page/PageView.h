@@ -56,6 +56,9 @@ class PageView final : private Win::Window {
     /// Shows the page with the focus in its first tree, or hides it, with a command of ShowWindow.
     void Show(UINT command) noexcept;
 
+    /// Opens the help file of the control; false where there is none.
+    bool ShowHelp() const noexcept;
+
     /// Handles a key that belongs to the page: whether it did.
     bool TranslateKey(MSG& message);
 

@@ -89,6 +89,8 @@ bool PageView::TranslateKey(MSG& message) {
             return TranslateEnter(message);
         case VK_ESCAPE:
             return false;
+        case VK_F1:
+            return ShowHelp();
         case VK_TAB:
             if (LeavesPage(message)) {
                 return false;

@@ -65,6 +65,7 @@ PropertyGrid::PropertyGrid(HWND parent) {
     SetColumns(list_, {{GetText(TextId::Property), 120}, {GetText(TextId::Value), 200}});
     field_ = CreateChild(list_, L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, FieldId);
     ShowWindow(field_, SW_HIDE);
+    SetWindowSubclass(list_, ListProcedure, 0, 0);
     SetWindowSubclass(field_, FieldProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
@@ -238,6 +239,18 @@ void PropertyGrid::FinishText(bool accept) {
                     Variant(std::wstring_view(text)));
         RefreshValues();
     }
+}
+
+LRESULT CALLBACK PropertyGrid::ListProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
+                                             UINT_PTR id, DWORD_PTR) {
+    // Enter edits the selected property; dialogs would take it for their default button.
+    if (message == WM_GETDLGCODE && wParam == VK_RETURN) {
+        return DLGC_WANTALLKEYS;
+    }
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(list, ListProcedure, id);
+    }
+    return DefSubclassProc(list, message, wParam, lParam);
 }
 
 LRESULT CALLBACK PropertyGrid::FieldProcedure(HWND field, UINT message, WPARAM wParam,

@@ -46,6 +46,8 @@ class PropertyGrid final : public Window {
     Variant Read(const Property& property) const;
     std::wstring Describe(const Property& property) const;
 
+    static LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
+                                          UINT_PTR id, DWORD_PTR);
     static LRESULT CALLBACK FieldProcedure(HWND field, UINT message, WPARAM wParam, LPARAM lParam,
                                            UINT_PTR id, DWORD_PTR grid);
 

@@ -2,6 +2,7 @@
 // RunPanel: what a person does with a running control: set inputs, fire, watch, tabulate.
 #include "host/form/RunPanel.h"
 
+#include "host/HResult.h"
 #include "host/form/Automation.h"
 #include "host/form/ListColumns.h"
 #include "host/form/Texts.h"
@@ -10,7 +11,7 @@
 #include <cmath>
 
 #include <commctrl.h>
-#include <shlobj.h>
+#include <shobjidl.h>
 
 namespace Quorvane::Host {
 
@@ -46,13 +47,6 @@ std::wstring StoredText(PlacedControl& control, const wchar_t* property) {
     const auto object = control.Dispatch();
     return object ? ValueText(CallMember(object.Get(), property, {}, DISPATCH_PROPERTYGET))
                   : std::wstring();
-}
-
-int CALLBACK SelectOfferedFolder(HWND dialog, UINT message, LPARAM, LPARAM folder) {
-    if (message == BFFM_INITIALIZED) {
-        SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, folder);
-    }
-    return 0;
 }
 
 std::vector<std::wstring> NamesOf(const std::vector<StoredVariable>& variables) {
@@ -324,24 +318,24 @@ void RunPanel::ShowPicture() {
 }
 
 bool RunPanel::ChooseFolder() {
-    BROWSEINFOW browse{};
-    browse.hwndOwner = GetAncestor(Handle(), GA_ROOT);
-    browse.lpszTitle = GetText(TextId::BatchFolder);
-    browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_USENEWUI;
-    const std::wstring offered = batchFolder_.wstring();
-    browse.lParam = reinterpret_cast<LPARAM>(offered.c_str());
-    browse.lpfn = SelectOfferedFolder;
-    PIDLIST_ABSOLUTE const chosen = SHBrowseForFolderW(&browse);
-    if (!chosen) {
+    ComPtr<IFileDialog> dialog;
+    Check(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
+                           __uuidof(IFileDialog), dialog.ReceiveVoid()),
+          L"ask for a folder");
+    dialog->SetOptions(FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR);
+    dialog->SetTitle(GetText(TextId::BatchFolder));
+    // The whole path as the offered name: it can be accepted, or typed over.
+    dialog->SetFileName(batchFolder_.c_str());
+    ComPtr<IShellItem> chosen;
+    wchar_t* path = nullptr;
+    if (dialog->Show(GetAncestor(Handle(), GA_ROOT)) != S_OK ||
+        dialog->GetResult(chosen.Receive()) != S_OK ||
+        chosen->GetDisplayName(SIGDN_FILESYSPATH, &path) != S_OK) {
         return false;
     }
-    std::wstring path(MAX_PATH, L'\0');
-    const bool isFolder = SHGetPathFromIDListW(chosen, path.data());
-    CoTaskMemFree(chosen);
-    if (isFolder) {
-        batchFolder_ = path.c_str();
-    }
-    return isFolder;
+    batchFolder_ = path;
+    CoTaskMemFree(path);
+    return true;
 }
 
 } // namespace Quorvane::Host

@@ -54,7 +54,7 @@ constexpr std::array<Bilingual, 41> Table = {{
     {L"&Data show", L"显示数据(&D)"},
     {L"Di&visions:", L"等分数(&V):"},
     {L"&Batch...", L"批处理(&B)..."},
-    {L"The folder for InData.txt and OutData.txt:", L"存放 InData.txt 和 OutData.txt 的文件夹:"},
+    {L"Folder for InData.txt and OutData.txt", L"存放 InData.txt 和 OutData.txt 的文件夹"},
     {L"Run a batch to see the response.", L"运行批处理后在此显示响应。"},
     {L"A picture needs a system of one or two inputs.", L"只有一个或两个输入的系统才有图形。"},
     {L"The batch is not complete.", L"批处理不完整。"},

@@ -22,8 +22,8 @@ class RegisteredControl final : public testing::Environment {
 } // namespace
 
 FormTest::FormTest()
-    : folder_(std::filesystem::temp_directory_path() /
-              (L"quorvane-form-" + std::to_wstring(GetCurrentProcessId()))) {
+    // The system's folder for temporary files is hidden from folder dialogs.
+    : folder_(OwnFolder() / (L"form-" + std::to_wstring(GetCurrentProcessId()))) {
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
 }

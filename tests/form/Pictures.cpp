@@ -37,9 +37,10 @@ std::wstring Arguments(const std::filesystem::path& folder, const std::filesyste
 }
 
 /// Sets both inputs, shows the values in the control, fires, and draws the response.
-void RunOnce(const FormProgram& program, const wchar_t* first, const wchar_t* second) {
+void RunOnce(const FormProgram& program, const std::filesystem::path& files, const wchar_t* first,
+             const wchar_t* second) {
     Click(Child(program.RunPanel(), Id::DataShow));
-    program.RunBatch(20);
+    program.RunBatch(20, files);
     program.SetField(program.Field(0), first);
     program.SetField(program.Field(1), second);
     Click(Child(program.RunPanel(), Id::Fire));
@@ -54,8 +55,9 @@ void ShowRefusal(const FormProgram& program, const PageHands& page, const Photog
     program.Answer(message, Id::Ok);
 }
 
-void ShowSample(FormProgram& program, const Photographer& camera) {
-    RunOnce(program, L"1.5", L"0.25");
+void ShowSample(FormProgram& program, const std::filesystem::path& files,
+                const Photographer& camera) {
+    RunOnce(program, files, L"1.5", L"0.25");
     camera.Take("form-run", program.Main());
     program.SetRunMode(false);
     Click(program.Surface(), {200, 200});
@@ -88,7 +90,7 @@ void DesignAndRunTank(FormProgram& program, const std::filesystem::path& files,
     program.Close();
     FormProgram again(Arguments(files, form));
     const TankCycle& cycle = TankCycles[0];
-    RunOnce(again, cycle.Level, cycle.Inflow);
+    RunOnce(again, files, cycle.Level, cycle.Inflow);
     Expect("the output that was worked out by hand",
            [&] { return again.Output(L"Pump") == cycle.Pump; });
     camera.Take("tank-run", again.Main());
@@ -108,7 +110,7 @@ int wmain(int count, wchar_t** arguments) {
         const auto files = std::filesystem::absolute(arguments[2]);
         std::filesystem::create_directories(files);
         FormProgram program(Arguments(files, SampleForm()));
-        ShowSample(program, camera);
+        ShowSample(program, files, camera);
         DesignAndRunTank(program, files, camera);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

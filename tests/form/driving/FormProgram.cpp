@@ -12,12 +12,6 @@ namespace Quorvane::Driving {
 
 namespace {
 
-std::filesystem::path OwnFolder() {
-    std::array<wchar_t, MAX_PATH> path{};
-    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    return std::filesystem::path(path.data()).parent_path();
-}
-
 PROCESS_INFORMATION Start(std::wstring commandLine) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
@@ -35,6 +29,12 @@ std::wstring Quoted(const std::filesystem::path& path) {
 }
 
 } // namespace
+
+std::filesystem::path OwnFolder() {
+    std::array<wchar_t, MAX_PATH> path{};
+    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    return std::filesystem::path(path.data()).parent_path();
+}
 
 std::filesystem::path ProductFolder() {
     return (OwnFolder() / QUORVANE_PRODUCTS).lexically_normal();
@@ -81,7 +81,12 @@ HWND FormProgram::PropertyGrid() const {
 }
 
 HWND FormProgram::Field(int input) const {
-    return Child(ChildOfClass(main_, WindowClass::InputRows), Id::FirstField + input);
+    HWND field = nullptr;
+    Expect("there is a field for the input", [&] {
+        field = GetDlgItem(ChildOfClass(main_, WindowClass::InputRows), Id::FirstField + input);
+        return field != nullptr;
+    });
+    return field;
 }
 
 HWND FormProgram::Slider(int input) const {
@@ -117,8 +122,19 @@ HWND FormProgram::DialogTitled(const std::wstring& title) const {
 }
 
 void FormProgram::Answer(HWND dialog, int button) const {
-    Click(Child(dialog, button));
-    Expect("a dialog closes", [dialog] { return !IsWindow(dialog); });
+    HWND const pressed = Child(dialog, button);
+    // A click that comes while windows still change places can get lost.
+    constexpr int Attempts = 5;
+    constexpr DWORD TimeForOne = 4000;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        Click(pressed);
+        if (WaitFor([dialog] { return !IsWindow(dialog) || !IsWindowVisible(dialog); },
+                    TimeForOne)) {
+            return;
+        }
+        Activate(dialog);
+    }
+    throw DriveError("a dialog does not close");
 }
 
 void FormProgram::TypePath(const std::filesystem::path& path) const {
@@ -198,15 +214,19 @@ void FormProgram::SetField(HWND field, const std::wstring& text) const {
     Expect("a field has its text", [&] { return TextOf(field) == text; });
 }
 
-void FormProgram::RunBatch(int divisions) const {
+void FormProgram::BeginBatch(int divisions, const std::filesystem::path& offered) const {
     SetField(Child(RunPanel(), Id::Divisions), std::to_wstring(divisions));
-    HWND const batch = Child(RunPanel(), Id::Batch);
-    Click(batch);
+    Click(Child(RunPanel(), Id::Batch));
     HWND const chooser = Dialog(WindowClass::Dialog);
+    Expect("the folder is offered", [&] { return TextOf(FocusOf(chooser)) == offered.wstring(); });
     Press(VK_RETURN);
     Expect("the folder is chosen", [chooser] { return !IsWindow(chooser); });
+}
+
+void FormProgram::RunBatch(int divisions, const std::filesystem::path& offered) const {
+    BeginBatch(divisions, offered);
     // While the control computes, the program answers no message.
-    SendMessageW(batch, WM_NULL, 0, 0);
+    SendMessageW(RunPanel(), WM_NULL, 0, 0);
     Activate(main_);
 }
 

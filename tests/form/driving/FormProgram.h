@@ -9,6 +9,9 @@
 
 namespace Quorvane::Driving {
 
+/// The folder of the running program.
+std::filesystem::path OwnFolder();
+
 /// The products of this build, and the sample form. Paths as a program started here understands
 /// them.
 std::filesystem::path ProductFolder();
@@ -64,9 +67,11 @@ class FormProgram {
     /// Replaces the text of a field by typing.
     void SetField(HWND field, const std::wstring& text) const;
 
-    /// Tabulates the response in so many divisions, in the folder that the program offers, and
-    /// waits for the end.
-    void RunBatch(int divisions) const;
+    /// Begins to tabulate the response in so many divisions, in the folder that the program offers.
+    void BeginBatch(int divisions, const std::filesystem::path& offered) const;
+
+    /// The same, and waits for the end.
+    void RunBatch(int divisions, const std::filesystem::path& offered) const;
 
     /// The value of an output in the program's list.
     std::wstring Output(const std::wstring& name) const;
