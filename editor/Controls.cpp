@@ -4,6 +4,7 @@
 
 #include "control/com/Module.h"
 #include "win/WideText.h"
+#include "win/WindowText.h"
 
 namespace Quorvane::Editor {
 namespace {
@@ -47,8 +48,8 @@ int DialogFont::TextWidth(TextView text) const {
     const Win::WindowDc screen(nullptr);
     const Win::Selection selected(screen.Get(), Get());
     SIZE size{};
-    ::GetTextExtentPoint32W(screen.Get(), reinterpret_cast<const wchar_t*>(text.data()),
-                            static_cast<int>(text.size()), &size);
+    ::GetTextExtentPoint32W(screen.Get(), Win::Characters(text), static_cast<int>(text.size()),
+                            &size);
     return size.cx;
 }
 
@@ -61,22 +62,8 @@ Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& 
                                               .ExtendedStyle = extendedStyle,
                                               .Id = id}));
     ::SendMessageW(control.Get(), WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
-    ::SetWindowTextW(control.Get(), Win::Wide(text));
+    Win::ShowText(control.Get(), text);
     return control;
-}
-
-Text TextOf(HWND control) {
-    Text text(static_cast<std::size_t>(::GetWindowTextLengthW(control)) + 1, u'\0');
-    const int length = ::GetWindowTextW(control, reinterpret_cast<wchar_t*>(text.data()),
-                                        static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
-void SetText(HWND control, const Text& text) {
-    if (TextOf(control) != text) {
-        ::SetWindowTextW(control, Win::Wide(text));
-    }
 }
 
 } // namespace Quorvane::Editor

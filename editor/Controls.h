@@ -34,10 +34,4 @@ class DialogFont {
 Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& text, DWORD style,
                              UINT id, const DialogFont& font, DWORD extendedStyle = 0);
 
-/// The text of a control.
-Text TextOf(HWND control);
-
-/// Sets the text of a control that has another one.
-void SetText(HWND control, const Text& text);
-
 } // namespace Quorvane::Editor

@@ -144,6 +144,23 @@ class SavedDc {
     int state_;
 };
 
+/// The painting of a window, in answer to WM_PAINT.
+class PaintDc {
+  public:
+    explicit PaintDc(HWND window) noexcept
+        : window_(window), context_(::BeginPaint(window, &paint_)) {}
+    ~PaintDc() { ::EndPaint(window_, &paint_); }
+    PaintDc(const PaintDc&) = delete;
+    PaintDc& operator=(const PaintDc&) = delete;
+
+    HDC Get() const noexcept { return context_; }
+
+  private:
+    HWND window_;
+    PAINTSTRUCT paint_{};
+    HDC context_;
+};
+
 /// The device context of a window, or of the screen for a null window.
 class WindowDc {
   public:

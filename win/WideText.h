@@ -11,4 +11,9 @@ inline const wchar_t* Wide(const Text& text) noexcept {
     return reinterpret_cast<const wchar_t*>(text.c_str());
 }
 
+/// The characters of a text for functions that are told how many there are; no zero follows them.
+inline const wchar_t* Characters(TextView text) noexcept {
+    return reinterpret_cast<const wchar_t*>(text.data());
+}
+
 } // namespace Quorvane::Win

@@ -3,15 +3,12 @@
 #include "editor/page/GdiGraphSurface.h"
 
 #include "win/Handle.h"
+#include "win/WideText.h"
 
 namespace Quorvane::Editor {
 namespace {
 
 constexpr GraphScale PixelScale{0, 1, 0, 1};
-
-const wchar_t* Wide(TextView text) {
-    return reinterpret_cast<const wchar_t*>(text.data());
-}
 
 } // namespace
 
@@ -43,8 +40,8 @@ void GdiGraphSurface::SetPen(PenStyle style, int width) {
 void GdiGraphSurface::Line(float x1, float y1, float x2, float y2) {
     const auto width = static_cast<DWORD>(::MulDiv(penWidth_, dpi_, USER_DEFAULT_SCREEN_DPI));
     const LOGBRUSH brush{BS_SOLID, color_, 0};
-    // A geometric pen has square ends at any width, so that a line of two pixels ends where it
-    // should; dots are a pattern of one-pixel lines.
+    // The edges of a term are lines of their own: round ends close its corners. Only a geometric
+    // pen has ends at any width; dots are a pattern of one-pixel lines.
     const Win::Pen pen(
         penStyle_ == PenStyle::Dotted
             ? ::CreatePen(PS_DOT, 1, color_)
@@ -57,7 +54,7 @@ void GdiGraphSurface::Line(float x1, float y1, float x2, float y2) {
 
 void GdiGraphSurface::Print(TextView text, float x, float y) {
     ::SetTextColor(context_, color_);
-    ::TextOutW(context_, transform_.PixelX(x), transform_.PixelY(y), Wide(text),
+    ::TextOutW(context_, transform_.PixelX(x), transform_.PixelY(y), Win::Characters(text),
                static_cast<int>(text.size()));
 }
 
@@ -71,7 +68,7 @@ float GdiGraphSurface::TextHeight(TextView text) const {
 
 SIZE GdiGraphSurface::Extent(TextView text) const {
     SIZE size{};
-    ::GetTextExtentPoint32W(context_, Wide(text), static_cast<int>(text.size()), &size);
+    ::GetTextExtentPoint32W(context_, Win::Characters(text), static_cast<int>(text.size()), &size);
     return size;
 }
 

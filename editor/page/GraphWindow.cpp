@@ -19,13 +19,9 @@ GraphWindow::GraphWindow(HWND parent, UINT id, const DialogFont& font, Draw draw
 
 LRESULT GraphWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
-    case WM_PAINT: {
-        PAINTSTRUCT paint{};
-        HDC const target = ::BeginPaint(Get(), &paint);
-        Paint(target);
-        ::EndPaint(Get(), &paint);
+    case WM_PAINT:
+        Paint(Win::PaintDc(Get()).Get());
         return 0;
-    }
     case WM_PRINTCLIENT:
         Paint(reinterpret_cast<HDC>(first));
         return 0;

@@ -10,6 +10,7 @@
 
 namespace Quorvane::Editor {
 
+/// The picture box. What it shows is drawn when it is painted.
 class GraphWindow final : public Win::Window {
   public:
     static constexpr const wchar_t* ClassName = L"QuorvaneGraph";

@@ -27,6 +27,14 @@ void FillBackground(HWND window, HDC context) {
 
 } // namespace
 
+PanelWindow::NameOf::NameOf(HWND window, const Text& name) : window_(window), name_(name) {
+    ::SetPropW(window_, Win::Wide(name_), window_);
+}
+
+PanelWindow::NameOf::~NameOf() {
+    ::RemovePropW(window_, Win::Wide(name_));
+}
+
 PanelWindow::Content::Content(HWND parent) {
     Make<Content>(Com::ModuleHandle(), {.Parent = parent,
                                         .Position = {},
@@ -63,6 +71,7 @@ PanelWindow::PanelWindow(HWND parent, UINT id, const RulePanel& panel, const Dia
 }
 
 PanelWindow::~PanelWindow() {
+    names_.clear();
     rows_.clear();
     vsb_.Reset();
     picCtrl_.reset();
@@ -94,6 +103,7 @@ void PanelWindow::MakeRows() {
         };
         made.Label = MakeControl(picCtrl_->Get(), WC_STATICW, row.LabelCaption,
                                  SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, 0, font_);
+        names_.emplace_back(made.Label.Get(), row.LabelName);
         place(made.Label, row.LabelArea);
         made.List = MakeControl(picCtrl_->Get(), WC_LISTBOXW, row.ListName,
                                 WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, id++,
@@ -146,7 +156,16 @@ void PanelWindow::ScrollTo(int twips) {
                  Pixels(panel_.Height), TRUE);
 }
 
-void PanelWindow::OnScroll(int code, int position) {
+/// The position of the thumb, of which a message carries but the lower half.
+int PanelWindow::ThumbPosition(WORD lower) const {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    ::GetScrollInfo(vsb_.Get(), SB_CTL, &info);
+    return LOWORD(info.nTrackPos) == lower ? info.nTrackPos : lower;
+}
+
+void PanelWindow::OnScroll(int code, WORD position) {
     switch (code) {
     case SB_LINEUP:
     case SB_PAGEUP:
@@ -158,7 +177,7 @@ void PanelWindow::OnScroll(int code, int position) {
         break;
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
-        ScrollTo(position);
+        ScrollTo(ThumbPosition(position));
         break;
     case SB_TOP:
         ScrollTo(0);
@@ -178,9 +197,12 @@ void PanelWindow::OnCommand(UINT id, UINT code) {
     }
     if (code == LBN_SELCHANGE) {
         const auto item = ::SendMessageW(rows_[variable].List.Get(), LB_GETCURSEL, 0, 0);
-        chosen_(variable, static_cast<std::size_t>(item));
-    } else if (code == LBN_SETFOCUS) {
-        // A list box that the keyboard has reached comes into view.
+        if (item >= 0) {
+            chosen_(variable, static_cast<std::size_t>(item));
+        }
+    } else if (code == LBN_SETFOCUS && ::GetKeyState(VK_LBUTTON) >= 0) {
+        // A list box that the keyboard has reached comes into view. Under a pressed mouse it stays
+        // where it is: the mouse would drag its choice along.
         const TwipsArea& area = panel_.Rows[variable].ListArea;
         RECT frame{};
         ::GetClientRect(Get(), &frame);

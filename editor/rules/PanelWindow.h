@@ -3,7 +3,9 @@
 // outputs'.
 #pragma once
 
+#include <deque>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "editor/Controls.h"
@@ -12,8 +14,8 @@
 
 namespace Quorvane::Editor {
 
-/// The frame of a panel. The run-time labels and list boxes, named in their window texts, stand on
-/// an inner window that moves up and down.
+/// The frame of a panel. The run-time labels and list boxes stand on an inner window that moves up
+/// and down. A list box has its name as its window text, a label as a property of its window.
 class PanelWindow final : public Win::Window {
   public:
     static constexpr const wchar_t* ClassName = L"QuorvaneRulePanel";
@@ -47,6 +49,19 @@ class PanelWindow final : public Win::Window {
         LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
     };
 
+    /// The name of a window whose text is something else.
+    class NameOf {
+      public:
+        NameOf(HWND window, const Text& name);
+        ~NameOf();
+        NameOf(const NameOf&) = delete;
+        NameOf& operator=(const NameOf&) = delete;
+
+      private:
+        HWND window_;
+        Text name_;
+    };
+
     struct RowControls {
         Win::ChildWindow Label;
         Win::ChildWindow List;
@@ -56,7 +71,8 @@ class PanelWindow final : public Win::Window {
     RECT PixelArea(const TwipsArea& area) const;
     void MakeRows();
     void UpdateScroll();
-    void OnScroll(int code, int position);
+    int ThumbPosition(WORD lower) const;
+    void OnScroll(int code, WORD position);
     void ScrollTo(int twips);
     void OnCommand(UINT id, UINT code);
 
@@ -67,6 +83,7 @@ class PanelWindow final : public Win::Window {
     std::unique_ptr<Content> picCtrl_;
     Win::ChildWindow vsb_;
     std::vector<RowControls> rows_;
+    std::deque<NameOf> names_;
     int scrollValue_ = 0;
     int scrollMax_ = 0;
 };

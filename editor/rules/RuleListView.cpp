@@ -5,6 +5,7 @@
 #include "editor/TextIds.h"
 #include "text/GetText.h"
 #include "win/Dpi.h"
+#include "win/Raised.h"
 #include "win/WideText.h"
 
 namespace Quorvane::Editor {
@@ -45,7 +46,7 @@ int RuleListView::NaturalWidth() const {
 }
 
 void RuleListView::Reflect() {
-    isShowing_ = true;
+    const Win::Raised showing(isShowing_);
     const auto count = static_cast<int>(editor_.Rows().Count());
     if (ListView_GetItemCount(Window()) != count) {
         ListView_SetItemCountEx(Window(), count, LVSICF_NOSCROLL);
@@ -58,7 +59,6 @@ void RuleListView::Reflect() {
         ListView_EnsureVisible(Window(), index, FALSE);
     }
     ::InvalidateRect(Window(), nullptr, FALSE);
-    isShowing_ = false;
 }
 
 LRESULT RuleListView::OnNotify(NMHDR& header) {

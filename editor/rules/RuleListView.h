@@ -15,6 +15,8 @@
 
 namespace Quorvane::Editor {
 
+/// The list asks the editor for the texts of the rows that it shows, so that no number of rules is
+/// too many.
 class RuleListView {
   public:
     /// What the user does in the list.
