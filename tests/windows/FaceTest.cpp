@@ -10,6 +10,8 @@
 #include "control/Colors.h"
 #include "control/com/ErrorBoundary.h"
 #include "shared/Definition.h"
+#include "tests/com/support/Systems.h"
+#include "tests/com/support/TestBag.h"
 #include "tests/windows/support/Form.h"
 #include "tests/windows/support/MemoryBag.h"
 #include "tests/windows/support/Picture.h"
@@ -377,18 +379,22 @@ TEST(Display, LeavesOutAVariableThatCameAfterTheListsWereFilled) {
     EXPECT_EQ(CellText(form.Input(), 1, 1), u"-1");
 }
 
-TEST(Display, KeepsItsRowsWhenAnotherControlIsLoaded) {
+TEST(Display, KeepsItsRowsWhenAnotherControlBringsAnotherSystem) {
     Form form;
     form.Place();
     form.Activate();
-    const Com::ComPtr<_FISControl> first = form.Control();
-    Definition::State().InputVariables->Remove(u"Rate");
-    EXPECT_EQ(ListView_GetItemCount(form.Input()), 2) << "nothing refreshes the lists by itself";
+    form.Control()->put_DataShow(VARIANT_TRUE);
     Form other;
-    other.Place();
+    other.Place(Start::Not);
+    const auto bag = Com::MakeObject<TestBag>(PropertiesOf(Adder));
+    ASSERT_EQ(other.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr), S_OK);
     other.Activate();
-    EXPECT_EQ(ListView_GetItemCount(form.Input()), 2);
-    EXPECT_EQ(ListView_GetItemCount(other.Input()), 2);
+    EXPECT_EQ(CellText(other.Input(), 0, 0), u"X [-128, 128]");
+    EXPECT_EQ(ListView_GetItemCount(form.Input()), 2) << "nothing refreshes the lists by itself";
+    EXPECT_EQ(CellText(form.Input(), 0, 0), u"Error [-1, 1]");
+    // It fires the system of the other, and has no rows for its values.
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    EXPECT_EQ(CellText(form.Input(), 0, 1), u"");
 }
 
 TEST(Display, ShowsAnEmptyTextForAnOutputThatTheErrorValuesLack) {
