@@ -117,6 +117,8 @@ const ReadNumber Read[] = {
     // Half way between two Doubles: to the even one. A digit more: to the upper one.
     {u"9007199254740993", 9007199254740992},
     {u"9007199254740993.0000000000000000000000000000000001", 9007199254740994},
+    // Rounded to more bits first, and then to those of a Double, it would be the next one.
+    {u"-91.0819195733088E33", -0x1.18aaf72c927b9p+116},
     {u"1.7976931348623157E308", DBL_MAX},
     {u"179769313486231570E291", DBL_MAX},
     {u"2.2250738585072014E-308", DBL_MIN},
