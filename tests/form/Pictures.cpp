@@ -84,6 +84,7 @@ void DesignAndRunTank(FormProgram& program, const std::filesystem::path& files,
     DesignTank(program, page,
                [&](const std::string& name, HWND window) { camera.Take(name, window); });
     program.Answer(frame, Id::Ok);
+    program.SetProperty(L"Caption", L"Tank");
     std::error_code ignored;
     std::filesystem::remove(form, ignored);
     program.SaveAs(form);

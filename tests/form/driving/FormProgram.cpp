@@ -201,6 +201,18 @@ void FormProgram::AddControl() const {
     });
 }
 
+void FormProgram::SetProperty(const std::wstring& property, const std::wstring& text) const {
+    HWND const list = Child(PropertyGrid(), Id::GridList);
+    const int row = RowOf(list, property);
+    Click(list, RowPoint(list, row));
+    Press(VK_RETURN);
+    HWND const field = Child(list, Id::GridField);
+    Expect("a property is edited", [&] { return FocusOf(field) == field; });
+    Type(text);
+    Press(VK_RETURN);
+    Expect("a property has its value", [&] { return Cell(list, row, 1) == text; });
+}
+
 HWND FormProgram::OpenPropertyFrame() const {
     Activate(main_);
     Press(VK_F4);

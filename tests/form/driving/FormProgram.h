@@ -61,6 +61,9 @@ class FormProgram {
     /// Adds a control by the Insert key.
     void AddControl() const;
 
+    /// Changes a text in the property grid by Enter, typing and Enter.
+    void SetProperty(const std::wstring& property, const std::wstring& text) const;
+
     /// Opens the property frame of the selected control by F4.
     HWND OpenPropertyFrame() const;
 

@@ -75,6 +75,8 @@ std::size_t Picture::ColorCount() const {
 Picture PictureOf(HWND window) {
     RECT area{};
     GetWindowRect(window, &area);
+    // The frame of an X window manager is thinner than the one that the window reckons with.
+    InflateRect(&area, -GetSystemMetrics(SM_CXFRAME), 1 - GetSystemMetrics(SM_CYFRAME));
     return PictureOfScreen(area);
 }
 
