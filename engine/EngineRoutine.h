@@ -28,12 +28,17 @@ inline FisError EngineError(Message message) {
             Main::GetText(id)};
 }
 
+/// Records that a routine has started: its message is the current one.
+inline void NoteRoutine(Message message) {
+    Definition::State().CurrentErrorId = static_cast<std::int32_t>(message);
+}
+
 /// Runs the body of an engine routine: records its message as the current one, and turns any
 /// failure inside, a host's object's included, into the routine's own error. Running out of memory
 /// stays what it is.
 template <class Body>
 decltype(auto) RunRoutine(Message message, Body&& body) {
-    Definition::State().CurrentErrorId = static_cast<std::int32_t>(message);
+    NoteRoutine(message);
     try {
         return std::forward<Body>(body)();
     } catch (const std::bad_alloc&) {

@@ -4,7 +4,7 @@
 
 #include "engine/EngineRoutine.h"
 #include "engine/Membership.h"
-#include "engine/RuleTables.h"
+#include "engine/RulesInUse.h"
 
 namespace Quorvane::RunTime {
 namespace {
@@ -13,71 +13,103 @@ namespace {
 /// the degrees were set before a term failed.
 class DegreeChange {
   public:
-    DegreeChange(RuleTables& tables, std::size_t input) : tables_(tables), input_(input) {}
+    DegreeChange(PreparedRules& rules, std::size_t input) : rules_(rules), input_(input) {}
     DegreeChange(const DegreeChange&) = delete;
     DegreeChange& operator=(const DegreeChange&) = delete;
     ~DegreeChange() {
-        tables_.Selector.Update(input_, tables_.DegreesOf(tables_.UsedInputs[input_]));
-        tables_.AreSumsCurrent = false;
+        rules_.Selector.Update(rules_, input_);
+        rules_.AreSumsCurrent = false;
     }
 
   private:
-    RuleTables& tables_;
+    PreparedRules& rules_;
     std::size_t input_;
 };
 
-void SetDegrees(RuleTables& tables, std::size_t index, double x, double upper, double lower) {
-    const DegreeChange change(tables, index);
-    const std::vector<BoundTerm>& terms = tables.Binding.Input(index).Terms;
-    double* const degrees = &tables.Degrees[tables.UsedInputs[index].FirstDegree];
-    for (std::size_t i = 0; i < terms.size(); ++i) {
-        degrees[i] = Membership(terms[i], x, upper, lower);
+/// Sets the degrees of an input one after the other. Raises error 80, "Invalid linguistic input
+/// variable.", at a term that the model lacks and at a flank wider than the largest Double.
+[[gnu::cold]] void SetDegreesOneByOne(PreparedRules& rules, const UsedInput& input, double x,
+                                      double upper, double lower) {
+    for (std::size_t i = input.FirstTerm; i < input.FirstTerm + input.TermCount; ++i) {
+        const LinguisticTerm* const term = rules.BoundTerms[i];
+        if (!term) {
+            throw EngineError(Message::InvalidInputVariable);
+        }
+        MembershipPair pair{};
+        if (!(x < lower || x > upper)) {
+            pair = Membership(*term, *term, x);
+        }
+        if (!std::isfinite(pair.Widths[0])) {
+            throw EngineError(Message::InvalidInputVariable);
+        }
+        rules.Degrees[i] = pair.Degrees[0];
     }
 }
 
-void FuzzifyValue(RuleTables& tables, std::size_t index, const Value& value) {
-    UsedInput& input = tables.UsedInputs[index];
-    if (SameTextForm(input.LastInput, value)) {
-        return;
+void SetDegrees(PreparedRules& rules, std::size_t index, double x, double upper, double lower) {
+    // Every used input has a term, be it "[NONE]", whose degree is not kept.
+    NoteRoutine(Message::InvalidInputVariable);
+    const DegreeChange change(rules, index);
+    const UsedInput& input = rules.UsedInputs[index];
+    if (!input.HasAllTerms ||
+        !SetMemberships(rules.BoundTerms.data() + input.FirstTerm, input.TermCount, x, upper, lower,
+                        rules.Degrees.data() + input.FirstTerm)) {
+        SetDegreesOneByOne(rules, input, x, upper, lower);
     }
-    tables.Binding.Refresh(tables);
-    const LinguisticVariable* const variable = tables.Binding.Input(index).Variable;
-    if (!variable) {
+}
+
+/// Sets the degrees of an input from a value that differs from the one last fuzzified.
+template <class Converted>
+void FuzzifyAnew(PreparedRules& rules, std::size_t index, Converted converted) {
+    UsedInput& input = rules.UsedInputs[index];
+    if (!input.Variable) {
         throw FisError(RuntimeError::MissingKey);
     }
-    const double upper = variable->UBound;
-    const double lower = variable->LBound;
+    const double upper = input.Variable->UBound;
+    const double lower = input.Variable->LBound;
     // Empty until all degrees are set, so that an input that fails is fuzzified again.
     input.LastInput.reset();
-    if (IsEmpty(value)) {
-        throw FisError(RuntimeError::TypeMismatch);
-    }
-    const double x = ToNumber(value);
-    tables.Binding.Refresh(tables);
-    SetDegrees(tables, index, x, upper, lower);
+    const double x = converted();
+    SetDegrees(rules, index, x, upper, lower);
     input.LastInput = x;
 }
 
-void FuzzifyInput(RuleTables& tables, std::size_t index) {
-    tables.Binding.Refresh(tables);
-    if (const Value* const bound = tables.Binding.Input(index).Current;
-        bound && !std::holds_alternative<std::shared_ptr<const HostValue>>(*bound)) {
-        FuzzifyValue(tables, index, *bound);
-        return;
-    }
-    // Reading a host's dictionary, and converting a value of the host, may run code of the host
-    // that changes or replaces the dictionary: it is held, and the value is a copy.
+/// Fuzzifies an input whose value is no number, or is not in a dictionary of the system's own.
+/// Reading a host's dictionary, and converting a value of the host, may run code of the host that
+/// changes or replaces the dictionary: it is held, and the value is a copy.
+void FuzzifyAskingHost(RulesInUse& rules, std::size_t index) {
+    rules.Keep();
     const std::shared_ptr<ValueDictionary> values = Definition::State().InputValues;
-    const Value value = Definition::Require(values).Get(tables.UsedInputs[index].Name);
-    FuzzifyValue(tables, index, value);
+    const Value value = Definition::Require(values).Get(rules->UsedInputs[index].Name);
+    if (!SameTextForm(rules->UsedInputs[index].LastInput, value)) {
+        rules.Refresh();
+        FuzzifyAnew(*rules, index, [&] {
+            if (IsEmpty(value)) {
+                throw FisError(RuntimeError::TypeMismatch);
+            }
+            const double x = ToNumber(value);
+            rules.Refresh();
+            return x;
+        });
+    }
+    rules.Refresh();
 }
 
 } // namespace
 
-void Fuzzify(RuleTables& tables) {
-    RunRoutine(Message::InvalidInputSignal, [&tables] {
-        for (std::size_t index = 0; index < tables.UsedInputs.size(); ++index) {
-            FuzzifyInput(tables, index);
+void Fuzzify(RulesInUse& rules) {
+    RunRoutine(Message::InvalidInputSignal, [&rules] {
+        rules.Refresh();
+        const std::span<const UsedInput> inputs = rules->UsedInputs;
+        for (std::size_t index = 0; index < inputs.size(); ++index) {
+            const UsedInput& input = inputs[index];
+            const double* const number =
+                input.Current ? std::get_if<double>(input.Current) : nullptr;
+            if (!number) {
+                FuzzifyAskingHost(rules, index);
+            } else if (!input.LastInput || !SameNumberText(*input.LastInput, *number)) {
+                FuzzifyAnew(*rules, index, [number] { return *number; });
+            }
         }
     });
 }

@@ -4,13 +4,13 @@
 
 namespace Quorvane::RunTime {
 
-struct RuleTables;
+class RulesInUse;
 
 /// Brings the degrees of all used terms up to date with InputValues. An input whose value has the
 /// same text as the one last fuzzified keeps its degrees, so repeated cycles are cheap.
 ///
 /// Raises error 79, "Invalid linguistic input signal.", for an input that is empty, is no number,
 /// or is unknown to the model; that input will be fuzzified again, the ones before it stay valid.
-void Fuzzify(RuleTables& tables);
+void Fuzzify(RulesInUse& rules);
 
 } // namespace Quorvane::RunTime

@@ -2,51 +2,40 @@
 // What the names in the rule tables stand for in the model and the values of the moment.
 #include "engine/ModelBinding.h"
 
-#include "engine/RuleTables.h"
-#include "shared/Definition.h"
-#include "shared/Markers.h"
-
 namespace Quorvane::RunTime {
 namespace {
 
-BoundInput BindInput(const UsedInput& used, const Definition::ProcessState& state,
-                     const OwnValueDictionary* values) {
-    BoundInput bound;
-    if (const auto* const item = values ? values->Items.Find(used.Name) : nullptr) {
-        bound.Current = &item->Content;
+/// The addresses of the used terms of an input, the last one twice where their number is odd.
+void BindTerms(UsedInput& input, const LinguisticTerm** terms) {
+    input.HasAllTerms = true;
+    for (const Text& name : input.Terms) {
+        *terms = input.Variable ? input.Variable->MF.Find(name) : nullptr;
+        input.HasAllTerms = input.HasAllTerms && *terms;
+        ++terms;
     }
-    bound.Variable = state.InputVariables ? state.InputVariables->Find(used.Name) : nullptr;
-    bound.Terms.reserve(used.Terms.size());
-    for (const Text& term : used.Terms) {
-        bound.Terms.push_back(
-            {term == NoneMarker, bound.Variable ? bound.Variable->MF.Find(term) : nullptr});
+    if (input.TermCount % 2 != 0) {
+        *terms = terms[-1];
     }
-    return bound;
 }
 
 } // namespace
 
-bool ModelBinding::IsCurrent() const {
-    // A dictionary that ends changes the stamp, so an address that is the same is the same one.
-    const Definition::ProcessState& state = Definition::State();
-    return stamp_ == DictionaryStamp::Current() && inputValues_ == state.InputValues.get() &&
-           outputValues_ == state.OutputValues.get();
-}
-
-void ModelBinding::Bind(const RuleTables& tables) {
+void ModelBinding::Bind(RuleTables& tables) {
     const Definition::ProcessState& state = Definition::State();
     stamp_ = DictionaryStamp::Current();
     inputValues_ = state.InputValues.get();
     outputValues_ = state.OutputValues.get();
     const auto* const ownInputs = dynamic_cast<const OwnValueDictionary*>(inputValues_);
-    inputs_.clear();
-    for (const UsedInput& used : tables.UsedInputs) {
-        inputs_.push_back(BindInput(used, state, ownInputs));
+    for (UsedInput& input : tables.UsedInputs) {
+        const auto* const item = ownInputs ? ownInputs->Items.Find(input.Name) : nullptr;
+        input.Current = item ? &item->Content : nullptr;
+        input.Variable = state.InputVariables ? state.InputVariables->Find(input.Name) : nullptr;
+        BindTerms(input, tables.BoundTerms.data() + input.FirstTerm);
     }
-    outputs_.clear();
-    for (const UsedOutput& used : tables.UsedOutputs) {
-        auto* const item = state.OutputValues ? state.OutputValues->Items.Find(used.Name) : nullptr;
-        outputs_.push_back(item ? &item->Content : nullptr);
+    for (UsedOutput& output : tables.UsedOutputs) {
+        auto* const item =
+            state.OutputValues ? state.OutputValues->Items.Find(output.Name) : nullptr;
+        output.Current = item ? &item->Content : nullptr;
     }
 }
 

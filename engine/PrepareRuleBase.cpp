@@ -2,10 +2,12 @@
 // From rule texts to the engine's tables.
 #include "engine/PrepareRuleBase.h"
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "engine/EngineRoutine.h"
-#include "engine/RuleTables.h"
+#include "engine/PreparedRules.h"
 #include "shared/Markers.h"
 #include "shared/NumberText.h"
 
@@ -45,10 +47,12 @@ class TableBuilder {
         AddConsequents(consequents);
     }
 
-    std::shared_ptr<RuleTables> Finish() {
+    std::shared_ptr<PreparedRules> Finish() {
         BeginRule(0);
         PlaceDegrees();
+        tables_->NamesEveryOutput = NamesEveryOutput();
         tables_->Selector = RuleSelector(*tables_);
+        EvenOutAntecedents();
         return std::move(tables_);
     }
 
@@ -64,45 +68,48 @@ class TableBuilder {
         return {pieces_[0], pieces_[1]};
     }
 
-    /// Raises DuplicateKey when the rule being added has named the variable already.
-    void RequireFirstMention(TextView variable) {
-        for (const TextView earlier : named_) {
-            if (earlier == variable) {
-                throw FisError(RuntimeError::DuplicateKey);
-            }
+    /// Raises DuplicateKey when the rule being added has named the variable already. For each
+    /// variable there is the number of the rule that has named it last, counted from 1.
+    void RequireFirstMention(std::vector<std::size_t>& lastMentions, std::uint32_t variable) {
+        const std::size_t rule = tables_->Rules.size();
+        if (std::exchange(lastMentions[variable], rule) == rule) {
+            throw FisError(RuntimeError::DuplicateKey);
         }
-        named_.push_back(variable);
     }
 
     void AddAntecedents(TextView list) {
-        named_.clear();
         Split(list, u';', elements_);
         for (const TextView element : elements_) {
             const auto [variable, term] = ParseElement(element, u'>');
-            RequireFirstMention(variable);
-            const std::uint32_t used = UseTerm(variable, term);
+            const std::uint32_t input = UseInput(variable);
+            RequireFirstMention(inputMentions_, input);
             if (term != NoneMarker) {
-                tables_->Antecedents.push_back(used);
+                tables_->Antecedents.push_back(UseTerm(input, term));
             }
         }
     }
 
-    /// The number of a used term in the order of first use, which it is given now if it is new.
-    std::uint32_t UseTerm(TextView variable, TextView term) {
-        const std::uint32_t* input = inputs_.Find(variable);
-        if (!input) {
-            const auto next = static_cast<std::uint32_t>(tables_->UsedInputs.size());
-            input = &inputs_.Add(Text(variable), next);
-            tables_->UsedInputs.push_back({.Name = Text(variable)});
-            terms_.emplace_back(KeyComparison::Exact);
+    /// The index of a used input, which is added now if it is new.
+    std::uint32_t UseInput(TextView name) {
+        if (const std::uint32_t* const input = inputs_.Find(name)) {
+            return *input;
         }
-        if (const std::uint32_t* const used = terms_[*input].Find(term)) {
+        const auto next = static_cast<std::uint32_t>(tables_->UsedInputs.size());
+        tables_->UsedInputs.push_back({.Name = Text(name)});
+        terms_.emplace_back(KeyComparison::Exact);
+        inputMentions_.push_back(0);
+        return inputs_.Add(Text(name), next);
+    }
+
+    /// The number of a used term in the order of first use, which it is given now if it is new.
+    std::uint32_t UseTerm(std::uint32_t input, TextView name) {
+        if (const std::uint32_t* const used = terms_[input].Find(name)) {
             return *used;
         }
-        std::vector<Text>& terms = tables_->UsedInputs[*input].Terms;
-        places_.push_back({*input, static_cast<std::uint32_t>(terms.size())});
-        terms.emplace_back(term);
-        return terms_[*input].Add(Text(term), static_cast<std::uint32_t>(places_.size() - 1));
+        std::vector<Text>& terms = tables_->UsedInputs[input].Terms;
+        places_.push_back({input, static_cast<std::uint32_t>(terms.size())});
+        terms.emplace_back(name);
+        return terms_[input].Add(Text(name), static_cast<std::uint32_t>(places_.size() - 1));
     }
 
     /// Gives the degrees of each input's terms places side by side, and the antecedents these
@@ -110,36 +117,68 @@ class TableBuilder {
     void PlaceDegrees() {
         std::uint32_t next = 0;
         for (UsedInput& input : tables_->UsedInputs) {
-            input.FirstDegree = next;
-            next += static_cast<std::uint32_t>(input.Terms.size());
+            input.FirstTerm = next;
+            input.TermCount = static_cast<std::uint32_t>(input.Terms.size());
+            next += input.TermCount + input.TermCount % 2;
         }
-        tables_->Degrees.assign(next, 1);
+        tables_->Degrees.assign(next + 1, 1);
+        tables_->BoundTerms.resize(next);
         for (std::uint32_t& antecedent : tables_->Antecedents) {
             const TermPlace& place = places_[antecedent];
-            antecedent = tables_->UsedInputs[place.Input].FirstDegree + place.Term;
+            antecedent = tables_->UsedInputs[place.Input].FirstTerm + place.Term;
         }
+    }
+
+    /// Fills all rules up to the same number of antecedents, unless that takes much more room.
+    void EvenOutAntecedents() {
+        std::size_t most = 0;
+        for (std::size_t rule = 0; rule < tables_->RuleCount(); ++rule) {
+            most = std::max(most, tables_->AntecedentsOf(rule).size());
+        }
+        if (most * tables_->RuleCount() > 2 * tables_->Antecedents.size()) {
+            return;
+        }
+        const auto one = static_cast<std::uint32_t>(tables_->Degrees.size() - 1);
+        std::vector<std::uint32_t> antecedents(most * tables_->RuleCount(), one);
+        for (std::size_t rule = 0; rule < tables_->RuleCount(); ++rule) {
+            std::ranges::copy(tables_->AntecedentsOf(rule), &antecedents[most * rule]);
+        }
+        for (std::size_t rule = 0; rule <= tables_->RuleCount(); ++rule) {
+            tables_->Rules[rule].FirstAntecedent = static_cast<std::uint32_t>(most * rule);
+        }
+        tables_->Antecedents = std::move(antecedents);
     }
 
     void AddConsequents(TextView list) {
         const bool isFirstRule = tables_->Rules.size() == 1;
-        named_.clear();
         tables_->LastRuleOutputs.clear();
         tables_->AddsToUnknownOutput = addsToUnknownOutput_;
         Split(list, u';', elements_);
         for (const TextView element : elements_) {
             const auto [output, term] = ParseElement(element, u'<');
             const std::optional<double> point = ConsequentPoint(output, term);
-            RequireFirstMention(output);
+            const std::uint32_t number = NumberOfOutput(output);
+            RequireFirstMention(outputMentions_, number);
             if (isFirstRule) {
-                AddOutput(output);
+                tables_->UsedOutputs.push_back({.Name = Text(output)});
             }
-            const std::uint32_t* const found = outputs_.Find(output);
-            const std::uint32_t index = found ? *found : RuleTables::UnknownOutput;
+            // Names that come up later than in rule 0 have the higher numbers.
+            const std::uint32_t index =
+                number < tables_->UsedOutputs.size() ? number : RuleTables::UnknownOutput;
             tables_->LastRuleOutputs.push_back(index);
             if (point) {
                 AddConsequent(index, *point);
             }
         }
+    }
+
+    /// The number of an output in the order of first mention.
+    std::uint32_t NumberOfOutput(TextView name) {
+        if (const std::uint32_t* const number = outputs_.Find(name)) {
+            return *number;
+        }
+        outputMentions_.push_back(0);
+        return outputs_.Add(Text(name), static_cast<std::uint32_t>(outputs_.Count()));
     }
 
     void AddConsequent(std::uint32_t output, double point) {
@@ -150,9 +189,18 @@ class TableBuilder {
         }
     }
 
-    void AddOutput(TextView output) {
-        outputs_.Add(Text(output), static_cast<std::uint32_t>(tables_->UsedOutputs.size()));
-        tables_->UsedOutputs.push_back({.Name = Text(output)});
+    bool NamesEveryOutput() const {
+        const std::size_t outputCount = tables_->UsedOutputs.size();
+        const auto& consequents = tables_->Consequents;
+        if (addsToUnknownOutput_ || consequents.size() != tables_->RuleCount() * outputCount) {
+            return false;
+        }
+        for (std::size_t i = 0; i < consequents.size(); ++i) {
+            if (consequents[i].Output != i % outputCount) {
+                return false;
+            }
+        }
+        return true;
     }
 
     struct TermPlace {
@@ -160,22 +208,23 @@ class TableBuilder {
         std::uint32_t Term;
     };
 
-    std::shared_ptr<RuleTables> tables_ = std::make_shared<RuleTables>();
+    std::shared_ptr<PreparedRules> tables_ = std::make_shared<PreparedRules>();
 
     NameIndex inputs_{KeyComparison::Exact};
     /// For each input, its terms with their numbers; for each number, where the term belongs.
     std::vector<NameIndex> terms_;
     std::vector<TermPlace> places_;
     NameIndex outputs_{KeyComparison::Exact};
+    std::vector<std::size_t> inputMentions_;
+    std::vector<std::size_t> outputMentions_;
     /// Whether some rule so far says something of an output that rule 0 does not name.
     bool addsToUnknownOutput_ = false;
 
     std::vector<TextView> pieces_;
     std::vector<TextView> elements_;
-    std::vector<TextView> named_;
 };
 
-std::shared_ptr<RuleTables> BuildTables(const RuleDictionary& rules) {
+std::shared_ptr<PreparedRules> BuildTables(const RuleDictionary& rules) {
     TableBuilder builder(rules.Count());
     for (const auto& [rule, value] : rules) {
         builder.AddRule(rule);

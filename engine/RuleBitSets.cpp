@@ -1,78 +1,95 @@
 // SPDX-License-Identifier: MIT
-// Finds the rules that fire in a rule base that covers few of the combinations of terms.
+// Fires a rule base that covers few of the combinations of terms.
 #include "engine/RuleBitSets.h"
 
 #include <algorithm>
-#include <bit>
-
-#include "engine/RuleTables.h"
 
 namespace Quorvane::RunTime {
 namespace {
 
-constexpr std::size_t WordBits = 64;
-
-/// The most words that all sets together may take: 64 MB, far above what any system that a person
+/// The most blocks that all sets together may take: 64 MB, far above what any system that a person
 /// designs needs, and below what would harm the host.
-constexpr std::size_t MostWords = std::size_t{8} * 1024 * 1024;
+constexpr std::size_t MostBlocks = std::size_t{2} * 1024 * 1024;
+
+/// How many inputs, from the first on, can have sets.
+std::size_t CountInputsWithSets(const RuleTables& tables) {
+    const std::size_t blocksPerSet = RuleSets::BlocksFor(tables.RuleCount());
+    std::size_t blocks = 0;
+    std::size_t count = 0;
+    for (const UsedInput& input : tables.UsedInputs) {
+        blocks += (input.TermCount + 2) * blocksPerSet;
+        if (blocks > MostBlocks) {
+            break;
+        }
+        ++count;
+    }
+    return count;
+}
+
+/// The number of the first term of an input, or of all terms for the input after the last.
+std::size_t FirstTerm(const RuleTables& tables, std::size_t input) {
+    return input < tables.UsedInputs.size() ? tables.UsedInputs[input].FirstTerm
+                                            : tables.Degrees.size();
+}
 
 } // namespace
 
 RuleBitSets::RuleBitSets(const RuleTables& tables)
-    : ruleCount_(tables.RuleCount()), wordCount_((ruleCount_ + WordBits - 1) / WordBits),
-      setCount_(std::min(tables.Degrees.size(), MostWords / std::max<std::size_t>(wordCount_, 1))),
-      users_(setCount_ * wordCount_), zeroTerms_(tables.UsedInputs.size()), alive_(wordCount_) {
-    for (std::size_t rule = 0; rule < ruleCount_; ++rule) {
+    : inputCount_(CountInputsWithSets(tables)),
+      usersOfTerm_(FirstTerm(tables, inputCount_), tables.RuleCount()),
+      usersOfInput_(inputCount_, tables.RuleCount()),
+      ruledOut_(inputCount_ + 1, tables.RuleCount()), strengths_(tables.RuleCount()),
+      stale_(1, tables.RuleCount()) {
+    FillSets(tables);
+    for (std::size_t input = 0; input < inputCount_; ++input) {
+        Update(tables, input);
+    }
+}
+
+void RuleBitSets::FillSets(const RuleTables& tables) {
+    const std::size_t termCount = FirstTerm(tables, inputCount_);
+    for (std::size_t rule = 0; rule < tables.RuleCount(); ++rule) {
         for (const std::uint32_t term : tables.AntecedentsOf(rule)) {
-            if (term < setCount_) {
-                users_[term * wordCount_ + rule / WordBits] |= Word{1} << rule % WordBits;
+            if (term < termCount) {
+                usersOfTerm_.Add(term, rule);
+            }
+        }
+        stale_.Add(0, rule);
+    }
+    for (std::size_t input = 0; input < inputCount_; ++input) {
+        for (std::size_t term = FirstTerm(tables, input); term < FirstTerm(tables, input + 1);
+             ++term) {
+            for (std::size_t block = 0; block < stale_.BlockCount(); ++block) {
+                usersOfInput_.Set(input)[block] |= usersOfTerm_.Set(term)[block];
             }
         }
     }
-    selected_.reserve(ruleCount_);
-    for (const UsedInput& input : tables.UsedInputs) {
-        firstTerms_.push_back(input.FirstDegree);
-        zeroTerms_[firstTerms_.size() - 1].reserve(input.Terms.size());
+    const std::size_t places = stale_.BlockCount() * RuleBlock::RuleCount;
+    for (std::size_t place = tables.RuleCount(); place < places; ++place) {
+        ruledOut_.Add(inputCount_, place);
     }
 }
 
-void RuleBitSets::Update(std::size_t input, std::span<const double> degrees) {
-    auto& zeroTerms = zeroTerms_[input];
-    zeroTerms.clear();
-    for (std::size_t i = 0; i < degrees.size(); ++i) {
-        const std::size_t term = firstTerms_[input] + i;
-        if (degrees[i] == 0 && term < setCount_) {
-            zeroTerms.push_back(static_cast<std::uint32_t>(term));
+void RuleBitSets::Update(const RuleTables& tables, std::size_t input) {
+    const std::size_t blockCount = stale_.BlockCount();
+    RuleBlock* const stale = stale_.Set(0);
+    if (input >= inputCount_) {
+        std::fill_n(stale, blockCount, ~RuleBlock());
+        return;
+    }
+    const std::span<const double> degrees = tables.DegreesOf(input);
+    const std::size_t firstTerm = tables.UsedInputs[input].FirstTerm;
+    for (std::size_t block = 0; block < blockCount; ++block) {
+        const RuleBlock* users = usersOfTerm_.Set(firstTerm) + block;
+        RuleBlock ruledOut;
+        for (const double degree : degrees) {
+            // A mask, as it cannot be predicted whether a degree is 0.
+            ruledOut |= *users & (RuleBlock::Word{0} - static_cast<RuleBlock::Word>(degree == 0));
+            users += blockCount;
         }
+        ruledOut_.Set(input)[block] = ruledOut;
+        stale[block] |= usersOfInput_.Set(input)[block];
     }
-}
-
-void RuleBitSets::FillAlive() {
-    std::ranges::fill(alive_, ~Word{0});
-    if (const std::size_t rest = ruleCount_ % WordBits; rest != 0) {
-        alive_.back() = (Word{1} << rest) - 1;
-    }
-}
-
-std::span<const std::uint32_t> RuleBitSets::Select() {
-    FillAlive();
-    for (const auto& zeroTerms : zeroTerms_) {
-        for (const std::uint32_t term : zeroTerms) {
-            const Word* const users = &users_[term * wordCount_];
-            for (std::size_t i = 0; i < wordCount_; ++i) {
-                alive_[i] &= ~users[i];
-            }
-        }
-    }
-    selected_.clear();
-    for (std::size_t i = 0; i < wordCount_; ++i) {
-        for (Word word = alive_[i]; word != 0; word &= word - 1) {
-            const std::size_t rule =
-                i * WordBits + static_cast<std::size_t>(std::countr_zero(word));
-            selected_.push_back(static_cast<std::uint32_t>(rule));
-        }
-    }
-    return selected_;
 }
 
 } // namespace Quorvane::RunTime

@@ -1,46 +1,55 @@
 // SPDX-License-Identifier: MIT
-// Finds the rules that fire in a rule base that covers few of the combinations of terms.
+// Fires a rule base that covers few of the combinations of terms.
 #pragma once
 
-#include <cstdint>
-#include <span>
-#include <vector>
+#include "engine/RuleSets.h"
+#include "engine/RuleTables.h"
 
 namespace Quorvane::RunTime {
 
-struct RuleTables;
-
-/// For every term the set of rules that use it, one bit per rule. The rules that fire are those
-/// that use no term of degree 0. In a rule base of very many terms only the first ones have a set;
-/// rules that are not ruled out for lack of one are found to add zeros.
+/// For every term the set of rules that use it. An input rules out the rules that use one of its
+/// terms of degree 0; those that fire are left when all inputs have done so. Their strengths are
+/// kept: when an input changes, only the rules that use it are multiplied anew.
 class RuleBitSets {
   public:
     explicit RuleBitSets(const RuleTables& tables);
 
-    /// An input has new degrees, one for each of its used terms.
-    void Update(std::size_t input, std::span<const double> degrees);
+    /// An input has new degrees.
+    void Update(const RuleTables& tables, std::size_t input);
 
-    /// The rules that use no term of degree 0, in rule order. Valid until the next call.
-    std::span<const std::uint32_t> Select();
+    /// Visits the rules that use no term of degree 0, in order, with their strengths.
+    template <class Visit>
+    void Fire(const RuleTables& tables, Visit visit) {
+        for (std::size_t block = 0; block < stale_.BlockCount(); ++block) {
+            const std::size_t first = block * RuleBlock::RuleCount;
+            RuleBlock ruledOut;
+            for (std::size_t set = 0; set <= inputCount_; ++set) {
+                ruledOut |= ruledOut_.Set(set)[block];
+            }
+            RuleBlock& stale = stale_.Set(0)[block];
+            (stale & ~ruledOut).ForEach([&](std::size_t place) {
+                strengths_[first + place] = tables.StrengthOf(first + place);
+            });
+            stale = stale & ruledOut;
+            (~ruledOut).ForEach(
+                [&](std::size_t place) { visit(first + place, strengths_[first + place]); });
+        }
+    }
 
   private:
-    using Word = std::uint64_t;
+    void FillSets(const RuleTables& tables);
 
-    /// Has every rule's bit set and none beyond.
-    void FillAlive();
+    /// How many inputs have sets: in a rule base of very many terms only the first ones. Rules that
+    /// are not ruled out for lack of a set are found to have no strength.
+    std::size_t inputCount_;
+    RuleSets usersOfTerm_;
+    RuleSets usersOfInput_;
+    /// What each input rules out; the last set rules out the places beyond the last rule.
+    RuleSets ruledOut_;
 
-    std::size_t ruleCount_;
-    std::size_t wordCount_;
-    std::size_t setCount_;
-    /// The sets of the first setCount_ terms, each of wordCount_ words.
-    std::vector<Word> users_;
-    /// The first term of each input, and its terms of degree 0 at present.
-    std::vector<std::uint32_t> firstTerms_;
-    std::vector<std::vector<std::uint32_t>> zeroTerms_;
-
-    // Reused from one call to the next, so that selecting allocates nothing.
-    std::vector<Word> alive_;
-    std::vector<std::uint32_t> selected_;
+    std::vector<double> strengths_;
+    /// One set: the rules whose kept strength is older than one of their degrees.
+    RuleSets stale_;
 };
 
 } // namespace Quorvane::RunTime

@@ -1,56 +1,141 @@
 // SPDX-License-Identifier: MIT
-// Finds the rules that fire in a rule base that covers (nearly) all combinations of terms.
+// Fires a large rule base that covers (nearly) all combinations of terms.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <vector>
+
+#include "engine/RuleTables.h"
 
 namespace Quorvane::RunTime {
 
-struct RuleTables;
-
 /// The combinations of terms as the cells of a grid with one axis per input, each cell with the
-/// rules that have these terms. Of every axis only the terms whose degree is not 0 matter, so the
+/// rules that have these terms. Of every axis only the places whose degree is not 0 matter, so the
 /// rules that fire are found by visiting their cells alone. A rule in which an input takes no part
-/// lies at a place of the axis that always matters.
+/// lies at a place of the axis whose degree is always 1.
 class RuleGrid {
   public:
-    /// Nothing where the grid would have many more cells than there are rules.
+    /// Nothing where the grid would have many more cells than there are rules, or where rules name
+    /// the inputs in different orders: degrees are multiplied in the order of the axes.
     static std::optional<RuleGrid> Build(const RuleTables& tables);
 
-    /// An input has new degrees, one for each of its used terms.
-    void Update(std::size_t input, std::span<const double> degrees);
+    /// An input has new degrees.
+    void Update(const RuleTables& tables, std::size_t input);
 
-    /// The rules whose terms all have a degree other than 0, in rule order. Valid until the next
-    /// call.
-    std::span<const std::uint32_t> Select();
+    /// Visits the rules that use no term of degree 0, in order, with their strengths.
+    template <class Visit>
+    void Fire(const RuleTables& tables, Visit visit) {
+        if (isInRuleOrder_) {
+            VisitActiveCells(tables, visit);
+            return;
+        }
+        std::size_t count = 0;
+        VisitActiveCells(tables, [&](std::uint32_t rule, double strength) {
+            fired_[count++] = {rule, strength};
+        });
+        const auto fired = std::span(fired_).first(count);
+        std::ranges::sort(fired, {}, &FiredRule::Rule);
+        for (const auto& [rule, strength] : fired) {
+            visit(rule, strength);
+        }
+    }
 
   private:
+    /// A place on an axis.
+    struct Place {
+        /// How far its cells are from those of the first place.
+        std::uint32_t Offset;
+        double Degree;
+    };
+
     struct Axis {
-        std::uint32_t TermCount = 0;
+        /// How far apart the cells of neighbouring places are.
         std::uint32_t Stride = 0;
         /// Where rules lie in which the input takes no part, if there are any.
         std::optional<std::uint32_t> FreePlace;
-        /// The cell offsets of the places that matter now.
-        std::vector<std::uint32_t> ActiveOffsets;
+        /// The places that matter now: the first ActiveCount.
+        std::vector<Place> Places;
+        std::size_t ActiveCount = 0;
+    };
+
+    struct FiredRule {
+        std::uint32_t Rule;
+        double Strength;
     };
 
     static constexpr std::uint32_t NoRule = 0xFFFFFFFF;
 
-    explicit RuleGrid(std::vector<Axis> axes) : axes_(std::move(axes)) {}
+    explicit RuleGrid(std::vector<Axis> axes)
+        : axes_(std::move(axes)), current_(axes_.size()), degrees_(axes_.size()),
+          cells_(axes_.size()) {}
 
-    void PlaceRules(const RuleTables& tables, std::size_t cellCount);
+    std::vector<std::uint32_t> CellsOfRules(const RuleTables& tables) const;
+    void PlaceRules(const std::vector<std::uint32_t>& cells, std::size_t cellCount);
+
+    /// Visits the rules of the active cells row by row. A row is the cells that differ in the place
+    /// on the last axis alone.
+    template <class Visit>
+    void VisitActiveCells(const RuleTables& tables, Visit visit) {
+        const std::size_t last = axes_.size() - 1;
+        for (bool isRow = FirstRow(); isRow; isRow = NextRow()) {
+            for (const Place& place :
+                 std::span(axes_[last].Places).first(axes_[last].ActiveCount)) {
+                for (std::uint32_t rule = firstRules_[cells_[last] + place.Offset]; rule != NoRule;
+                     rule = nextRules_[rule]) {
+                    double strength = tables.Rules[rule].Weight;
+                    for (std::size_t axis = 0; axis < last; ++axis) {
+                        strength *= degrees_[axis];
+                    }
+                    visit(rule, strength * place.Degree);
+                }
+            }
+        }
+    }
+
+    bool FirstRow() {
+        if (std::ranges::any_of(axes_, [](const Axis& axis) { return axis.ActiveCount == 0; })) {
+            return false;
+        }
+        std::ranges::fill(current_, 0);
+        EnterRow(0);
+        return true;
+    }
+
+    bool NextRow() {
+        for (std::size_t axis = axes_.size() - 1; axis-- > 0;) {
+            if (++current_[axis] < axes_[axis].ActiveCount) {
+                EnterRow(axis);
+                return true;
+            }
+            current_[axis] = 0;
+        }
+        return false;
+    }
+
+    void EnterRow(std::size_t firstChanged) {
+        for (std::size_t axis = firstChanged; axis + 1 < axes_.size(); ++axis) {
+            const Place& place = axes_[axis].Places[current_[axis]];
+            degrees_[axis] = place.Degree;
+            cells_[axis + 1] = cells_[axis] + place.Offset;
+        }
+    }
 
     std::vector<Axis> axes_;
     /// The first rule of each cell, and the next rule in the cell of each rule.
     std::vector<std::uint32_t> firstRules_;
     std::vector<std::uint32_t> nextRules_;
+    /// Whether the cells are visited in the order of their rules.
+    bool isInRuleOrder_ = false;
 
-    // Reused from one call to the next, so that selecting allocates nothing.
+    // The row being visited: by axis, the number of the active place, its degree, and the cell at
+    // the places of the axes before.
+    std::vector<std::size_t> current_;
+    std::vector<double> degrees_;
     std::vector<std::uint32_t> cells_;
-    std::vector<std::uint32_t> selected_;
+    // Reused from one call to the next, so that firing allocates nothing.
+    std::vector<FiredRule> fired_;
 };
 
 } // namespace Quorvane::RunTime

@@ -8,28 +8,41 @@
 #include <span>
 #include <vector>
 
-#include "engine/ModelBinding.h"
-#include "engine/RuleSelector.h"
+#include "model/LinguisticVariable.h"
 #include "shared/Text.h"
+#include "shared/Value.h"
 
 namespace Quorvane::RunTime {
 
 /// An input that some rule names.
 struct UsedInput {
-    Text Name;
+    /// Where its value is; null where it has to be asked for by name, because it is missing or in a
+    /// host's dictionary.
+    const Value* Current = nullptr;
+    /// Null where the model has no such variable.
+    const LinguisticVariable* Variable = nullptr;
     /// The value last fuzzified; absent ("[EMPTY]") until one has been.
     std::optional<double> LastInput{};
-    /// The terms that rules use of it, "[NONE]" included, in the order of their first use.
+    /// Where its terms stand in RuleTables::Degrees and BoundTerms, and how many there are. There
+    /// is room for an even number, as two are computed at a time.
+    std::uint32_t FirstTerm = 0;
+    std::uint32_t TermCount = 0;
+    /// Whether the model has all of them.
+    bool HasAllTerms = false;
+
+    Text Name{};
+    /// The terms that rules use of it, in the order of their first use. Without "[NONE]", whose
+    /// degree is 1 whatever the value.
     std::vector<Text> Terms{};
-    /// Where the degrees of these terms stand, one after the other, in RuleTables::Degrees.
-    std::uint32_t FirstDegree = 0;
 };
 
-/// An output that rule 0 names, with its running sums.
+/// An output that rule 0 names.
 struct UsedOutput {
-    Text Name;
+    /// Where its value is; null where OutputValues has no such item.
+    Value* Current = nullptr;
     double Numerator = 0;
     double Denominator = 0;
+    Text Name{};
 };
 
 /// A rule, and where its part of the antecedents and consequents begins; it ends where that of the
@@ -53,13 +66,18 @@ struct RuleTables {
     static constexpr auto UnknownOutput = std::numeric_limits<std::uint32_t>::max();
 
     std::vector<UsedInput> UsedInputs;
-    /// The degrees of membership of all used terms; 1 until their input is fuzzified.
+    /// The degrees of membership of all used terms; 1 until their input is fuzzified. The last is
+    /// of no term and always 1.
     std::vector<double> Degrees;
+    /// The same terms in the model; null where the model has no such term.
+    std::vector<const LinguisticTerm*> BoundTerms;
     std::vector<UsedOutput> UsedOutputs;
 
     /// All rules in order, and one more that marks the end.
     std::vector<Rule> Rules;
-    /// Indices into Degrees, each rule's in the order of its text.
+    /// Indices into Degrees, each rule's in the order of its text. Rules of fewer antecedents than
+    /// others may end in the degree that is always 1: with as many for each the processor can
+    /// predict how many there are.
     std::vector<std::uint32_t> Antecedents;
     std::vector<Consequent> Consequents;
 
@@ -69,10 +87,9 @@ struct RuleTables {
     /// cycle can succeed. What the last rule names shows when the outputs are set.
     bool AddsToUnknownOutput = false;
 
-    RuleSelector Selector;
-    ModelBinding Binding;
-    /// Whether the sums are those of the current degrees.
-    bool AreSumsCurrent = false;
+    /// Whether every rule says something of every output, in the order of the outputs: consequent
+    /// rule * outputs + output is then what it says.
+    bool NamesEveryOutput = false;
 
     std::size_t RuleCount() const { return Rules.size() - 1; }
 
@@ -85,8 +102,17 @@ struct RuleTables {
                 Consequents.data() + Rules[rule + 1].FirstConsequent};
     }
 
-    std::span<const double> DegreesOf(const UsedInput& input) const {
-        return {Degrees.data() + input.FirstDegree, input.Terms.size()};
+    std::span<const double> DegreesOf(std::size_t input) const {
+        return {Degrees.data() + UsedInputs[input].FirstTerm, UsedInputs[input].TermCount};
+    }
+
+    /// A rule's weight times the degrees of its terms, multiplied in the order of its text.
+    double StrengthOf(std::size_t rule) const {
+        double strength = Rules[rule].Weight;
+        for (const std::uint32_t degree : AntecedentsOf(rule)) {
+            strength *= Degrees[degree];
+        }
+        return strength;
     }
 };
 

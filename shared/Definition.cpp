@@ -2,16 +2,13 @@
 // The one copy of the process-wide state.
 #include "shared/Definition.h"
 
-#include "engine/RuleTables.h"
+#include "engine/PreparedRules.h"
 #include "text/GetText.h"
 
 namespace Quorvane::Definition {
 
-ProcessState& State() {
-    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
-    static auto* const state = new ProcessState;
-    return *state;
-}
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
+constinit StateStorage TheState;
 
 bool IsHeld() {
     const ProcessState& state = State();

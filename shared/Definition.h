@@ -14,7 +14,7 @@
 namespace Quorvane {
 
 namespace RunTime {
-struct RuleTables;
+struct PreparedRules;
 }
 
 /// Variables by name, without regard to case.
@@ -44,7 +44,7 @@ struct ProcessState {
     std::shared_ptr<ValueDictionary> ErrorOutputValues;
 
     /// What the engine made of the rule base; absent until a rule base is prepared.
-    std::shared_ptr<RunTime::RuleTables> Tables;
+    std::shared_ptr<RunTime::PreparedRules> Tables;
 
     /// The text id of the message of the engine routine that last started, 0 before any has.
     std::int32_t CurrentErrorId = 0;
@@ -59,9 +59,24 @@ struct ProcessState {
     const TextServices* Platform = &NeutralTextServices();
 };
 
-/// The state of the process. It is made on first use and never destroyed by itself: it can hold
-/// objects of the host, which must not be released while the module is being unloaded.
-ProcessState& State();
+/// Holds the state without ever destroying it.
+union StateStorage {
+    constexpr StateStorage() : State() {}
+    StateStorage(const StateStorage&) = delete;
+    StateStorage& operator=(const StateStorage&) = delete;
+    ~StateStorage() {}
+
+    ProcessState State;
+};
+
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
+extern constinit StateStorage TheState;
+
+/// The state of the process. It is there before any code runs, and it is never destroyed by itself:
+/// it can hold objects of the host, which must not be released while the module is being unloaded.
+inline ProcessState& State() noexcept {
+    return TheState.State;
+}
 
 /// Whether the process holds a fuzzy system or any object of a host.
 bool IsHeld();

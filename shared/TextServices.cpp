@@ -5,25 +5,23 @@
 #include "shared/FisError.h"
 
 namespace Quorvane {
-namespace {
 
-class Neutral final : public TextServices {
-  public:
-    std::uint16_t AnsiCode(char16_t character) const override {
-        return character <= 0xFF ? character : u'?';
-    }
-    char16_t AnsiCharacter(std::uint8_t code) const override { return code; }
-    Text DecimalSeparator() const override { return u"."; }
-    double NumberFromLocaleText(TextView) const override {
-        throw FisError(RuntimeError::TypeMismatch);
-    }
-};
+constinit const NeutralServices NeutralServices::Instance;
 
-} // namespace
+std::uint16_t NeutralServices::AnsiCode(char16_t character) const {
+    return character <= 0xFF ? character : u'?';
+}
 
-const TextServices& NeutralTextServices() {
-    static const Neutral services;
-    return services;
+char16_t NeutralServices::AnsiCharacter(std::uint8_t code) const {
+    return code;
+}
+
+Text NeutralServices::DecimalSeparator() const {
+    return u".";
+}
+
+double NeutralServices::NumberFromLocaleText(TextView) const {
+    throw FisError(RuntimeError::TypeMismatch);
 }
 
 } // namespace Quorvane

@@ -32,6 +32,18 @@ class TextServices {
 };
 
 /// Latin-1 as the code page and "." as the decimal separator; no other number form.
-const TextServices& NeutralTextServices();
+class NeutralServices final : public TextServices {
+  public:
+    std::uint16_t AnsiCode(char16_t character) const override;
+    char16_t AnsiCharacter(std::uint8_t code) const override;
+    Text DecimalSeparator() const override;
+    double NumberFromLocaleText(TextView text) const override;
+
+    static const NeutralServices Instance;
+};
+
+constexpr const TextServices& NeutralTextServices() {
+    return NeutralServices::Instance;
+}
 
 } // namespace Quorvane

@@ -2,11 +2,6 @@
 // Conversions and comparison of values.
 #include "shared/Value.h"
 
-#include <algorithm>
-#include <bit>
-#include <cmath>
-#include <cstdint>
-
 #include "shared/Markers.h"
 #include "shared/NumberText.h"
 
@@ -64,15 +59,7 @@ Text FixedText(const Value& value) {
     return TextForm(value, NumberForm::Fixed);
 }
 
-bool SameNumberText(double left, double right) {
-    if (std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right)) {
-        return true;
-    }
-    // A 15-digit text stands for numbers at most 1E-14 apart, relative to their size.
-    constexpr double Reach = 2e-14;
-    if (std::abs(left - right) > Reach * std::max(std::abs(left), std::abs(right))) {
-        return false;
-    }
+bool NeighboursHaveSameText(double left, double right) {
     return NumberCharacters(left).View() == NumberCharacters(right).View();
 }
 

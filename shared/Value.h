@@ -2,6 +2,9 @@
 // One item of a value dictionary: a crisp input or output as a host or the engine has put it there.
 #pragma once
 
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <variant>
@@ -49,9 +52,20 @@ Text UserText(const Value& value);
 /// TypeMismatch.
 Text FixedText(const Value& value);
 
-/// Whether two numbers have the same 15-digit text. Formats only numbers that are equal or next
-/// to each other.
-bool SameNumberText(double left, double right);
+/// Whether two different numbers that are next to each other have the same 15-digit text.
+bool NeighboursHaveSameText(double left, double right);
+
+/// Whether two numbers have the same 15-digit text. Formats only numbers that are next to each
+/// other: two comparisons decide for all others.
+inline bool SameNumberText(double left, double right) {
+    if (std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right)) {
+        return true;
+    }
+    // A 15-digit text stands for numbers at most 1E-14 apart, relative to their size.
+    constexpr double Reach = 2e-14;
+    return !(std::abs(left - right) > Reach * std::abs(left) + Reach * std::abs(right)) &&
+           NeighboursHaveSameText(left, right);
+}
 
 /// Whether the value's text form equals that of a cached number or, where nothing is cached, the
 /// marker "[EMPTY]". May raise TypeMismatch.

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "engine/PrepareRuleBase.h"
+#include "engine/RulesInUse.h"
 #include "tests/core/EngineTest.h"
 #include "tests/core/TestPlatform.h"
 #include "tests/core/TestValues.h"
@@ -232,7 +233,8 @@ class FuzzifyError : public CoreTest {
         RunTime::PrepareRuleBase();
         State().InputValues->Put(u"X", value);
         State().InputVariables->Rekey(u"X", Text(input));
-        return Raised([] { RunTime::Fuzzify(*State().Tables); });
+        RunTime::RulesInUse rules(*State().Tables);
+        return Raised([&rules] { RunTime::Fuzzify(rules); });
     }
 };
 

@@ -6,7 +6,7 @@
 
 #include "engine/Infer.h"
 #include "engine/PrepareRuleBase.h"
-#include "engine/RuleTables.h"
+#include "engine/PreparedRules.h"
 #include "model/ParseDefinition.h"
 #include "tests/core/EngineTest.h"
 #include "tests/core/TestValues.h"

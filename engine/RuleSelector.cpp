@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// Fires rules without looking at those that do not fire.
+#include "engine/RuleSelector.h"
+
+namespace Quorvane::RunTime {
+namespace {
+
+/// Up to so many rules, firing them all is faster than looking for those that have a strength.
+constexpr std::size_t FewRules = 24;
+/// Up to so many, looking at a bit of each is faster than finding the cells of a grid.
+constexpr std::size_t SomeRules = 100;
+
+} // namespace
+
+RuleSelector::RuleSelector(const RuleTables& tables) {
+    if (tables.RuleCount() <= FewRules) {
+        return;
+    }
+    if (auto grid = RuleGrid::Build(tables); grid && tables.RuleCount() > SomeRules) {
+        shape_ = std::move(*grid);
+    } else {
+        shape_ = RuleBitSets(tables);
+    }
+}
+
+} // namespace Quorvane::RunTime
