@@ -14,9 +14,9 @@ void RunCycles(benchmark::State& run, const Workload& workload, Change change) {
     const Stream stream = MakeStream(change);
     std::size_t cycle = 0;
     for (auto _ : run) {
-        rig.Apply(stream.Cycles[cycle]);
+        rig.Apply(stream, cycle);
         rig.Infer(engine);
-        cycle = (cycle + 1) % stream.Cycles.size();
+        cycle = (cycle + 1) % Stream::CycleCount;
     }
 }
 

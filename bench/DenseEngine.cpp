@@ -11,6 +11,7 @@ namespace Quorvane::Bench {
 
 DenseEngine::DenseEngine(const Reference::Tables& tables) {
     const Definition::ProcessState& state = Definition::State();
+    const auto& values = dynamic_cast<const OwnValueDictionary&>(*state.InputValues);
     std::unordered_map<Text, std::unordered_map<Text, std::uint32_t>> termIndices;
     for (const auto& [name, used] : tables.UsedTerms) {
         const LinguisticVariable& variable = state.InputVariables->At(name);
@@ -21,7 +22,7 @@ DenseEngine::DenseEngine(const Reference::Tables& tables) {
                 terms_.push_back({p1, p2, p3, p4});
             }
         }
-        inputs_.push_back({&state.InputValues->Get(name), variable.LBound, variable.UBound,
+        inputs_.push_back({&values.Items.At(name).Content, variable.LBound, variable.UBound,
                            static_cast<std::uint32_t>(terms_.size())});
     }
     degrees_.resize(terms_.size());

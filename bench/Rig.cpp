@@ -49,8 +49,8 @@ Rig::Rig(const Workload& workload) {
 void Rig::RequireAgreement(Change change) {
     const Stream stream = MakeStream(change);
     const std::size_t rules = Definition::State().RuleBase->Count();
-    for (std::size_t i = 0; i < stream.Cycles.size() && i * rules < ComparedRules; ++i) {
-        Apply(stream.Cycles[i]);
+    for (std::size_t i = 0; i < Stream::CycleCount && i * rules < ComparedRules; ++i) {
+        Apply(stream, i);
         for (const Engine engine : {Engine::Product, Engine::Dense, Engine::Reference}) {
             Infer(engine);
         }

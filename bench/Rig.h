@@ -21,9 +21,15 @@ class Rig {
     /// one system at a time. Throws std::runtime_error where the engines do not agree to the bit.
     static Rig& Of(const Workload& workload);
 
-    void Apply(const std::vector<InputChange>& changes) {
-        for (const InputChange& change : changes) {
-            *inputs_[change.Input] = change.Value;
+    /// Gives the inputs their values for a cycle.
+    void Apply(const Stream& stream, std::size_t cycle) {
+        if (stream.Changing == Change::One) {
+            SetInput(stream.ChosenInput(cycle), stream.Values[cycle]);
+        } else if (stream.Changing == Change::All) {
+            const double* value = &stream.Values[cycle * inputs_.size()];
+            for (std::size_t input = 0; input < inputs_.size(); ++input) {
+                SetInput(input, *value++);
+            }
         }
     }
 
@@ -35,6 +41,7 @@ class Rig {
     explicit Rig(const Workload& workload);
 
     void RequireAgreement(Change change);
+    void SetInput(std::size_t input, double value) { std::get<double>(*inputs_[input]) = value; }
 
     std::vector<Value*> inputs_;
     Reference::Evaluator reference_;

@@ -15,7 +15,8 @@ namespace Quorvane::Bench {
 namespace {
 
 constexpr std::uint32_t OutputTerms = 7;
-constexpr std::size_t StreamLength = 1024;
+/// How many inputs a rule of a sparse system names.
+constexpr std::uint32_t NamedInputs = 4;
 
 Text Number(std::uint32_t number) {
     return Widen(std::to_string(number));
@@ -100,8 +101,12 @@ Text GridRule(std::uint32_t rule, std::uint32_t inputs, std::uint32_t terms, std
 
 Text SparseRule(std::uint32_t inputs, std::uint32_t outputs, Reference::Random& random) {
     std::vector<Text> terms(inputs, Text(NoneMarker));
-    for (int named = 0; named < 3; ++named) {
-        terms[random.Below(inputs)] = Name(u"T", random.Below(2));
+    for (std::uint32_t named = 0; named < NamedInputs;) {
+        Text& term = terms[random.Below(inputs)];
+        if (term == NoneMarker) {
+            term = Name(u"T", random.Below(2));
+            ++named;
+        }
     }
     Text antecedents;
     for (std::uint32_t input = 0; input < inputs; ++input) {
@@ -183,24 +188,18 @@ void Install(const Workload& workload) {
 }
 
 Stream MakeStream(Change change) {
-    Stream stream;
-    stream.Cycles.resize(StreamLength);
-    if (change == Change::Nothing) {
-        return stream;
-    }
     std::vector<const LinguisticVariable*> inputs;
     for (const auto& [name, input] : *Definition::State().InputVariables) {
         inputs.push_back(&input);
     }
+    Stream stream{static_cast<std::uint32_t>(inputs.size()), change, {}};
     Reference::Random random(1);
-    const auto count = static_cast<std::uint32_t>(inputs.size());
-    for (std::size_t cycle = 0; cycle < StreamLength; ++cycle) {
-        const auto chosen = static_cast<std::uint32_t>(cycle % count);
-        for (std::uint32_t input = 0; input < count; ++input) {
-            if (input == chosen) {
-                stream.Cycles[cycle].push_back({input, MakeValue(*inputs[input], cycle, random)});
+    for (std::size_t cycle = 0; cycle < Stream::CycleCount && change != Change::Nothing; ++cycle) {
+        for (std::uint32_t input = 0; input < stream.InputCount; ++input) {
+            if (input == stream.ChosenInput(cycle)) {
+                stream.Values.push_back(MakeValue(*inputs[input], cycle, random));
             } else if (change == Change::All) {
-                stream.Cycles[cycle].push_back({input, ValueInside(*inputs[input], random)});
+                stream.Values.push_back(ValueInside(*inputs[input], random));
             }
         }
     }

@@ -23,7 +23,7 @@ struct Workload {
 Workload MakeGrid(std::string name, std::uint32_t inputs, std::uint32_t terms,
                   std::uint32_t outputs, std::uint32_t ruleCount);
 
-/// A system of two terms an input whose rules each name three inputs, and one output, of many.
+/// A system of two terms an input whose rules each name four inputs, and one output, of many.
 Workload MakeSparse(std::string name, std::uint32_t inputs, std::uint32_t outputs,
                     std::uint32_t ruleCount);
 
@@ -37,16 +37,21 @@ void Install(const Workload& workload);
 /// Which inputs have another value in each cycle.
 enum class Change { All, One, Nothing };
 
-/// A new value of one input.
-struct InputChange {
-    std::uint32_t Input;
-    double Value;
-};
-
-/// What happens before each cycle, in an endless round of Cycles.size() cycles. An input's values
-/// are now and then exactly at a point of a term, and now and then outside the universe.
+/// What the inputs are before each cycle, in an endless round of CycleCount cycles. They are now
+/// and then exactly at a point of a term, and now and then outside the universe.
 struct Stream {
-    std::vector<std::vector<InputChange>> Cycles;
+    /// So many that a processor cannot learn them by heart; a few thousand it can.
+    static constexpr std::size_t CycleCount = 32768;
+
+    std::uint32_t InputCount;
+    Change Changing;
+    /// The new values of each cycle: of all inputs, of one, or of none.
+    std::vector<double> Values;
+
+    /// The input that changes in a cycle where one does.
+    std::uint32_t ChosenInput(std::size_t cycle) const {
+        return static_cast<std::uint32_t>(cycle % InputCount);
+    }
 };
 
 /// The stream for the system that is installed; the same on every platform.
