@@ -4,6 +4,7 @@
 #include "control/FISControl.h"
 #include "control/com/Scoped.h"
 #include "engine/GridWalk.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
@@ -92,6 +93,7 @@ STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
     return Com::Guard<_FISControl>([&] {
         const TextView givenPath = Com::View(Com::Out(path));
         const LONG givenPart = Com::Out(part);
+        const DefaultArithmetic arithmetic;
         try {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);
         } catch (...) {

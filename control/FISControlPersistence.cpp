@@ -8,6 +8,7 @@
 #include "engine/PrepareRuleBase.h"
 #include "model/BuiltInDefinition.h"
 #include "model/ParseDefinition.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
 
@@ -19,6 +20,7 @@ Com::ComPtr<IFontDisp> FISControl::AmbientFont() const {
 }
 
 void FISControl::InitProperties() {
+    const DefaultArithmetic arithmetic;
     Definition::ProcessState& state = Definition::State();
     display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
     display_.lvwInput.Font.Set(AmbientFont());
@@ -34,6 +36,7 @@ void FISControl::InitProperties() {
 
 // A failure ends the load where it stands: what was read before it stays, and the next load works.
 void FISControl::ReadProperties(IPropertyBag& bag, IErrorLog* log) {
+    const DefaultArithmetic arithmetic;
     const PropertyReader reader(bag, log);
     ListFace& input = display_.lvwInput;
     ListFace& output = display_.lvwOutput;

@@ -5,6 +5,7 @@
 #include "control/FISControl.h"
 #include "control/ScriptingDictionary.h"
 #include "engine/PrepareRuleBase.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 
 namespace Quorvane {
@@ -66,6 +67,7 @@ STDMETHODIMP FISControl::putref_DefOutVals(IDictionary* value) noexcept {
         RequireRunMode(PropertyUnavailable);
         auto values = RequiredDictionary(value);
         std::swap(Definition::State().DefaultOutputValues, values);
+        const DefaultArithmetic arithmetic;
         RunTime::PrepareRuleBase();
     });
 }

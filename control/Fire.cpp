@@ -3,6 +3,7 @@
 #include "control/DispatchIds.h"
 #include "control/FISControl.h"
 #include "engine/Infer.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 
 namespace Quorvane {
@@ -49,6 +50,7 @@ STDMETHODIMP FISControl::Fire() noexcept {
 }
 
 void FISControl::RunCycle() noexcept {
+    const DefaultArithmetic arithmetic;
     display_.HidePanel();
     try {
         RunTime::Infer();

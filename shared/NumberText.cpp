@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 #include "shared/FisError.h"
 #include "shared/TextServices.h"
@@ -101,33 +102,8 @@ bool Underflows(std::string_view number) {
     return exponent < 0;
 }
 
-#if defined(__i386__)
-/// While it lives, the x87 unit rounds to the precision of a Double. The 32-bit standard library
-/// multiplies on it when it reads a number, and a product that is rounded twice, the second time
-/// in memory, is not always the nearest Double.
-class RoundingOnce {
-  public:
-    RoundingOnce() noexcept {
-        asm volatile("fnstcw %0" : "=m"(former_) : : "memory");
-        constexpr std::uint16_t precision = 0x0300;
-        constexpr std::uint16_t ofDouble = 0x0200;
-        const auto word = static_cast<std::uint16_t>((former_ & ~precision) | ofDouble);
-        asm volatile("fldcw %0" : : "m"(word) : "memory");
-    }
-    ~RoundingOnce() { asm volatile("fldcw %0" : : "m"(former_) : "memory"); }
-    RoundingOnce(const RoundingOnce&) = delete;
-    RoundingOnce& operator=(const RoundingOnce&) = delete;
-
-  private:
-    std::uint16_t former_ = 0;
-};
-#else
-/// Elsewhere the library computes in Doubles.
-struct RoundingOnce {};
-#endif
-
 double Convert(const std::string& number) {
-    [[maybe_unused]] const RoundingOnce rounding{};
+    const DefaultArithmetic arithmetic;
     double value = 0;
     const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
     if (read.ec == std::errc::result_out_of_range) {
