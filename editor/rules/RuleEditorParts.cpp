@@ -85,9 +85,9 @@ SIZE RuleEditorParts::UsualSize(const DialogFont& font) {
 
 SIZE RuleEditorParts::NaturalSize() const {
     const SIZE usual = UsualSize(font_);
-    const int wanted =
+    const LONG wanted =
         2 * font_.X(Margin) + SidePanelsWidth() + 2 * font_.X(Gap) + lvwRule_->NaturalWidth();
-    return {std::max<LONG>(wanted, usual.cx), usual.cy};
+    return {std::max({wanted, usual.cx, SmallestSize().cx}), usual.cy};
 }
 
 SIZE RuleEditorParts::SmallestSize() const {

@@ -164,7 +164,7 @@ void RuleEditorWindow::ValidateWeight() {
     // the other closes the window. Where neither comes to it, leaving the button validates.
     const bool isPressed =
         focus == ::GetCapture() && (focus == parts_->CmdAdd() || focus == parts_->CmdClose());
-    if (focus == parts_->TxtWeight() || !::IsChild(Get(), focus) || isPressed) {
+    if (isClosed_ || isPressed || focus == parts_->TxtWeight() || !::IsChild(Get(), focus)) {
         return;
     }
     bool isAccepted = false;

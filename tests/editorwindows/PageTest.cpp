@@ -28,6 +28,9 @@ HWND PageWindow(HWND frame) {
 /// What is to be done once the rule editor, which is modal, is open.
 std::function<void(HWND)> workInEditor;
 
+/// That of the last WM_QUIT.
+std::optional<int> quitCode;
+
 void CALLBACK OnTime(HWND, UINT, UINT_PTR timer, DWORD) {
     HWND const editor = ::FindWindowW(L"QuorvaneRuleEditor", nullptr);
     if (editor && ::IsWindowVisible(editor)) {
@@ -62,9 +65,16 @@ void AnswerYes() {
     }
 }
 
+std::optional<int> TakeQuit() {
+    return std::exchange(quitCode, std::nullopt);
+}
+
 void Pump() {
     MSG message{};
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            quitCode = static_cast<int>(message.wParam);
+        }
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }

@@ -10,6 +10,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 
 #include "tests/com/support/ControlTest.h"
 #include "tests/com/support/MessageBoxes.h"
@@ -93,6 +94,9 @@ Text WindowText(HWND window);
 
 /// For MessageBoxes: answers a question with Yes before it would be closed with OK.
 void AnswerYes();
+
+/// The exit code of a WM_QUIT that Pump has met since the last call.
+std::optional<int> TakeQuit();
 
 /// Handles the messages that are waiting.
 void Pump();

@@ -7,11 +7,28 @@
 #include "control/com/ComObject.h"
 #include "control/com/Scoped.h"
 #include "tests/editorwindows/PageTest.h"
+#include "win/Handle.h"
 
 namespace Quorvane {
 namespace {
 
 using Texts = std::vector<Text>;
+
+/// How many pixels of an area of a window have a colour.
+LONG ColoredPixels(HWND window, const RECT& area, COLORREF color) {
+    const Win::WindowDc screen(nullptr);
+    const Win::MemoryDc memory(::CreateCompatibleDC(screen.Get()));
+    const Win::Bitmap bitmap(::CreateCompatibleBitmap(screen.Get(), area.right, area.bottom));
+    const Win::Selection selected(memory.Get(), bitmap.Get());
+    ::SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory.Get()), PRF_CLIENT);
+    LONG count = 0;
+    for (LONG y = area.top; y < area.bottom; ++y) {
+        for (LONG x = area.left; x < area.right; ++x) {
+            count += ::GetPixel(memory.Get(), x, y) == color ? 1 : 0;
+        }
+    }
+    return count;
+}
 
 TEST_F(PageTest, FillsBothTreesAndWaitsForAClick) {
     const Placed control = Design(TwoOutputs);
@@ -335,14 +352,35 @@ TEST_F(PageTest, LivesThroughOddOrdersOfItsFrame) {
     page_.Reset();
 }
 
-TEST_F(PageTest, LeaksNothingOverManyOpenings) {
-    const Placed control = Design(Adder);
-    for (int i = 0; i < 100; ++i) {
-        Open({control.Control.Get()});
-        Close();
-    }
+TEST_F(PageTest, RootsAreBoldTealAndExpanded) {
+    const Placed control = Design(TwoOutputs);
     Open({control.Control.Get()});
-    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"X"}));
+    for (const bool input : {true, false}) {
+        HWND const tree = Tree(input);
+        HTREEITEM const root = Item(tree, {});
+        const UINT state = TreeView_GetItemState(tree, root, TVIS_BOLD | TVIS_EXPANDED);
+        EXPECT_EQ(state & (TVIS_BOLD | TVIS_EXPANDED), UINT{TVIS_BOLD | TVIS_EXPANDED});
+        EXPECT_EQ(TreeView_GetSelection(tree), root);
+        // The colour is seen once another node is selected.
+        Click(tree, TreeView_GetChild(tree, root));
+        RECT area{};
+        ASSERT_TRUE(TreeView_GetItemRect(tree, root, &area, TRUE));
+        EXPECT_GT(ColoredPixels(tree, area, RGB(0, 0x80, 0x80)), 10);
+    }
+}
+
+TEST_F(PageTest, ThePictureOfARootIsEmpty) {
+    const Placed control = Design(TwoOutputs);
+    Open({control.Control.Get()});
+    HWND const picture =
+        ::FindWindowExW(::GetWindow(frame_, GW_CHILD), nullptr, L"QuorvaneGraph", nullptr);
+    ASSERT_NE(picture, nullptr);
+    RECT area{};
+    ::GetClientRect(picture, &area);
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    EXPECT_LT(ColoredPixels(picture, area, RGB(255, 255, 255)), area.right * area.bottom);
+    Click(Tree(true), Item(Tree(true), {}));
+    EXPECT_EQ(ColoredPixels(picture, area, RGB(255, 255, 255)), area.right * area.bottom);
 }
 
 } // namespace

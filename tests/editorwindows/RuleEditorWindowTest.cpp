@@ -1,135 +1,21 @@
 // SPDX-License-Identifier: MIT
-// The rule editor's window, worked with mouse and keyboard, and a whole design from nothing.
+// The rule editor's window, worked with mouse and keyboard, and a whole design.
 #include <gtest/gtest.h>
-
-#include <cstdio>
 
 #include "control/com/Scoped.h"
 #include "tests/editorwindows/PageTest.h"
+#include "tests/editorwindows/RuleEditorHands.h"
 
 namespace Quorvane {
 namespace {
 
 using Texts = std::vector<Text>;
 
-constexpr int LvwRuleId = 102;
-constexpr int TxtWeightId = 103;
-constexpr int CmdAddId = 104;
-constexpr int CmdDeleteId = 105;
-
-/// A person in the rule editor.
-class Editor {
-  public:
-    explicit Editor(HWND window) : window_(window) {}
-
-    HWND Part(int id) const { return ::GetDlgItem(window_, id); }
-    HWND Rules() const { return Part(LvwRuleId); }
-
-    int RowCount() const { return ListView_GetItemCount(Rules()); }
-
-    Text Cell(int row, int column) const {
-        wchar_t text[64]{};
-        LVITEMW item{};
-        item.iSubItem = column;
-        item.pszText = text;
-        item.cchTextMax = static_cast<int>(std::size(text));
-        ::SendMessageW(Rules(), LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                       reinterpret_cast<LPARAM>(&item));
-        return Com::ToText(text);
-    }
-
-    Texts Row(int row, int columns) const {
-        Texts cells;
-        for (int column = 0; column < columns; ++column) {
-            cells.push_back(Cell(row, column));
-        }
-        return cells;
-    }
-
-    int SelectedRow() const { return ListView_GetNextItem(Rules(), -1, LVNI_SELECTED); }
-
-    void ClickRow(int row) const {
-        RECT area{};
-        ListView_GetItemRect(Rules(), row, &area, LVIR_LABEL);
-        const LPARAM place = MAKELPARAM(area.left + 4, (area.top + area.bottom) / 2);
-        ::PostMessageW(Rules(), WM_LBUTTONDOWN, MK_LBUTTON, place);
-        ::PostMessageW(Rules(), WM_LBUTTONUP, 0, place);
-        Pump();
-    }
-
-    /// Chooses a term by its name in a list box, found by the name it has as its window text.
-    void Choose(TextView list, TextView term) const {
-        HWND const box = FindChild(window_, list);
-        ASSERT_NE(box, nullptr);
-        const auto index = ::SendMessageW(box, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                          reinterpret_cast<LPARAM>(Com::Wide(Text(term))));
-        ASSERT_GE(index, 0);
-        ::SetFocus(box);
-        ::SendMessageW(box, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        ::SendMessageW(::GetParent(box), WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(box), LBN_SELCHANGE),
-                       reinterpret_cast<LPARAM>(box));
-    }
-
-    Text Chosen(TextView list) const {
-        HWND const box = FindChild(window_, list);
-        wchar_t text[64]{};
-        ::SendMessageW(box, LB_GETTEXT,
-                       static_cast<WPARAM>(::SendMessageW(box, LB_GETCURSEL, 0, 0)),
-                       reinterpret_cast<LPARAM>(text));
-        return Com::ToText(text);
-    }
-
-    void TypeWeight(TextView weight) const {
-        ::SetFocus(Part(TxtWeightId));
-        ::SendMessageW(Part(TxtWeightId), EM_SETSEL, 0, -1);
-        ::SendMessageW(Part(TxtWeightId), EM_REPLACESEL, FALSE,
-                       reinterpret_cast<LPARAM>(Com::Wide(Text(weight))));
-    }
-
-    void Push(int id) const {
-        const LPARAM place = MAKELPARAM(5, 5);
-        ::PostMessageW(Part(id), WM_LBUTTONDOWN, MK_LBUTTON, place);
-        ::PostMessageW(Part(id), WM_LBUTTONUP, 0, place);
-        Pump();
-    }
-
-    void AddRule(std::initializer_list<std::pair<TextView, TextView>> choices,
-                 TextView weight) const {
-        for (const auto& [list, term] : choices) {
-            Choose(list, term);
-        }
-        TypeWeight(weight);
-        Push(CmdAddId);
-    }
-
-    /// Esc, as the window's own message loop brings it.
-    void Escape() const { ::PostMessageW(Rules(), WM_KEYDOWN, VK_ESCAPE, 0); }
-
-  private:
-    static HWND FindChild(HWND parent, TextView name) {
-        struct Search {
-            Text Name;
-            HWND Found;
-            static BOOL CALLBACK Look(HWND window, LPARAM search) {
-                auto& self = *reinterpret_cast<Search*>(search);
-                if (WindowText(window) == self.Name) {
-                    self.Found = window;
-                }
-                return self.Found == nullptr;
-            }
-        } search{Text(name), nullptr};
-        ::EnumChildWindows(parent, Search::Look, reinterpret_cast<LPARAM>(&search));
-        return search.Found;
-    }
-
-    HWND window_;
-};
-
 TEST_F(PageTest, RuleEditorListsTheRulesAndShowsTheLast) {
     const Placed control = Design(TwoInputs);
     Open({control.Control.Get()});
     InRuleEditor([&](HWND window) {
-        const Editor editor(window);
+        const RuleEditorHands editor(window);
         EXPECT_EQ(WindowText(window), u"Rule Base");
         EXPECT_FALSE(::IsWindowEnabled(frame_));
         EXPECT_EQ(editor.RowCount(), 4);
@@ -137,8 +23,8 @@ TEST_F(PageTest, RuleEditorListsTheRulesAndShowsTheLast) {
         EXPECT_EQ(editor.SelectedRow(), 3);
         EXPECT_EQ(editor.Chosen(u"lstInA"), u"High");
         EXPECT_EQ(editor.Chosen(u"lstOutSum"), u"Twelve");
-        EXPECT_EQ(WindowText(editor.Part(TxtWeightId)), u"1");
-        EXPECT_TRUE(::IsWindowEnabled(editor.Part(CmdDeleteId)));
+        EXPECT_EQ(WindowText(editor.Weight()), u"1");
+        EXPECT_TRUE(::IsWindowEnabled(editor.Part(RuleEditorHands::CmdDelete)));
         editor.Escape();
     });
     EXPECT_TRUE(::IsWindowEnabled(frame_));
@@ -149,21 +35,21 @@ TEST_F(PageTest, RuleEditorAddsReweighsAndDeletes) {
     const Placed control = Design(TwoInputs);
     Open({control.Control.Get()});
     InRuleEditor([&](HWND window) {
-        const Editor editor(window);
+        const RuleEditorHands editor(window);
         editor.AddRule({{u"lstInA", u"[NONE]"}, {u"lstInB", u"Low"}, {u"lstOutSum", u"None"}},
                        u"0.50");
         EXPECT_EQ(editor.Row(4, 5), (Texts{u"5", u"[NONE]", u"Low", u"None", u"0.5"}));
         EXPECT_EQ(editor.SelectedRow(), 4);
         // The same rule again changes its weight.
         editor.TypeWeight(u"0.25");
-        EXPECT_FALSE(::IsWindowEnabled(editor.Part(CmdDeleteId)));
-        editor.Push(CmdAddId);
+        EXPECT_FALSE(::IsWindowEnabled(editor.Part(RuleEditorHands::CmdDelete)));
+        editor.Push(RuleEditorHands::CmdAdd);
         EXPECT_EQ(editor.RowCount(), 5);
         EXPECT_EQ(editor.Cell(4, 4), u"0.25");
         editor.ClickRow(0);
         EXPECT_EQ(editor.Chosen(u"lstInB"), u"Low");
         EXPECT_EQ(editor.Chosen(u"lstInA"), u"Low");
-        editor.Push(CmdDeleteId);
+        editor.Push(RuleEditorHands::CmdDelete);
         EXPECT_EQ(editor.RowCount(), 4);
         editor.Escape();
     });
@@ -178,14 +64,14 @@ TEST_F(PageTest, RuleEditorRefusesAWeightAboveOne) {
     const Placed control = Design(TwoInputs);
     Open({control.Control.Get()});
     InRuleEditor([&](HWND window) {
-        const Editor editor(window);
+        const RuleEditorHands editor(window);
         MessageBoxes boxes;
         editor.TypeWeight(u"1.5");
-        editor.Push(CmdAddId);
+        editor.Push(RuleEditorHands::CmdAdd);
         ASSERT_EQ(boxes.Shown.size(), 1U);
         EXPECT_EQ(boxes.Shown[0].Message, u"Enter a number less than 1!");
         EXPECT_EQ(boxes.Shown[0].Owner, window);
-        EXPECT_EQ(::GetFocus(), editor.Part(TxtWeightId));
+        EXPECT_EQ(::GetFocus(), editor.Weight());
         EXPECT_EQ(editor.RowCount(), 4);
         editor.Escape();
     });
@@ -199,43 +85,94 @@ TEST_F(PageTest, RuleEditorLeavesWithAFrameThatIsDestroyed) {
     EXPECT_EQ(::FindWindowW(L"QuorvaneRuleEditor", nullptr), nullptr);
 }
 
-/// 32,767 rules over five inputs of eight terms.
-Text ManyRules() {
-    Text rules;
-    for (int i = 0; i < 32767; ++i) {
-        char rule[96];
-        std::snprintf(rule, sizeof rule, "A>T%d;B>T%d;C>T%d;D>T%d;E>T%d/Y<P:1|", i % 8, i / 8 % 8,
-                      i / 64 % 8, i / 512 % 8, i / 4096 % 8);
-        rules += Widen(rule);
-    }
-    rules.pop_back();
-    return rules;
+TEST_F(PageTest, RuleEditorLeavesWithAPageThatIsReleased) {
+    const Placed control = Design(TwoInputs);
+    Open({control.Control.Get()});
+    InRuleEditor([&](HWND) {
+        page_->Show(SW_HIDE);
+        page_->Deactivate();
+        page_->SetObjects(0, nullptr);
+        page_->SetPageSite(nullptr);
+        page_.Reset();
+        site_.Reset();
+        ::DestroyWindow(std::exchange(frame_, nullptr));
+    });
+    EXPECT_EQ(::FindWindowW(L"QuorvaneRuleEditor", nullptr), nullptr);
 }
 
-TEST_F(PageTest, RuleEditorTakes32767Rules) {
-    Text inputs;
-    for (const char16_t name : TextView(u"ABCDE")) {
-        inputs += Text(1, name) + u"/8/0/";
-        for (char16_t term = u'0'; term < u'8'; ++term) {
-            inputs += Text(u"T") + term + u",0,1,2,3" + (term < u'7' ? u";" : u"|");
-        }
-    }
-    inputs.pop_back();
-    const Text rules = ManyRules();
-    const Placed control = Design({inputs, u"Y/1/0/P,0.5", rules});
+TEST_F(PageTest, RuleEditorLeavesWithItsProgram) {
+    const Placed control = Design(TwoInputs);
+    Open({control.Control.Get()});
+    InRuleEditor([&](HWND) { ::PostQuitMessage(7); });
+    EXPECT_EQ(::FindWindowW(L"QuorvaneRuleEditor", nullptr), nullptr);
+    EXPECT_EQ(TakeQuit(), 7) << "the program's own loop ends, too";
+    EXPECT_TRUE(::IsWindowEnabled(frame_));
+}
+
+TEST_F(PageTest, RuleEditorSaysSoWhenTheModelHasGone) {
+    Placed control = Design(TwoInputs);
     Open({control.Control.Get()});
     InRuleEditor([&](HWND window) {
-        const Editor editor(window);
-        EXPECT_EQ(editor.RowCount(), 32767);
-        EXPECT_EQ(editor.SelectedRow(), 32766);
-        editor.Push(CmdDeleteId);
-        EXPECT_EQ(editor.RowCount(), 32766);
+        const RuleEditorHands editor(window);
+        page_->SetObjects(0, nullptr);
+        control = {};
+        MessageBoxes boxes;
+        editor.Push(RuleEditorHands::CmdDelete);
+        ASSERT_EQ(boxes.Shown.size(), 1U);
+        EXPECT_EQ(boxes.Shown[0].Message, u"Object variable not set (91)");
+        EXPECT_EQ(boxes.Shown[0].Title, u"Quorvane Inference System");
+        EXPECT_EQ(boxes.Shown[0].Owner, window);
+        EXPECT_EQ(editor.RowCount(), 4);
         editor.Escape();
     });
-    EXPECT_EQ(page_->IsPageDirty(), S_OK);
+    EXPECT_EQ(page_->IsPageDirty(), S_FALSE);
 }
 
-TEST_F(PageTest, ASystemIsDesignedFromNothingSavedLoadedAndFired) {
+TEST_F(PageTest, RuleEditorIsModalToAllWindowsOfTheThread) {
+    const Placed control = Design(TwoInputs);
+    Open({control.Control.Get()});
+    const auto make = [](DWORD style) {
+        return ::CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | style, 0, 0, 90, 90,
+                                 nullptr, nullptr, nullptr, nullptr);
+    };
+    HWND const other = make(WS_VISIBLE);
+    HWND const waiting = make(WS_VISIBLE | WS_DISABLED);
+    HWND const passing = make(WS_VISIBLE);
+    InRuleEditor([&](HWND window) {
+        EXPECT_TRUE(::IsWindowEnabled(window));
+        EXPECT_FALSE(::IsWindowEnabled(frame_));
+        EXPECT_FALSE(::IsWindowEnabled(other));
+        ::DestroyWindow(passing);
+        RuleEditorHands(window).Escape();
+    });
+    EXPECT_TRUE(::IsWindowEnabled(frame_));
+    EXPECT_TRUE(::IsWindowEnabled(other));
+    EXPECT_FALSE(::IsWindowEnabled(waiting)) << "as it was before";
+    ::DestroyWindow(other);
+    ::DestroyWindow(waiting);
+}
+
+TEST_F(PageTest, RuleEditorOpensOnTheScreenWhereverItsFrameIs) {
+    const Placed control = Design(TwoInputs);
+    Open({control.Control.Get()});
+    RECT work{};
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    const POINT corners[] = {{work.right - 100, work.bottom - 100}, {-300, -200}};
+    for (const POINT& corner : corners) {
+        ::SetWindowPos(frame_, nullptr, corner.x, corner.y, 600, 500, SWP_NOZORDER);
+        InRuleEditor([&](HWND window) {
+            RECT place{};
+            RECT seen{};
+            ::GetWindowRect(window, &place);
+            ::IntersectRect(&seen, &place, &work);
+            EXPECT_TRUE(::EqualRect(&seen, &place))
+                << place.left << ',' << place.top << ' ' << place.right << ',' << place.bottom;
+            RuleEditorHands(window).Escape();
+        });
+    }
+}
+
+TEST_F(PageTest, ASystemIsRedesignedSavedLoadedAndFired) {
     // One input and one output to begin with; their only terms stay until others are there.
     const Placed designed =
         Design({u"Speed/1/0/MF_1,0,0,0,1", u"Brake/1/0/MF_1,0", u"Speed>MF_1/Brake<MF_1:1"});
@@ -284,7 +221,7 @@ TEST_F(PageTest, ASystemIsDesignedFromNothingSavedLoadedAndFired) {
     EditLabel(outputs, u"8");
 
     InRuleEditor([&](HWND window) {
-        const Editor editor(window);
+        const RuleEditorHands editor(window);
         editor.AddRule({{u"lstInSpeed", u"Slow"}, {u"lstOutBrake", u"Off"}}, u"1");
         editor.AddRule({{u"lstInSpeed", u"Fast"}, {u"lstOutBrake", u"Full"}}, u"1");
         editor.Escape();
