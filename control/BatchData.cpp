@@ -6,6 +6,7 @@
 #include "engine/GridWalk.h"
 #include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
+#include "shared/ItemAddresses.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
 #include "win/MessageBox.h"
@@ -29,61 +30,81 @@ Text FolderOf(TextView path) {
     return folder;
 }
 
+template <class Value>
+std::vector<Text> NamesOf(const StringKeyedDictionary<Value>& dictionary) {
+    std::vector<Text> names;
+    for (const auto& [name, item] : dictionary) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+std::vector<RunTime::GridAxis> AxesOf(const VariableDictionary& inputs) {
+    std::vector<RunTime::GridAxis> axes;
+    for (const auto& [name, input] : inputs) {
+        axes.push_back({input.LBound, input.UBound});
+    }
+    return axes;
+}
+
 /// One run over the grid of the system as it is when the run begins. Handlers of the event may
 /// change everything meanwhile: every point goes into the inputs, and its results come from the
 /// outputs, that are the process' at that moment.
 class BatchRun final : public RunTime::GridVisitor {
   public:
     BatchRun(FISControl& control, const Text& folder)
-        : control_(control), inData_(folder + u"InData.txt"), outData_(folder + u"OutData.txt") {}
+        : control_(control), inData_(folder + u"InData.txt"), outData_(folder + u"OutData.txt"),
+          inputs_(NamesOf(Definition::Require(Definition::State().InputVariables))),
+          outputs_(NamesOf(Definition::Require(Definition::State().OutputVariables))) {}
 
     void Run(std::int32_t divisions) {
-        const Definition::ProcessState& state = Definition::State();
-        std::vector<RunTime::GridAxis> axes;
-        for (const auto& [name, input] : Definition::Require(state.InputVariables)) {
-            inputs_.push_back(name);
-            axes.push_back({input.LBound, input.UBound});
-        }
-        for (const auto& [name, output] : Definition::Require(state.OutputVariables)) {
-            outputs_.push_back(name);
-        }
-        RunTime::WalkGrid(axes, divisions, *this);
+        RunTime::WalkGrid(AxesOf(Definition::Require(Definition::State().InputVariables)),
+                          divisions, *this);
         inData_.Flush();
         outData_.Flush();
     }
 
     void SetInput(std::size_t axis, double value) override {
+        const auto& current = Definition::State().InputValues;
+        Value* const item = inputs_.Find(current.get(), axis);
+        if (double* const number = item ? std::get_if<double>(item) : nullptr) {
+            *number = value;
+            return;
+        }
         // Held, as a host's dictionary may run code that assigns another one.
-        const auto values = Definition::State().InputValues;
-        Definition::Require(values).Put(inputs_[axis], value);
+        const auto values = current;
+        Definition::Require(values).Put(inputs_.Names()[axis], value);
     }
 
     void VisitPoint(std::string_view point) override {
         inData_.Write(point);
         inData_.Write("\r\n");
         Com::Check(control_.Fire());
-        const auto values = Definition::State().OutputValues;
-        for (const Text& output : outputs_) {
-            WriteValue(Definition::Require(values).Get(output));
+        for (std::size_t i = 0; i < outputs_.Names().size(); ++i) {
+            WriteOutput(i);
             outData_.Write(" ");
         }
         outData_.Write("\r\n");
     }
 
   private:
-    void WriteValue(const Value& value) {
-        if (const double* const number = std::get_if<double>(&value)) {
+    void WriteOutput(std::size_t index) {
+        const auto& current = Definition::State().OutputValues;
+        const Value* const item = outputs_.Find(current.get(), index);
+        if (const double* const number = item ? std::get_if<double>(item) : nullptr) {
             outData_.Write(NumberCharacters(*number).View());
-        } else {
-            outData_.Write(TextView(FixedText(value)));
+            return;
         }
+        const auto values = current;
+        outData_.Write(
+            TextView(FixedText(Definition::Require(values).Get(outputs_.Names()[index]))));
     }
 
     FISControl& control_;
     BatchFile inData_;
     BatchFile outData_;
-    std::vector<Text> inputs_;
-    std::vector<Text> outputs_;
+    ItemAddresses inputs_;
+    ItemAddresses outputs_;
 };
 
 } // namespace

@@ -11,16 +11,37 @@
 namespace Quorvane::RunTime {
 namespace {
 
+/// The most points of an axis whose texts are kept: the same come up again and again, but memory
+/// does not grow with the number of points.
+constexpr std::int32_t MostKeptTexts = 4096;
+
 /// Where the walk stands on one axis.
 struct AxisPosition {
     GridAxis Axis;
+    std::int32_t Divisions;
     double Step;
     std::int32_t Index = 0;
     /// The length of the point's text up to and without this axis' value.
     std::size_t PrefixSize = 0;
+    /// The texts of the first points.
+    std::vector<NumberCharacters> Texts{};
 
-    double Coordinate(std::int32_t divisions) const {
-        return Index == divisions ? Axis.Upper : Axis.Lower + Index * Step;
+    double Coordinate() const {
+        return Index == Divisions ? Axis.Upper : Axis.Lower + Index * Step;
+    }
+
+    void AppendText(std::string& point) {
+        const auto index = static_cast<std::size_t>(Index);
+        if (index < Texts.size()) {
+            point += Texts[index].View();
+            return;
+        }
+        const NumberCharacters text(Coordinate());
+        point += text.View();
+        // Points come in order, so the first time this is the next one.
+        if (Index < MostKeptTexts) {
+            Texts.push_back(text);
+        }
     }
 };
 
@@ -33,7 +54,7 @@ std::vector<AxisPosition> StartPositions(const std::vector<GridAxis>& axes,
         if (!std::isfinite(step)) {
             throw FisError(RuntimeError::Overflow);
         }
-        positions.push_back({axis, step});
+        positions.push_back({axis, divisions, step});
     }
     return positions;
 }
@@ -50,10 +71,9 @@ void WalkGrid(const std::vector<GridAxis>& axes, std::int32_t divisions, GridVis
     std::size_t level = 0;
     for (;;) {
         AxisPosition& position = positions[level];
-        const double value = position.Coordinate(divisions);
-        visitor.SetInput(level, value);
+        visitor.SetInput(level, position.Coordinate());
         point.resize(position.PrefixSize);
-        point += NumberCharacters(value).View();
+        position.AppendText(point);
         if (level + 1 < positions.size()) {
             point += ',';
             ++level;

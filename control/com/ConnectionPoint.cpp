@@ -64,8 +64,9 @@ void ConnectionPoint::Disconnect() noexcept {
     const std::vector<OwnedConnection> sinks = std::exchange(connections_, {});
 }
 
-bool ConnectionPoint::IsConnected(DWORD cookie) const noexcept {
-    return std::ranges::find(connections_, cookie, &OwnedConnection::Cookie) != connections_.end();
+const OwnedConnection* ConnectionPoint::ConnectionAfter(DWORD cookie) const noexcept {
+    const auto next = std::ranges::upper_bound(connections_, cookie, {}, &OwnedConnection::Cookie);
+    return next == connections_.end() ? nullptr : &*next;
 }
 
 void RaiseEvent(IUnknown& sink, DISPID event, std::initializer_list<Variant> arguments) {

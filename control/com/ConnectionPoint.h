@@ -44,19 +44,25 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
     template <class F>
     void ForEach(F&& call) {
         const ComPtr<ConnectionPoint> self(this);
-        const std::vector<OwnedConnection> sinks = connections_;
-        for (const OwnedConnection& sink : sinks) {
-            if (IsConnected(sink.Cookie)) {
-                call(*sink.Sink);
+        const DWORD newest = lastCookie_;
+        DWORD done = 0;
+        while (const OwnedConnection* const next = ConnectionAfter(done)) {
+            if (next->Cookie > newest) {
+                return;
             }
+            done = next->Cookie;
+            const ComPtr<IUnknown> sink = next->Sink;
+            call(*sink);
         }
     }
 
   private:
-    bool IsConnected(DWORD cookie) const noexcept;
+    /// The first connection that came after the one with a cookie; null where there is none.
+    const OwnedConnection* ConnectionAfter(DWORD cookie) const noexcept;
 
     IID iid_;
     IConnectionPointContainer* container_;
+    /// In the order of their cookies.
     std::vector<OwnedConnection> connections_;
     /// Cookies count upwards and are never used twice.
     DWORD lastCookie_ = 0;
