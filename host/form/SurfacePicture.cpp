@@ -16,7 +16,7 @@ namespace Quorvane::Host {
 namespace {
 
 /// How wide a surface may be, in quarters of its height.
-constexpr int WidestShape = 7;
+constexpr int WidestShape = 12;
 
 /// Reads the numbers of a line; anything else in it is skipped as a separator or left out.
 std::vector<double> ReadNumbers(std::string_view line) {

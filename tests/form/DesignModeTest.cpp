@@ -102,6 +102,19 @@ TEST_F(DesignMode, OpensThePropertyPagesByADoubleClick) {
     program_.Answer(frame, Id::Cancel);
 }
 
+TEST_F(DesignMode, HelpWithoutAHelpFileDoesNothing) {
+    Click(program_.Surface(), {200, 200});
+    const PageHands page(program_, program_.OpenPropertyFrame());
+    page.Select(Id::TreInput, {L"TempDiff"});
+    Click(Child(page.Frame(), Id::Help));
+    FocusByClick(page.Tree(Id::TreInput));
+    Press(VK_F1);
+    page.Select(Id::TreOutput, {L"Valve"});
+    EXPECT_EQ(TextOf(page.Button(Id::CmdAdd)), L"Add Term");
+    EXPECT_TRUE(TopWindows(program_.ProcessId(), WindowClass::Dialog).empty());
+    program_.Answer(page.Frame(), Id::Cancel);
+}
+
 TEST_F(DesignMode, CancelInTheFrameDropsTheEdits) {
     Click(program_.Surface(), {200, 200});
     HWND const frame = program_.OpenPropertyFrame();
