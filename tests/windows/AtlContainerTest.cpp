@@ -64,7 +64,7 @@ Text IsolatedFolder() {
 TEST(AtlContainer, HostsTheDeliveredControlWithoutRegistration) {
     const ActivationContext context(IsolatedFolder());
     ASSERT_TRUE(context.IsActive()) << ::GetLastError();
-    const Atl atl;
+    static const Atl atl;
     ASSERT_TRUE(atl.IsReady());
     HWND const window =
         ::CreateWindowW(L"AtlAxWin100", L"QuorvaneAxEditor.FISControl", WS_POPUP | WS_VISIBLE, 60,

@@ -219,9 +219,10 @@ TEST_F(Keyboard, F1IsTheHostsWhereThereIsNoHelpFile) {
 }
 
 TEST_F(Keyboard, F1LoadsTheHelpViewerOnlyForAFileThatIsThere) {
-    ASSERT_EQ(::GetModuleHandleW(L"hhctrl.ocx"), nullptr);
+    // It stays, once it is there: a repetition in one process finds it loaded.
+    HMODULE const before = ::GetModuleHandleW(L"hhctrl.ocx");
     PressOnKeyboard(form_, VK_F1);
-    EXPECT_EQ(::GetModuleHandleW(L"hhctrl.ocx"), nullptr);
+    EXPECT_EQ(::GetModuleHandleW(L"hhctrl.ocx"), before);
     wchar_t folder[MAX_PATH];
     ::GetTempPathW(MAX_PATH, folder);
     const Text file = Com::ToText(folder) + u"quorvane help test.chm";
