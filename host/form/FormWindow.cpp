@@ -112,11 +112,7 @@ FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) 
                  std::min<int>(Scaled(720), desktop.bottom - desktop.top),
                  SWP_NOMOVE | SWP_NOZORDER);
     placement_.RunMode = settings.RunMode;
-    if (settings.Form) {
-        OpenForm(*settings.Form);
-    } else {
-        NewForm();
-    }
+    NewForm();
 }
 
 FormWindow::~FormWindow() {
@@ -254,9 +250,9 @@ void FormWindow::OpenForm() {
 void FormWindow::OpenForm(const std::filesystem::path& path) {
     form_ = ReadFormFile(path);
     path_ = path;
-    ReloadControls();
     isChanged_ = false;
     UpdateTitle();
+    ReloadControls();
 }
 
 bool FormWindow::SaveForm() {
@@ -269,7 +265,7 @@ bool FormWindow::SaveFormAs() {
 }
 
 bool FormWindow::SaveTo(const std::filesystem::path& path) {
-    form_.Controls = surface_->Save();
+    TakeControls();
     SaveFormFile(path, form_);
     path_ = path;
     isChanged_ = false;
@@ -296,10 +292,17 @@ void FormWindow::SetRunMode(bool runMode) {
     if (placement_.RunMode == runMode) {
         return;
     }
-    form_.Controls = surface_->Save();
+    TakeControls();
     placement_.RunMode = runMode;
     ReloadControls();
     UpdateTitle();
+}
+
+void FormWindow::TakeControls() {
+    // What could not be loaded stays as it was read, and is not lost by saving.
+    if (isLoaded_) {
+        form_.Controls = surface_->Save();
+    }
 }
 
 void FormWindow::ReloadControls() {
@@ -312,8 +315,10 @@ void FormWindow::ReloadControls() {
         ShowWindow(runPanel_->Handle(), placement_.RunMode ? SW_SHOW : SW_HIDE);
         Arrange();
     };
+    isLoaded_ = false;
     try {
         surface_->Load(form_, placement_);
+        isLoaded_ = true;
     } catch (...) {
         loaded();
         throw;

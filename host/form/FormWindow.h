@@ -14,7 +14,6 @@ namespace Quorvane::Host {
 
 /// How the program starts.
 struct FormWindowSettings {
-    std::optional<std::filesystem::path> Form;
     std::optional<std::filesystem::path> Dll;
     std::optional<LCID> Locale;
     std::filesystem::path BatchFolder;
@@ -25,6 +24,10 @@ class FormWindow final : public Window, public FormSurfaceOwner {
   public:
     explicit FormWindow(const FormWindowSettings& settings);
     ~FormWindow() override;
+
+    /// Opens a form file. Throws when it cannot be read, or a control of it does not load; the form
+    /// is then without controls, and keeps what was read of them.
+    void OpenForm(const std::filesystem::path& path);
 
     /// Offers a key message to the active control, the menu and the dialog navigation; whether one
     /// of them took it.
@@ -39,7 +42,6 @@ class FormWindow final : public Window, public FormSurfaceOwner {
 
     void NewForm();
     void OpenForm();
-    void OpenForm(const std::filesystem::path& path);
     bool SaveForm();
     bool SaveFormAs();
     bool SaveTo(const std::filesystem::path& path);
@@ -48,6 +50,8 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     /// Saves the bags, destroys every control, then creates and loads them anew in the other mode.
     void SetRunMode(bool runMode);
     void ReloadControls();
+    /// Takes over the controls of the surface as they are now.
+    void TakeControls();
     void AddControl();
     void ShowProperties();
     void ShowAbout();
@@ -65,6 +69,8 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     std::filesystem::path path_;
     bool isChanged_ = false;
     bool isLoading_ = false;
+    /// Whether the controls of the form are on the surface; not after a load that failed.
+    bool isLoaded_ = false;
     HACCEL accelerators_ = nullptr;
     std::unique_ptr<FormSurface> surface_;
     std::unique_ptr<PropertyGrid> grid_;

@@ -23,14 +23,20 @@ class Apartment {
 
 FormWindowSettings SettingsFrom(const Options& options) {
     FormWindowSettings settings;
-    if (!options.Form.empty()) {
-        settings.Form = options.Form;
-    }
     settings.Dll = options.Dll;
     settings.Locale = options.Locale;
     settings.BatchFolder = std::filesystem::absolute(options.Output);
     settings.RunMode = !options.Form.empty() && !options.Design;
     return settings;
+}
+
+/// A form that cannot be opened is no reason not to go on with another one.
+void OpenOrTell(FormWindow& window, const std::filesystem::path& form) {
+    try {
+        window.OpenForm(form);
+    } catch (const std::exception& error) {
+        ShowError(window.Handle(), error.what());
+    }
 }
 
 int RunMessages(FormWindow& window) {
@@ -53,6 +59,9 @@ int Run() {
     FormWindow window(SettingsFrom(options));
     ShowWindow(window.Handle(), SW_SHOWDEFAULT);
     UpdateWindow(window.Handle());
+    if (!options.Form.empty()) {
+        OpenOrTell(window, options.Form);
+    }
     return RunMessages(window);
 }
 

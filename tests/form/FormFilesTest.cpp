@@ -2,6 +2,8 @@
 // New, Open, Save and the two modes, with what they keep of the controls.
 #include "tests/form/FormTest.h"
 
+#include <fstream>
+
 namespace Quorvane {
 namespace {
 
@@ -78,6 +80,22 @@ TEST_F(FormFiles, AsksBeforeChangesAreLost) {
     Expect("an empty form",
            [&] { return TitleOf(program).find(L"(new form)") != std::wstring::npos; });
     EXPECT_EQ(ContentOf(copy), before);
+    EXPECT_EQ(program.Close(), 0U);
+}
+
+TEST_F(FormFiles, KeepsAFormWhoseControlDoesNotLoad) {
+    const auto broken = Folder() / L"Broken.form";
+    std::ofstream(broken, std::ios::binary)
+        << "Version 1\r\nBegin Form Broken\r\n    Begin QuorvaneAxEditor.FISControl FIS\r\n"
+           "        Inputs = \"14F2\"\r\n    End\r\nEnd\r\n";
+    FormProgram program(DesignArguments(broken));
+    program.Answer(program.DialogTitled(L"Quorvane Form"), IDOK);
+    EXPECT_EQ(TitleOf(program), L"Broken.form [Design] - Quorvane Form");
+    EXPECT_EQ(RowCount(Child(program.PropertyGrid(), Id::GridList)), 0);
+    program.Save();
+    EXPECT_NE(ContentOf(broken).find("Inputs = \"14F2\""), std::string::npos);
+    program.Open(SampleForm());
+    EXPECT_EQ(GridValue(program, L"Caption"), L"Room heating");
     EXPECT_EQ(program.Close(), 0U);
 }
 

@@ -60,6 +60,7 @@ void RegisterControl(bool registered) {
 FormProgram::FormProgram(const std::wstring& arguments)
     : process_(Start(Quoted(ProductFolder() / L"QuorvaneForm.exe") + L' ' + arguments)) {
     main_ = Dialog(WindowClass::Form);
+    WaitForInputIdle(process_.hProcess, INFINITE);
 }
 
 FormProgram::~FormProgram() {
