@@ -2,6 +2,7 @@
 // From degrees of membership to the sums of the outputs.
 #include "engine/FireRules.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -11,35 +12,26 @@
 namespace Quorvane::RunTime {
 namespace {
 
-/// Sums up where every rule says something of every output, so that there is one denominator. A few
-/// outputs' sums stay in registers: adding to memory takes four times as long.
+/// Adds up where every rule says something of every output. The sums of a few outputs stay in
+/// registers: adding to memory takes several times as long.
 template <std::size_t OutputCount>
 void AddToEveryOutput(PreparedRules& rules) {
     const Consequent* const consequents = rules.Consequents.data();
-    std::array<double, OutputCount> numerators{};
-    double denominator = 0;
+    std::array<DoublePair, OutputCount> sums{};
     rules.Selector.Fire(rules, [&](std::size_t rule, double strength) {
         for (std::size_t output = 0; output < OutputCount; ++output) {
-            numerators[output] += strength * consequents[rule * OutputCount + output].Point;
+            sums[output] += strength * consequents[rule * OutputCount + output].Share;
         }
-        denominator += strength;
     });
-    for (std::size_t output = 0; output < OutputCount; ++output) {
-        rules.UsedOutputs[output].Numerator = numerators[output];
-        rules.UsedOutputs[output].Denominator = denominator;
-    }
+    std::ranges::copy(sums, rules.Sums.begin());
 }
 
 void AddToNamedOutputs(PreparedRules& rules) {
-    for (UsedOutput& output : rules.UsedOutputs) {
-        output.Numerator = 0;
-        output.Denominator = 0;
-    }
-    rules.Selector.Fire(rules, [&rules](std::size_t rule, double strength) {
+    std::ranges::fill(rules.Sums, DoublePair{});
+    DoublePair* const sums = rules.Sums.data();
+    rules.Selector.Fire(rules, [&rules, sums](std::size_t rule, double strength) {
         for (const Consequent& consequent : rules.ConsequentsOf(rule)) {
-            UsedOutput& output = rules.UsedOutputs[consequent.Output];
-            output.Numerator += strength * consequent.Point;
-            output.Denominator += strength;
+            sums[consequent.Output] += strength * consequent.Share;
         }
     });
 }
@@ -60,8 +52,8 @@ void AddUp(PreparedRules& rules) {
 void FireRules(PreparedRules& rules) {
     AddUp(rules);
     // A sum that has left the range of a Double never comes back into it, so one look is enough.
-    for (const UsedOutput& output : rules.UsedOutputs) {
-        if (!std::isfinite(output.Numerator) || !std::isfinite(output.Denominator)) {
+    for (const DoublePair& sum : rules.Sums) {
+        if (!std::isfinite(sum[0]) || !std::isfinite(sum[1])) {
             throw FisError(RuntimeError::Overflow);
         }
     }

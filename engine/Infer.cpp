@@ -12,6 +12,14 @@
 namespace Quorvane::RunTime {
 namespace {
 
+/// Raises Overflow for a result beyond the range of a Double.
+double Finite(double result) {
+    if (!std::isfinite(result)) {
+        throw FisError(RuntimeError::Overflow);
+    }
+    return result;
+}
+
 /// Sets an output that is missing or whose value is no number. The dictionary does it, as replacing
 /// a value of the host may run its code.
 void PutOutput(RulesInUse& rules, std::uint32_t index, Value value) {
@@ -21,8 +29,22 @@ void PutOutput(RulesInUse& rules, std::uint32_t index, Value value) {
     rules.Refresh();
 }
 
+void SetOutput(RulesInUse& rules, std::uint32_t index, double value) {
+    Value* const current = rules->UsedOutputs[index].Current;
+    if (double* const number = current ? std::get_if<double>(current) : nullptr) {
+        *number = value;
+    } else {
+        PutOutput(rules, index, value);
+    }
+}
+
 /// Sets an output for which no rule has fired.
-void PutDefault(RulesInUse& rules, std::uint32_t index) {
+void SetToDefault(RulesInUse& rules, std::uint32_t index) {
+    const Value* const bound = rules->UsedOutputs[index].Default;
+    if (const double* const number = bound ? std::get_if<double>(bound) : nullptr) {
+        SetOutput(rules, index, *number);
+        return;
+    }
     rules.Keep();
     // Held, as reading a host's dictionary may run code that assigns another one.
     const std::shared_ptr<ValueDictionary> defaults = Definition::State().DefaultOutputValues;
@@ -31,29 +53,17 @@ void PutDefault(RulesInUse& rules, std::uint32_t index) {
     PutOutput(rules, index, std::move(value));
 }
 
-void SetOutput(RulesInUse& rules, std::uint32_t index) {
-    const UsedOutput& output = rules->UsedOutputs[index];
-    if (output.Denominator == 0) {
-        PutDefault(rules, index);
-        return;
-    }
-    const double result = output.Numerator / output.Denominator;
-    if (!std::isfinite(result)) {
-        throw FisError(RuntimeError::Overflow);
-    }
-    if (double* const number = output.Current ? std::get_if<double>(output.Current) : nullptr) {
-        *number = result;
-    } else {
-        PutOutput(rules, index, result);
-    }
-}
-
 void SetOutputs(RulesInUse& rules) {
     for (const std::uint32_t index : rules->LastRuleOutputs) {
         if (index == RuleTables::UnknownOutput) {
             throw FisError(RuntimeError::MissingKey);
         }
-        SetOutput(rules, index);
+        const DoublePair sum = rules->Sums[index];
+        if (sum[1] == 0) {
+            SetToDefault(rules, index);
+        } else {
+            SetOutput(rules, index, Finite(sum[0] / sum[1]));
+        }
     }
 }
 

@@ -5,12 +5,10 @@
 #include <cmath>
 #include <cstddef>
 
+#include "engine/DoublePair.h"
 #include "model/LinguisticVariable.h"
 
 namespace Quorvane::RunTime {
-
-/// Two numbers that are computed with at a time.
-using DoublePair [[gnu::vector_size(16)]] = double;
 
 struct MembershipPair {
     DoublePair Degrees;

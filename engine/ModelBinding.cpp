@@ -5,6 +5,12 @@
 namespace Quorvane::RunTime {
 namespace {
 
+/// Where an item is; null where the dictionary is absent, lacks it or is a host's.
+Value* FindItem(OwnValueDictionary* dictionary, TextView name) {
+    auto* const item = dictionary ? dictionary->Items.Find(name) : nullptr;
+    return item ? &item->Content : nullptr;
+}
+
 /// The addresses of the used terms of an input, the last one twice where their number is odd.
 void BindTerms(UsedInput& input, const LinguisticTerm** terms) {
     input.HasAllTerms = true;
@@ -25,17 +31,17 @@ void ModelBinding::Bind(RuleTables& tables) {
     stamp_ = DictionaryStamp::Current();
     inputValues_ = state.InputValues.get();
     outputValues_ = state.OutputValues.get();
-    const auto* const ownInputs = dynamic_cast<const OwnValueDictionary*>(inputValues_);
+    defaults_ = state.DefaultOutputValues.get();
+    auto* const inputs = dynamic_cast<OwnValueDictionary*>(state.InputValues.get());
     for (UsedInput& input : tables.UsedInputs) {
-        const auto* const item = ownInputs ? ownInputs->Items.Find(input.Name) : nullptr;
-        input.Current = item ? &item->Content : nullptr;
+        input.Current = FindItem(inputs, input.Name);
         input.Variable = state.InputVariables ? state.InputVariables->Find(input.Name) : nullptr;
         BindTerms(input, tables.BoundTerms.data() + input.FirstTerm);
     }
+    auto* const defaults = dynamic_cast<OwnValueDictionary*>(state.DefaultOutputValues.get());
     for (UsedOutput& output : tables.UsedOutputs) {
-        auto* const item =
-            state.OutputValues ? state.OutputValues->Items.Find(output.Name) : nullptr;
-        output.Current = item ? &item->Content : nullptr;
+        output.Current = FindItem(state.OutputValues.get(), output.Name);
+        output.Default = FindItem(defaults, output.Name);
     }
 }
 

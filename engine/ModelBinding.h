@@ -10,7 +10,7 @@
 namespace Quorvane::RunTime {
 
 /// Keeps the addresses of what a cycle reads and writes by name. They hold until anything changes
-/// its place, which three comparisons tell; values, bounds and points are read where they are, so
+/// its place, which a few comparisons tell; values, bounds and points are read where they are, so
 /// edits in place are seen at once.
 class ModelBinding {
   public:
@@ -20,7 +20,8 @@ class ModelBinding {
         // A dictionary that ends changes the stamp, so an address that is the same is the same one.
         const Definition::ProcessState& state = Definition::State();
         if (stamp_ != DictionaryStamp::Current() || inputValues_ != state.InputValues.get() ||
-            outputValues_ != state.OutputValues.get()) {
+            outputValues_ != state.OutputValues.get() ||
+            defaults_ != state.DefaultOutputValues.get()) {
             Bind(tables);
         }
     }
@@ -30,7 +31,8 @@ class ModelBinding {
 
     std::uint64_t stamp_ = 0;
     const ValueDictionary* inputValues_ = nullptr;
-    const OwnValueDictionary* outputValues_ = nullptr;
+    const ValueDictionary* outputValues_ = nullptr;
+    const ValueDictionary* defaults_ = nullptr;
 };
 
 } // namespace Quorvane::RunTime

@@ -50,6 +50,7 @@ class TableBuilder {
     std::shared_ptr<PreparedRules> Finish() {
         BeginRule(0);
         PlaceDegrees();
+        tables_->Sums.resize(tables_->UsedOutputs.size());
         tables_->NamesEveryOutput = NamesEveryOutput();
         tables_->Selector = RuleSelector(*tables_);
         EvenOutAntecedents();
@@ -185,7 +186,7 @@ class TableBuilder {
         if (output == RuleTables::UnknownOutput) {
             addsToUnknownOutput_ = true;
         } else {
-            tables_->Consequents.push_back({output, point});
+            tables_->Consequents.push_back({DoublePair{point, 1}, output});
         }
     }
 

@@ -41,6 +41,11 @@ RuleBitSets::RuleBitSets(const RuleTables& tables)
       ruledOut_(inputCount_ + 1, tables.RuleCount()), strengths_(tables.RuleCount()),
       stale_(1, tables.RuleCount()) {
     FillSets(tables);
+    std::size_t mostTerms = 0;
+    for (const UsedInput& input : tables.UsedInputs) {
+        mostTerms = std::max<std::size_t>(mostTerms, input.TermCount);
+    }
+    masks_.resize(mostTerms);
     for (std::size_t input = 0; input < inputCount_; ++input) {
         Update(tables, input);
     }
@@ -78,17 +83,22 @@ void RuleBitSets::Update(const RuleTables& tables, std::size_t input) {
         return;
     }
     const std::span<const double> degrees = tables.DegreesOf(input);
-    const std::size_t firstTerm = tables.UsedInputs[input].FirstTerm;
+    for (std::size_t i = 0; i < degrees.size(); ++i) {
+        // A mask, as it cannot be predicted whether a degree is 0.
+        masks_[i] = RuleBlock::Words{} - static_cast<RuleBlock::Word>(!(degrees[i] > 0));
+    }
+    const RuleBlock* const usersOfInput = usersOfInput_.Set(input);
+    const RuleBlock* const usersOfTerms = usersOfTerm_.Set(tables.UsedInputs[input].FirstTerm);
+    RuleBlock* const ruledOut = ruledOut_.Set(input);
     for (std::size_t block = 0; block < blockCount; ++block) {
-        const RuleBlock* users = usersOfTerm_.Set(firstTerm) + block;
-        RuleBlock ruledOut;
-        for (const double degree : degrees) {
-            // A mask, as it cannot be predicted whether a degree is 0.
-            ruledOut |= *users & (RuleBlock::Word{0} - static_cast<RuleBlock::Word>(degree == 0));
+        const RuleBlock* users = usersOfTerms + block;
+        RuleBlock rules;
+        for (std::size_t i = 0; i < degrees.size(); ++i) {
+            rules |= *users & masks_[i];
             users += blockCount;
         }
-        ruledOut_.Set(input)[block] = ruledOut;
-        stale[block] |= usersOfInput_.Set(input)[block];
+        ruledOut[block] = rules;
+        stale[block] |= usersOfInput[block];
     }
 }
 

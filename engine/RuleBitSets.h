@@ -47,6 +47,9 @@ class RuleBitSets {
     /// What each input rules out; the last set rules out the places beyond the last rule.
     RuleSets ruledOut_;
 
+    /// For each term of an input that is being updated, whether it rules out its users.
+    std::vector<RuleBlock::Words> masks_;
+
     std::vector<double> strengths_;
     /// One set: the rules whose kept strength is older than one of their degrees.
     RuleSets stale_;

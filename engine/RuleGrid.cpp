@@ -40,7 +40,7 @@ bool IsInInputOrder(const RuleTables& tables) {
 } // namespace
 
 std::optional<RuleGrid> RuleGrid::Build(const RuleTables& tables) {
-    if (tables.UsedInputs.empty() || !IsInInputOrder(tables)) {
+    if (tables.UsedInputs.size() < 2 || !IsInInputOrder(tables)) {
         return std::nullopt;
     }
     const std::size_t mostCells = CellsPerRule * tables.RuleCount();
@@ -108,7 +108,7 @@ void RuleGrid::Update(const RuleTables& tables, std::size_t input) {
     for (const double degree : tables.DegreesOf(input)) {
         // Written or overwritten: whether a degree is 0 cannot be predicted.
         axis.Places[count] = {offset, degree};
-        count += degree != 0 ? 1 : 0;
+        count += degree > 0 ? 1 : 0;
         offset += axis.Stride;
     }
     if (axis.FreePlace) {

@@ -17,8 +17,9 @@ namespace Quorvane::RunTime {
 /// lies at a place of the axis whose degree is always 1.
 class RuleGrid {
   public:
-    /// Nothing where the grid would have many more cells than there are rules, or where rules name
-    /// the inputs in different orders: degrees are multiplied in the order of the axes.
+    /// Nothing where there are fewer than two inputs, where the grid would have many more cells
+    /// than there are rules, or where rules name the inputs in different orders: degrees are
+    /// multiplied in the order of the axes.
     static std::optional<RuleGrid> Build(const RuleTables& tables);
 
     /// An input has new degrees.
@@ -68,45 +69,52 @@ class RuleGrid {
     static constexpr std::uint32_t NoRule = 0xFFFFFFFF;
 
     explicit RuleGrid(std::vector<Axis> axes)
-        : axes_(std::move(axes)), current_(axes_.size()), degrees_(axes_.size()),
-          cells_(axes_.size()) {}
+        : axes_(std::move(axes)), current_(axes_.size() - 2), degrees_(axes_.size() - 2),
+          cells_(axes_.size() - 1) {}
 
     std::vector<std::uint32_t> CellsOfRules(const RuleTables& tables) const;
     void PlaceRules(const std::vector<std::uint32_t>& cells, std::size_t cellCount);
 
-    /// Visits the rules of the active cells row by row. A row is the cells that differ in the place
-    /// on the last axis alone.
+    std::span<const Place> ActivePlaces(std::size_t axis) const {
+        return std::span(axes_[axis].Places).first(axes_[axis].ActiveCount);
+    }
+
+    /// Visits the rules of the active cells plane by plane. A plane is the cells that differ in the
+    /// places on the last two axes alone.
     template <class Visit>
     void VisitActiveCells(const RuleTables& tables, Visit visit) {
-        const std::size_t last = axes_.size() - 1;
-        for (bool isRow = FirstRow(); isRow; isRow = NextRow()) {
-            for (const Place& place :
-                 std::span(axes_[last].Places).first(axes_[last].ActiveCount)) {
-                for (std::uint32_t rule = firstRules_[cells_[last] + place.Offset]; rule != NoRule;
-                     rule = nextRules_[rule]) {
-                    double strength = tables.Rules[rule].Weight;
-                    for (std::size_t axis = 0; axis < last; ++axis) {
-                        strength *= degrees_[axis];
+        const std::size_t outerCount = degrees_.size();
+        for (bool isPlane = FirstPlane(); isPlane; isPlane = NextPlane()) {
+            for (const Place& row : ActivePlaces(outerCount)) {
+                const std::uint32_t* const firstRules =
+                    firstRules_.data() + cells_[outerCount] + row.Offset;
+                for (const Place& place : ActivePlaces(outerCount + 1)) {
+                    for (std::uint32_t rule = firstRules[place.Offset]; rule != NoRule;
+                         rule = nextRules_[rule]) {
+                        double strength = tables.Rules[rule].Weight;
+                        for (std::size_t axis = 0; axis < outerCount; ++axis) {
+                            strength *= degrees_[axis];
+                        }
+                        visit(rule, strength * row.Degree * place.Degree);
                     }
-                    visit(rule, strength * place.Degree);
                 }
             }
         }
     }
 
-    bool FirstRow() {
+    bool FirstPlane() {
         if (std::ranges::any_of(axes_, [](const Axis& axis) { return axis.ActiveCount == 0; })) {
             return false;
         }
-        std::ranges::fill(current_, 0);
-        EnterRow(0);
+        EnterPlane(0);
         return true;
     }
 
-    bool NextRow() {
-        for (std::size_t axis = axes_.size() - 1; axis-- > 0;) {
+    /// Moves on like a number whose digits are the active places; at the end all are 0 again.
+    bool NextPlane() {
+        for (std::size_t axis = current_.size(); axis-- > 0;) {
             if (++current_[axis] < axes_[axis].ActiveCount) {
-                EnterRow(axis);
+                EnterPlane(axis);
                 return true;
             }
             current_[axis] = 0;
@@ -114,8 +122,8 @@ class RuleGrid {
         return false;
     }
 
-    void EnterRow(std::size_t firstChanged) {
-        for (std::size_t axis = firstChanged; axis + 1 < axes_.size(); ++axis) {
+    void EnterPlane(std::size_t firstChanged) {
+        for (std::size_t axis = firstChanged; axis < current_.size(); ++axis) {
             const Place& place = axes_[axis].Places[current_[axis]];
             degrees_[axis] = place.Degree;
             cells_[axis + 1] = cells_[axis] + place.Offset;
@@ -129,8 +137,8 @@ class RuleGrid {
     /// Whether the cells are visited in the order of their rules.
     bool isInRuleOrder_ = false;
 
-    // The row being visited: by axis, the number of the active place, its degree, and the cell at
-    // the places of the axes before.
+    // The plane being visited: for all axes but two, the number of the active place and its degree;
+    // before each axis and at the end, the cell at the places of the axes before.
     std::vector<std::size_t> current_;
     std::vector<double> degrees_;
     std::vector<std::uint32_t> cells_;

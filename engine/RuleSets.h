@@ -27,7 +27,7 @@ struct RuleBlock {
     RuleBlock operator&(const RuleBlock& other) const {
         return {Low & other.Low, High & other.High};
     }
-    RuleBlock operator&(Word mask) const { return {Low & mask, High & mask}; }
+    RuleBlock operator&(const Words& mask) const { return {Low & mask, High & mask}; }
     RuleBlock& operator|=(const RuleBlock& other) {
         Low |= other.Low;
         High |= other.High;

@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "engine/DoublePair.h"
 #include "model/LinguisticVariable.h"
 #include "shared/Text.h"
 #include "shared/Value.h"
@@ -40,8 +41,8 @@ struct UsedInput {
 struct UsedOutput {
     /// Where its value is; null where OutputValues has no such item.
     Value* Current = nullptr;
-    double Numerator = 0;
-    double Denominator = 0;
+    /// Where its default is; null where it has to be asked for by name.
+    const Value* Default = nullptr;
     Text Name{};
 };
 
@@ -53,10 +54,12 @@ struct Rule {
     std::uint32_t FirstConsequent;
 };
 
-/// What a rule says of one output: the position of the singleton.
+/// What a rule says of one output.
 struct Consequent {
+    /// What a strength of 1 adds to the numerator and the denominator: the position of the
+    /// singleton, and 1.
+    DoublePair Share;
     std::uint32_t Output;
-    double Point;
 };
 
 /// The prepared rule base. Names compare by exact case. Antecedents and consequents of "[NONE]" are
@@ -72,6 +75,8 @@ struct RuleTables {
     /// The same terms in the model; null where the model has no such term.
     std::vector<const LinguisticTerm*> BoundTerms;
     std::vector<UsedOutput> UsedOutputs;
+    /// The numerators and denominators of the used outputs.
+    std::vector<DoublePair> Sums;
 
     /// All rules in order, and one more that marks the end.
     std::vector<Rule> Rules;
