@@ -11,6 +11,7 @@
 
 namespace Quorvane::Editor {
 
+/// The inputs, which rules ask for, or the outputs, which they set.
 enum class Side { Input, Output };
 
 /// One point of a term, as a node of the tree: the last part of its key, and its image.
@@ -49,6 +50,7 @@ struct SideTraits {
     std::int32_t FurtherHeadingId;
 };
 
+/// The differences of a side; they live as long as the program.
 const SideTraits& TraitsOf(Side side);
 
 /// The side's variables in the model. Raises ObjectNotSet without a model.

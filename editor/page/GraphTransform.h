@@ -11,6 +11,7 @@ namespace Quorvane::Editor {
 /// a drawing surface can still take it.
 class GraphTransform {
   public:
+    /// For a picture of so many pixels, which may be none at all, and any scale.
     GraphTransform(const GraphScale& scale, int pixelWidth, int pixelHeight);
 
     int PixelX(float x) const;

@@ -7,8 +7,8 @@
 namespace Quorvane::Editor {
 
 /// A tree view that shows nodes of the page. It may keep a node's address with its item until the
-/// node is removed or another root is shown. What it is asked to do is no click of the user: it
-/// reports nothing back while it does it.
+/// node is removed or another root is shown. What it is asked to do is no click of the user: while
+/// it does it, it reports nothing back but that the edit of a label begins.
 class TreeControl {
   public:
     virtual ~TreeControl() = default;

@@ -3,6 +3,7 @@
 #include "editor/page/VariableEdits.h"
 
 #include <cmath>
+#include <string>
 
 #include "editor/TextIds.h"
 #include "editor/page/RuleReferences.h"
@@ -18,8 +19,8 @@ void EmptyRuleBase() {
 
 template <class Value>
 Text FirstFreeName(TextView stem, const StringKeyedDictionary<Value>& names) {
-    for (double number = 1;; ++number) {
-        Text name = Text(stem) + NumberText(number);
+    for (std::size_t number = 1;; ++number) {
+        Text name = Text(stem) + Widen(std::to_string(number));
         if (!names.Exists(name)) {
             return name;
         }

@@ -20,6 +20,7 @@ struct RuleEditorCaptions {
     Text Close;
 };
 
+/// The captions in the language of the moment.
 RuleEditorCaptions CurrentRuleEditorCaptions();
 
 /// How rows look: bold, in this colour (0x00BBGGRR).

@@ -21,6 +21,7 @@ struct RuleParts {
     TextView Weight;
 };
 
+/// Splits the text of one rule, "A>Low;B>High/Y<Top:1". The text outlives the parts.
 RuleParts SplitRule(TextView rule);
 
 /// The term that a list of antecedents (mark ">") or consequents (mark "<") gives a variable, names
