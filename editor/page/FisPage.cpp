@@ -2,6 +2,8 @@
 // The events of the property page.
 #include "editor/page/FisPage.h"
 
+#include <utility>
+
 #include "editor/TextIds.h"
 #include "editor/page/DrawVariableGraph.h"
 #include "editor/page/LabelEdits.h"

@@ -229,7 +229,7 @@ class RefusingControl final : public Com::ComObject<IDispatch> {
     EXCEPINFO raised_;
 };
 
-HRESULT FillIn(EXCEPINFO* exception) {
+HRESULT CALLBACK FillIn(EXCEPINFO* exception) {
     exception->scode = CTL_E_PERMISSIONDENIED;
     exception->bstrDescription = ::SysAllocString(L"The form is locked.");
     return S_OK;

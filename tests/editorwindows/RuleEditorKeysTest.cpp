@@ -157,6 +157,19 @@ void SetHeight(HWND window, int height) {
     Pump();
 }
 
+/// Presses or releases the real mouse, and waits until the windows have heard of it.
+void PressMouse(bool down) {
+    ::mouse_event(down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    for (int i = 0; i < 200; ++i) {
+        Pump();
+        if ((::GetKeyState(VK_LBUTTON) < 0) == down) {
+            return;
+        }
+        ::Sleep(10);
+    }
+    FAIL() << "the mouse was not heard";
+}
+
 TEST_F(RuleEditorKeysTest, AClickIntoAListBoxThatIsPartlyHiddenChoosesWhatWasClicked) {
     Work(FourInputs, [](const RuleEditorHands& editor) {
         HWND const window = ::GetParent(editor.Rules());
@@ -177,12 +190,11 @@ TEST_F(RuleEditorKeysTest, AClickIntoAListBoxThatIsPartlyHiddenChoosesWhatWasCli
                 // Never twice at the same place: that would be a double click.
                 ::SetCursorPos(area.left + 12 * clicked, area.top + 8);
                 Pump();
-                for (const DWORD step :
-                     {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTUP}) {
-                    ::mouse_event(step, step == MOUSEEVENTF_MOVE ? 1 : 0, 0, 0, 0);
-                    ::Sleep(30);
-                    Pump();
-                }
+                PressMouse(true);
+                ::mouse_event(MOUSEEVENTF_MOVE, 1, 0, 0, 0);
+                ::Sleep(30);
+                Pump();
+                PressMouse(false);
                 EXPECT_EQ(ScreenArea(list).top, area.top) << "height " << height;
                 EXPECT_EQ(::SendMessageW(list, LB_GETCURSEL, 0, 0), 0) << "height " << height;
             }

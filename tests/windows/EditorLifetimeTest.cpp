@@ -114,11 +114,11 @@ TEST(EditorLifetime, TheCountersSeeWhatTheEditorsHold) {
     EXPECT_EQ(Held(), before);
 }
 
-TEST(EditorLifetime, LeavesNothingBehindInManyLives) {
+TEST(EditorLifetime, LeavesNothingBehindInTenLives) {
     Form form;
     form.Place(Start::New, false);
     const auto before = Held();
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 10; ++i) {
         const OpenPage page(form);
         page.Paint();
         page.VisitRules([] {});
