@@ -149,6 +149,9 @@ void RunPanel::Arrange() {
     fill(picture_->Handle(), std::max(0, static_cast<int>(area.bottom) - top - gap));
     FillWidth(outputList_);
     FillWidth(eventLog_);
+    // The borders, too, of what has moved.
+    RedrawWindow(Handle(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void RunPanel::SetControls(const std::vector<std::unique_ptr<PlacedControl>>& controls) {
