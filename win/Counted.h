@@ -17,6 +17,7 @@ class LiveCount {
     static LONG Get() noexcept { return count_; }
 
   private:
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one count per process
     static inline std::atomic<LONG> count_ = 0;
 };
 

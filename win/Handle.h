@@ -23,6 +23,8 @@ class Handle {
     /// Takes the handle over.
     explicit Handle(Type handle) noexcept : handle_(handle) { Count(1); }
 
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
     Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
     Handle& operator=(Handle&& other) noexcept {
         Handle taken(std::move(other));

@@ -24,9 +24,9 @@ struct WindowKind {
 
 /// Where and how a window is made.
 struct WindowPlace {
-    HWND Parent;
-    RECT Position;
-    DWORD Style;
+    HWND Parent = nullptr;
+    RECT Position{};
+    DWORD Style = 0;
     DWORD ExtendedStyle = 0;
     /// The id of a child window.
     UINT Id = 0;

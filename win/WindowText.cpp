@@ -19,7 +19,7 @@ Text TextOf(HWND window) {
 void ShowText(HWND window, const Text& text) noexcept {
     try {
         // A window's text ends at the first zero.
-        if (TextOf(window) != text.c_str()) {
+        if (TextOf(window) != TextView(text).substr(0, text.find(u'\0'))) {
             ::SetWindowTextW(window, Wide(text));
         }
     } catch (const std::bad_alloc&) {

@@ -52,7 +52,7 @@ class Activation {
   private:
     enum class State { Loaded, Active, UIActive };
 
-    HRESULT Enter(IOleInPlaceSite& site);
+    static HRESULT Enter(IOleInPlaceSite& site);
     void MakeWindow(HWND parent, const RECT* position);
     HRESULT BecomeUIActive();
     void SetActiveObject(IOleInPlaceActiveObject* object) noexcept;

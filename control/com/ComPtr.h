@@ -28,6 +28,7 @@ class ComPtr {
     requires std::is_convertible_v<U*, T*> ComPtr(ComPtr<U> other)
     noexcept : object_(other.Detach()) {}
 
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): a copy swapped in is safe
     ComPtr& operator=(const ComPtr& other) noexcept {
         ComPtr(other).Swap(*this);
         return *this;

@@ -46,7 +46,7 @@ class ControlCore {
     void SetExtent(const SIZEL& extent);
 
     /// A reference that keeps the control alive through a call in which the host may release it.
-    ComPtr<IUnknown> SelfReference() noexcept { return ComPtr<IUnknown>(Unknown()); }
+    ComPtr<IUnknown> SelfReference() noexcept { return {Unknown()}; }
 
     /// Tells the sinks of the host that the control looks different.
     void ViewChanged() noexcept { sinks_.ViewChanged(Unknown()); }
