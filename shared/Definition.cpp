@@ -8,7 +8,7 @@
 namespace Quorvane::Definition {
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
-constinit StateStorage TheState;
+StateStorage TheState;
 
 bool IsHeld() {
     const ProcessState& state = State();

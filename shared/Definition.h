@@ -64,17 +64,20 @@ union StateStorage {
     constexpr StateStorage() : State() {}
     StateStorage(const StateStorage&) = delete;
     StateStorage& operator=(const StateStorage&) = delete;
+    // NOLINTNEXTLINE(modernize-use-equals-default): a union with such a member has no default one
     ~StateStorage() {}
 
     ProcessState State;
 };
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
-extern constinit StateStorage TheState;
+extern StateStorage TheState;
 
-/// The state of the process. It is there before any code runs, and it is never destroyed by itself:
-/// it can hold objects of the host, which must not be released while the module is being unloaded.
+/// The state of the process. It is there from the loading of the module on, and it is never
+/// destroyed by itself: it can hold objects of the host, which must not be released while the
+/// module is being unloaded.
 inline ProcessState& State() noexcept {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): its only member
     return TheState.State;
 }
 
