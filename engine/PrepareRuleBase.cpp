@@ -142,7 +142,7 @@ class TableBuilder {
         const auto one = static_cast<std::uint32_t>(tables_->Degrees.size() - 1);
         std::vector<std::uint32_t> antecedents(most * tables_->RuleCount(), one);
         for (std::size_t rule = 0; rule < tables_->RuleCount(); ++rule) {
-            std::ranges::copy(tables_->AntecedentsOf(rule), &antecedents[most * rule]);
+            std::ranges::copy(tables_->AntecedentsOf(rule), antecedents.data() + most * rule);
         }
         for (std::size_t rule = 0; rule <= tables_->RuleCount(); ++rule) {
             tables_->Rules[rule].FirstAntecedent = static_cast<std::uint32_t>(most * rule);
