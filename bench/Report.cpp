@@ -23,6 +23,7 @@ constexpr CycleLimits Limits[] = {
 } // namespace
 
 void PrintCycleTable(const Medians& medians) {
+    std::printf("Ratios of median times; limits in brackets\n");
     for (const CycleLimits& limits : Limits) {
         const auto time = [&](const char* stream, const char* engine) {
             const auto found = medians.find(CycleName(limits.Workload, stream, engine));

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <stdexcept>
 
 #include "engine/Infer.h"
@@ -29,6 +30,12 @@ Rig& Rig::Of(const Workload& workload) {
         rig.reset();
         rig.reset(new Rig(workload));
         name = workload.Name;
+        // Once is enough, and takes long with the reference.
+        static std::set<std::string> compared;
+        if (compared.insert(workload.Name).second) {
+            rig->RequireAgreement(Change::All);
+            rig->RequireAgreement(Change::One);
+        }
     }
     return *rig;
 }
@@ -42,8 +49,6 @@ Rig::Rig(const Workload& workload) {
     }
     reference_.PrepareRuleBase();
     dense_ = std::make_unique<DenseEngine>(reference_.Prepared);
-    RequireAgreement(Change::All);
-    RequireAgreement(Change::One);
 }
 
 void Rig::RequireAgreement(Change change) {
