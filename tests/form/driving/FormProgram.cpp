@@ -12,6 +12,9 @@ namespace Quorvane::Driving {
 
 namespace {
 
+/// In milliseconds.
+constexpr DWORD LongestStart = 20000;
+
 PROCESS_INFORMATION Start(std::wstring commandLine) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
@@ -60,7 +63,7 @@ void RegisterControl(bool registered) {
 FormProgram::FormProgram(const std::wstring& arguments)
     : process_(Start(Quoted(ProductFolder() / L"QuorvaneForm.exe") + L' ' + arguments)) {
     main_ = Dialog(WindowClass::Form);
-    WaitForInputIdle(process_.hProcess, INFINITE);
+    WaitForInputIdle(process_.hProcess, LongestStart);
 }
 
 FormProgram::~FormProgram() {
