@@ -10,7 +10,9 @@ set(QUORVANE_SANITIZE "" CACHE STRING "Sanitizers to build with, for example add
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    # It keeps nothing that includes a precompiled header without this leave.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
     set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
