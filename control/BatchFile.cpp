@@ -20,7 +20,8 @@ void DeleteExisting(const wchar_t* path) {
     }
 }
 
-HANDLE CreateNew(const wchar_t* path) {
+HANDLE Replace(const wchar_t* path) {
+    DeleteExisting(path);
     HANDLE const file = ::CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
@@ -31,10 +32,8 @@ HANDLE CreateNew(const wchar_t* path) {
 
 } // namespace
 
-BatchFile::BatchFile(const Text& path) {
+BatchFile::BatchFile(const Text& path) : file_(Replace(Com::Wide(path))) {
     buffer_.reserve(BufferSize);
-    DeleteExisting(Com::Wide(path));
-    file_ = CreateNew(Com::Wide(path));
 }
 
 BatchFile::~BatchFile() {

@@ -4,9 +4,9 @@
 
 namespace Quorvane {
 
-COLORREF ToColorRef(OLE_COLOR color, OLE_COLOR otherwise) noexcept {
+COLORREF ToColorRef(OLE_COLOR value, OLE_COLOR otherwise) noexcept {
     COLORREF result = 0;
-    if (FAILED(::OleTranslateColor(color, nullptr, &result))) {
+    if (FAILED(::OleTranslateColor(value, nullptr, &result))) {
         ::OleTranslateColor(otherwise, nullptr, &result);
     }
     return result;

@@ -19,7 +19,7 @@ inline constexpr OLE_COLOR ActiveTitleColor = 0x80000002;
 
 /// The colour to draw with. Hosts may store any number as a colour; one that means none is drawn
 /// as `otherwise`.
-COLORREF ToColorRef(OLE_COLOR color, OLE_COLOR otherwise) noexcept;
+COLORREF ToColorRef(OLE_COLOR value, OLE_COLOR otherwise) noexcept;
 
 /// The colour of the caption on a strip. That of a disabled one is halfway to the strip's own,
 /// since the system's grey is hard to see on a coloured strip.

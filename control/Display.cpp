@@ -78,7 +78,7 @@ void Display::ShowFonts() noexcept {
     }
 }
 
-void Display::Repaint() noexcept {
+void Display::Repaint() const noexcept {
     if (HWND const surface = Surface()) {
         ::RedrawWindow(surface, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     }

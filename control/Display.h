@@ -116,7 +116,7 @@ class Display {
     void ShowFonts() noexcept;
 
     /// Has the surface drawn anew, at once.
-    void Repaint() noexcept;
+    void Repaint() const noexcept;
 
     /// Hides the panel, where it is not hidden already: cycles come by the thousand.
     void HidePanel() noexcept;

@@ -34,6 +34,7 @@ std::optional<Text> ShownValue(ValueDictionary& values, TextView key) noexcept {
 
 /// Writes the values into the rows of their variables. Rows are found again after each value, since
 /// a host's dictionary may run code that refills the lists.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): held, as the host may assign another
 void TakeValues(std::vector<ListRow>& rows, const std::optional<VariableDictionary>& variables,
                 std::shared_ptr<ValueDictionary> values) {
     if (!values) {

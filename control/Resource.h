@@ -2,7 +2,9 @@
 // The ids of the control's resources. The type library is 1, as loading by file name expects.
 #pragma once
 
+// NOLINTBEGIN(cppcoreguidelines-macro-usage): the resource compiler knows no other constants
 #define QUORVANE_TYPELIB 1
 #define QUORVANE_MANIFEST 2
 #define QUORVANE_TOOLBOX_BITMAP 101
 #define QUORVANE_ERROR_ICON 102
+// NOLINTEND(cppcoreguidelines-macro-usage)

@@ -40,7 +40,7 @@ class ScriptingDictionary final
     static Com::ComPtr<IDictionary> Of(const std::shared_ptr<OwnValueDictionary>& dictionary);
 
     explicit ScriptingDictionary(std::shared_ptr<OwnValueDictionary> dictionary);
-    ~ScriptingDictionary();
+    ~ScriptingDictionary() override;
 
     // IDictionary
     STDMETHODIMP putref_Item(VARIANT* key, VARIANT* item) noexcept override;

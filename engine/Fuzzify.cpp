@@ -16,6 +16,7 @@ class DegreeChange {
     DegreeChange(PreparedRules& rules, std::size_t input) : rules_(rules), input_(input) {}
     DegreeChange(const DegreeChange&) = delete;
     DegreeChange& operator=(const DegreeChange&) = delete;
+    // NOLINTNEXTLINE(bugprone-exception-escape): a selector always has a shape
     ~DegreeChange() {
         rules_.Selector.Update(rules_, input_);
         rules_.AreSumsCurrent = false;

@@ -45,6 +45,7 @@ void GdiGraphSurface::Line(float x1, float y1, float x2, float y2) {
     const Win::Pen pen(
         penStyle_ == PenStyle::Dotted
             ? ::CreatePen(PS_DOT, 1, color_)
+            // NOLINTNEXTLINE(misc-redundant-expression): two of the named bits are 0
             : ::ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND | PS_JOIN_ROUND, width,
                              &brush, 0, nullptr));
     const Win::Selection selected(context_, pen.Get());

@@ -126,7 +126,7 @@ class PageView final : private Win::Window {
     void Reflect();
 
     TreeView* EditedTree();
-    void TranslateEditKey(TreeView& edited, MSG& message);
+    static void TranslateEditKey(TreeView& edited, MSG& message);
     bool TranslateEnter(const MSG& message);
     bool LeavesPage(const MSG& tab) const;
 

@@ -60,7 +60,7 @@ bool PageView::LeavesPage(const MSG& tab) const {
 /// Enter presses the button that has the focus. Elsewhere it is the frame's, as Esc is.
 bool PageView::TranslateEnter(const MSG& message) {
     const auto buttons = Buttons();
-    const auto pressed = std::ranges::find(buttons, message.hwnd);
+    const auto* const pressed = std::ranges::find(buttons, message.hwnd);
     if (pressed == buttons.end()) {
         return false;
     }

@@ -163,7 +163,7 @@ TreeNode* TreeView::ClickedNode() const {
     TVHITTESTINFO hit{};
     hit.pt = {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
     ::ScreenToClient(Window(), &hit.pt);
-    HTREEITEM const item = TreeView_HitTest(Window(), &hit);
+    auto* const item = TreeView_HitTest(Window(), &hit);
     return (hit.flags & TVHT_ONITEM) != 0 ? NodeOf(item) : nullptr;
 }
 
@@ -234,7 +234,7 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
     }
 }
 
-LRESULT TreeView::CustomDraw(NMTVCUSTOMDRAW& draw) const {
+LRESULT TreeView::CustomDraw(NMTVCUSTOMDRAW& draw) {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
         return CDRF_NOTIFYITEMDRAW;
     }

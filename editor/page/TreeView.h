@@ -69,7 +69,7 @@ class TreeView final : public TreeControl {
     TreeNode* NodeOf(HTREEITEM item) const;
     TreeNode* ClickedNode() const;
     bool IsOutdatedEdit(const TreeNode& node);
-    LRESULT CustomDraw(NMTVCUSTOMDRAW& draw) const;
+    static LRESULT CustomDraw(NMTVCUSTOMDRAW& draw);
 
     TreeEvents& events_;
     Win::ChildWindow window_;

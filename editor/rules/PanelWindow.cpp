@@ -27,7 +27,7 @@ void FillBackground(HWND window, HDC context) {
 
 } // namespace
 
-PanelWindow::NameOf::NameOf(HWND window, const Text& name) : window_(window), name_(name) {
+PanelWindow::NameOf::NameOf(HWND window, Text name) : window_(window), name_(std::move(name)) {
     ::SetPropW(window_, Win::Wide(name_), window_);
 }
 

@@ -52,7 +52,7 @@ class PanelWindow final : public Win::Window {
     /// The name of a window whose text is something else.
     class NameOf {
       public:
-        NameOf(HWND window, const Text& name);
+        NameOf(HWND window, Text name);
         ~NameOf();
         NameOf(const NameOf&) = delete;
         NameOf& operator=(const NameOf&) = delete;
