@@ -85,7 +85,7 @@ TEST_F(ParseDefinitionTest, TwoRulesCannotDifferInCaseAlone) {
 
 TEST_F(ParseDefinitionTest, WidensMinAndMaxToTheTerms) {
     struct Case {
-        const char16_t* Inputs;
+        const char16_t* Variables;
         double Min;
         double Max;
     };
@@ -104,15 +104,24 @@ TEST_F(ParseDefinitionTest, WidensMinAndMaxToTheTerms) {
         {u"X/8/0/A,3,-9,99,4", 3, 4},
     };
     for (const Case& test : cases) {
-        SCOPED_TRACE(Narrow(test.Inputs));
-        Parse(test.Inputs, u"", u"");
+        SCOPED_TRACE(Narrow(test.Variables));
+        Parse(test.Variables, u"", u"");
         const LinguisticVariable& variable = State().InputVariables->At(u"X");
         EXPECT_TRUE(SameBits(test.Min, variable.Min));
         EXPECT_TRUE(SameBits(test.Max, variable.Max));
     }
-    Parse(u"", u"Y/8/0/A,3;B,2;C,12", u"");
-    EXPECT_TRUE(SameBits(2, State().OutputVariables->At(u"Y").Min));
-    EXPECT_TRUE(SameBits(12, State().OutputVariables->At(u"Y").Max));
+    const Case outputs[] = {
+        {u"X/8/0/A,3;B,2;C,12", 2, 12},
+        {u"X/8/0/A,9;B,10", 8, 10},
+        {u"X/8/0/A,-4;B,-3", -4, 0},
+    };
+    for (const Case& test : outputs) {
+        SCOPED_TRACE(Narrow(test.Variables));
+        Parse(u"", test.Variables, u"");
+        const LinguisticVariable& variable = State().OutputVariables->At(u"X");
+        EXPECT_TRUE(SameBits(test.Min, variable.Min));
+        EXPECT_TRUE(SameBits(test.Max, variable.Max));
+    }
 }
 
 TEST_F(ParseDefinitionTest, TakesBlanksAsPartsOfNamesAndNumbers) {
