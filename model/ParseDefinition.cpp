@@ -71,7 +71,9 @@ void ParseVariables(TextView plain, Side side, VariableDictionary& variables,
 }
 
 void ParseRules(TextView plain, RuleDictionary& rules) {
-    for (const TextView rule : Split(plain, u'|')) {
+    const auto pieces = Split(plain, u'|');
+    rules.Reserve(pieces.size());
+    for (const TextView rule : pieces) {
         rules.Add(Text(rule), Text(rule));
     }
 }

@@ -42,12 +42,11 @@ std::uint8_t HexDigit(char16_t digit) {
 
 Text Decode(TextView stored) {
     const TextServices& platform = *Definition::State().Platform;
-    Text text;
-    text.reserve((stored.size() + 1) / 2);
+    Text text((stored.size() + 1) / 2, u'\0');
     for (std::size_t i = 0; i < stored.size(); i += 2) {
         const unsigned high = i + 1 < stored.size() ? HexDigit(stored[i + 1]) : 0U;
         const auto code = static_cast<std::uint8_t>(high << 4 | HexDigit(stored[i]));
-        text.push_back(code < AsciiEnd ? char16_t{code} : platform.AnsiCharacter(code));
+        text[i / 2] = code < AsciiEnd ? char16_t{code} : platform.AnsiCharacter(code);
     }
     return text;
 }

@@ -82,10 +82,10 @@ std::size_t Hash(TextView key, Fold fold) noexcept {
 
 } // namespace
 
-std::size_t KeyHash::operator()(TextView key) const noexcept {
+std::size_t KeyHash::operator()(TextView key) const {
     return Comparison == KeyComparison::Exact
                ? Hash(key, [](char16_t character) { return character; })
-               : Hash(key, FoldCase);
+               : Hash(key, [](char16_t character) { return FoldCase(character); });
 }
 
 bool KeyEqual::operator()(TextView left, TextView right) const noexcept {

@@ -16,10 +16,11 @@ namespace Quorvane {
 /// How a dictionary compares its keys. The values are those of the scripting dictionary.
 enum class KeyComparison { Exact = 0, IgnoreCase = 1 };
 
-/// Hashes keys so that keys that compare equal hash equal.
+/// Hashes keys so that keys that compare equal hash equal. It never throws; it does not say so
+/// because the standard library then keeps the hashes instead of computing them again and again.
 struct KeyHash {
     KeyComparison Comparison;
-    std::size_t operator()(TextView key) const noexcept;
+    std::size_t operator()(TextView key) const;
 };
 
 struct KeyEqual {
@@ -74,6 +75,9 @@ class StringKeyedDictionary {
     KeyComparison Comparison() const { return index_.key_eq().Comparison; }
     std::size_t Count() const { return entries_.size(); }
     bool Empty() const { return entries_.empty(); }
+
+    /// Makes room for so many entries, which spares growing on the way there.
+    void Reserve(std::size_t count) { index_.reserve(count); }
 
     /// Adds an entry at the end and returns its value. Raises DuplicateKey when the key exists.
     Value& Add(Text key, Value value) {

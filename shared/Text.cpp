@@ -29,16 +29,13 @@ Text Widen(std::string_view ascii) {
     return {ascii.begin(), ascii.end()};
 }
 
-char16_t FoldCase(char16_t character) noexcept {
+char16_t FoldCaseBeyondAscii(char16_t character) noexcept {
     const auto in = [character](char16_t first, char16_t last) {
         return character >= first && character <= last;
     };
     const auto shifted = [character](int distance) {
         return static_cast<char16_t>(character - distance);
     };
-    if (character < 0x80) {
-        return in(u'a', u'z') ? shifted(0x20) : character;
-    }
     if ((in(0xE0, 0xFE) && character != 0xF7) || in(0x3B1, 0x3C1) || in(0x3C3, 0x3CB) ||
         in(0x430, 0x44F) || in(0xFF41, 0xFF5A)) {
         return shifted(0x20);

@@ -22,8 +22,18 @@ void Split(TextView text, char16_t separator, std::vector<TextView>& pieces);
 /// Widens printable ASCII.
 Text Widen(std::string_view ascii);
 
+/// FoldCase of a character that is no ASCII.
+char16_t FoldCaseBeyondAscii(char16_t character) noexcept;
+
 /// The upper-case form of a character, for comparing keys without regard to case: the letters of
 /// ASCII, Latin-1, Greek, Cyrillic and the full-width forms; every other character is itself.
-char16_t FoldCase(char16_t character) noexcept;
+inline char16_t FoldCase(char16_t character) noexcept {
+    constexpr char16_t AsciiEnd = 0x80;
+    if (character < AsciiEnd) {
+        const bool isLower = character >= u'a' && character <= u'z';
+        return static_cast<char16_t>(character - (isLower ? 0x20 : 0));
+    }
+    return FoldCaseBeyondAscii(character);
+}
 
 } // namespace Quorvane
