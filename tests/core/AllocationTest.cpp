@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Counts what a cycle allocates once it has run before: nothing.
+#include <malloc.h>
+
 #include <cstdlib>
 #include <new>
 
@@ -11,9 +13,26 @@ namespace {
 
 std::size_t allocationCount = 0;
 
+#ifdef _WIN32
+// The C runtime of 32-bit Windows aligns to less than the compiler counts on.
+void* TakeMemory(std::size_t size) {
+    return ::_aligned_malloc(size, __STDCPP_DEFAULT_NEW_ALIGNMENT__);
+}
+void GiveBack(void* memory) {
+    ::_aligned_free(memory);
+}
+#else
+void* TakeMemory(std::size_t size) {
+    return std::malloc(size);
+}
+void GiveBack(void* memory) {
+    std::free(memory);
+}
+#endif
+
 void* Allocate(std::size_t size) {
     ++allocationCount;
-    if (void* const memory = std::malloc(size)) {
+    if (void* const memory = TakeMemory(size != 0 ? size : 1)) {
         return memory;
     }
     throw std::bad_alloc();
@@ -30,19 +49,19 @@ void* operator new[](std::size_t size) {
 }
 
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    GiveBack(memory);
 }
 
 void operator delete[](void* memory) noexcept {
-    std::free(memory);
+    GiveBack(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    GiveBack(memory);
 }
 
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    GiveBack(memory);
 }
 
 namespace Quorvane {
