@@ -21,6 +21,8 @@ add_compile_options(-ffp-contract=off)
 if(MINGW AND CMAKE_SIZEOF_VOID_P EQUAL 4)
     # Hosts call in with a stack aligned to 4 bytes only; SSE spills need 16.
     add_compile_options(-msse2 -mfpmath=sse -mstackrealign)
+    # The C runtime aligns memory to 8 bytes only, so what needs 16 has to ask for it.
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-faligned-new=8>)
 endif()
 
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")

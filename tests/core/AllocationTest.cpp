@@ -13,26 +13,26 @@ namespace {
 
 std::size_t allocationCount = 0;
 
+// Every form of operator new comes here, so every form of operator delete has to go to GiveBack.
 #ifdef _WIN32
-// The C runtime of 32-bit Windows aligns to less than the compiler counts on.
-void* TakeMemory(std::size_t size) {
-    return ::_aligned_malloc(size, __STDCPP_DEFAULT_NEW_ALIGNMENT__);
+void* TakeMemory(std::size_t size, std::size_t alignment) {
+    return ::_aligned_malloc(size, alignment);
 }
 void GiveBack(void* memory) {
     ::_aligned_free(memory);
 }
 #else
-void* TakeMemory(std::size_t size) {
-    return std::malloc(size);
+void* TakeMemory(std::size_t size, std::size_t alignment) {
+    return std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
 }
 void GiveBack(void* memory) {
     std::free(memory);
 }
 #endif
 
-void* Allocate(std::size_t size) {
+void* Allocate(std::size_t size, std::size_t alignment = __STDCPP_DEFAULT_NEW_ALIGNMENT__) {
     ++allocationCount;
-    if (void* const memory = TakeMemory(size != 0 ? size : 1)) {
+    if (void* const memory = TakeMemory(size != 0 ? size : 1, alignment)) {
         return memory;
     }
     throw std::bad_alloc();
@@ -48,11 +48,23 @@ void* operator new[](std::size_t size) {
     return Allocate(size);
 }
 
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return Allocate(size, static_cast<std::size_t>(alignment));
+}
+
 void operator delete(void* memory) noexcept {
     GiveBack(memory);
 }
 
 void operator delete[](void* memory) noexcept {
+    GiveBack(memory);
+}
+
+void operator delete(void* memory, std::align_val_t) noexcept {
+    GiveBack(memory);
+}
+
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
     GiveBack(memory);
 }
 
