@@ -7,7 +7,7 @@
 
 namespace Quorvane::Bench {
 
-/// The median time of one iteration, in nanoseconds, by the name of the benchmark.
+/// The median of the real time of one iteration, in nanoseconds, by the name of the benchmark.
 using Medians = std::map<std::string, double>;
 
 inline std::string CycleName(const std::string& workload, const std::string& stream,

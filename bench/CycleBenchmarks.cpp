@@ -23,9 +23,11 @@ void RunCycles(benchmark::State& run, const Workload& workload, Change change) {
 template <Engine engine>
 void Register(const Workload& workload, Change change, const std::string& stream,
               const std::string& name) {
+    // Real time: that of the processor comes in steps of many milliseconds under Wine.
     benchmark::RegisterBenchmark(
         CycleName(workload.Name, stream, name).c_str(),
-        [&workload, change](benchmark::State& run) { RunCycles<engine>(run, workload, change); });
+        [&workload, change](benchmark::State& run) { RunCycles<engine>(run, workload, change); })
+        ->UseRealTime();
 }
 
 } // namespace

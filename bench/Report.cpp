@@ -29,6 +29,9 @@ void PrintCycleTable(const Medians& medians) {
             const auto found = medians.find(CycleName(limits.Workload, stream, engine));
             return found == medians.end() ? 0 : found->second;
         };
+        if (time("all", "dense") == 0) {
+            continue; // left out by a filter
+        }
         std::printf("%s dense %.1f ns  all %.1f ns: %.4f (at most %.4g)  one %.1f ns: %.4f (at "
                     "most %.4g)  nothing %.1f  reference %.0fx (at least %.0fx)\n",
                     limits.Workload, time("all", "dense"), time("all", "product"),
