@@ -9,8 +9,8 @@ namespace Quorvane {
 
 Text ControlModulePath() {
     const Text program = Com::ModulePath();
-    const Text way =
-        program.substr(0, program.find_last_of(u'\\') + 1) + Widen(QUORVANE_CONTROL_FROM_TESTS);
+    const Text way = program.substr(0, program.find_last_of(u'\\') + 1) + Widen(QUORVANE_PRODUCTS) +
+                     u"\\QuorvaneAxEditor.ocx";
     // Without the steps back: not every function of the platform follows them.
     Text full(32768, u'\0');
     full.resize(::GetFullPathNameW(Com::Wide(way), static_cast<DWORD>(full.size()),

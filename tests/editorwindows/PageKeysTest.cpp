@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "control/com/Scoped.h"
+#include "tests/com/support/HeldKey.h"
 #include "tests/editorwindows/PageTest.h"
 
 namespace Quorvane {

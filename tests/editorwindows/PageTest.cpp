@@ -80,13 +80,6 @@ void Pump() {
     }
 }
 
-void HeldKey::Set(BYTE state) const {
-    BYTE keys[256]{};
-    ::GetKeyboardState(keys);
-    keys[key_] = state;
-    ::SetKeyboardState(keys);
-}
-
 STDMETHODIMP FrameSite::OnStatusChange(DWORD flags) noexcept {
     if ((flags & PROPPAGESTATUS_DIRTY) != 0) {
         ++DirtyReports;

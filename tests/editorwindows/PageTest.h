@@ -75,20 +75,6 @@ class PageTest : public ControlTest {
     Com::ComPtr<IPropertyPage> page_;
 };
 
-/// Holds a key down, such as VK_SHIFT, for as long as it lives.
-class HeldKey {
-  public:
-    explicit HeldKey(int key) : key_(key) { Set(0x80); }
-    ~HeldKey() { Set(0); }
-    HeldKey(const HeldKey&) = delete;
-    HeldKey& operator=(const HeldKey&) = delete;
-
-  private:
-    void Set(BYTE state) const;
-
-    int key_;
-};
-
 /// The text of a window.
 Text WindowText(HWND window);
 

@@ -38,8 +38,8 @@ class ProgramTest : public testing::Test {
 
     // Runs the program with the control of this build.
     ChildResult Run(const Text& arguments) const {
-        return RunChild(u"\"" + BuiltFile(QUORVANE_HOST_FROM_TESTS) + u"\" --dll \"" +
-                        BuiltFile(QUORVANE_CONTROL_FROM_TESTS) + u"\" " + arguments);
+        return RunChild(u"\"" + BuiltFile(QUORVANE_PRODUCTS "\\QuorvaneHost.exe") + u"\" --dll \"" +
+                        BuiltFile(QUORVANE_PRODUCTS "\\QuorvaneAxEditor.ocx") + u"\" " + arguments);
     }
 
     // Runs the form with a script beside it.

@@ -20,7 +20,8 @@ std::filesystem::path SamplePath() {
 std::filesystem::path ControlPath() {
     wchar_t program[MAX_PATH]{};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return std::filesystem::path(program).parent_path() / QUORVANE_CONTROL_FROM_TESTS;
+    return std::filesystem::path(program).parent_path() / QUORVANE_PRODUCTS /
+           "QuorvaneAxEditor.ocx";
 }
 
 std::string Narrow(const std::wstring& text) {

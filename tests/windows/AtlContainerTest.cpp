@@ -52,7 +52,7 @@ Text ProgramFolder() {
 Text IsolatedFolder() {
     const Text folder = ProgramFolder() + u"\\isolated";
     ::CreateDirectoryW(Com::Wide(folder), nullptr);
-    const Text products = ProgramFolder() + u"\\" + Widen(QUORVANE_PRODUCTS_FROM_TESTS);
+    const Text products = ProgramFolder() + u"\\" + Widen(QUORVANE_PRODUCTS);
     for (const Text name : {u"\\QuorvaneAxEditor.ocx", u"\\QuorvaneAxEditor.manifest"}) {
         ::CopyFileW(Com::Wide(products + name), Com::Wide(folder + name), FALSE);
     }

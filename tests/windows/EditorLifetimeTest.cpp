@@ -12,6 +12,7 @@
 
 #include "control/com/ComObject.h"
 #include "tests/windows/support/Form.h"
+#include "tests/windows/support/PageFrame.h"
 #include "win/ActivationContext.h"
 #include "win/Window.h"
 
@@ -28,23 +29,11 @@ std::vector<LONG> Held() {
         Win::LiveCount<Win::ActivationContext>::Get()};
 }
 
-/// The frame of a page.
-class Frame final : public Com::ComObject<IPropertyPageSite> {
-  public:
-    STDMETHODIMP OnStatusChange(DWORD) noexcept override { return S_OK; }
-    STDMETHODIMP GetLocaleID(LCID* locale) noexcept override {
-        *locale = 1033;
-        return S_OK;
-    }
-    STDMETHODIMP GetPageContainer(IUnknown**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP TranslateAccelerator(MSG*) noexcept override { return S_FALSE; }
-};
-
 /// The page on the control of a form, shown in the form's window.
 class OpenPage {
   public:
     explicit OpenPage(Form& form)
-        : page_(NewObject(CLSID_FIS_IO).As<IPropertyPage>()), frame_(Com::MakeObject<Frame>()) {
+        : page_(NewObject(CLSID_FIS_IO).As<IPropertyPage>()), frame_(Com::MakeObject<PageFrame>()) {
         const RECT area{0, 0, 400, 300};
         IUnknown* object = form.Control().Get();
         Com::Check(page_->SetPageSite(frame_.Get()));
@@ -92,7 +81,7 @@ class OpenPage {
     static inline std::function<void()> look_;
 
     Com::ComPtr<IPropertyPage> page_;
-    Com::ComPtr<Frame> frame_;
+    Com::ComPtr<PageFrame> frame_;
     HWND window_ = nullptr;
 };
 

@@ -13,7 +13,6 @@
 #include "tests/com/support/Systems.h"
 #include "tests/com/support/TestBag.h"
 #include "tests/windows/support/Form.h"
-#include "tests/windows/support/MemoryBag.h"
 #include "tests/windows/support/Picture.h"
 #include "win/WindowText.h"
 
@@ -182,8 +181,8 @@ TEST(Display, DisablesCaptionAndBothListsByThePropertyButOnlyTheInputListByLoadi
 
     Form loaded;
     loaded.Place(Start::Not);
-    const auto bag = Com::MakeObject<MemoryBag>();
-    bag->Items[L"Enabled"] = Com::Variant(false);
+    const auto bag = Com::MakeObject<TestBag>();
+    bag->Values[u"Enabled"] = Com::Variant(false);
     ASSERT_EQ(loaded.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr), S_OK);
     loaded.Activate();
     EXPECT_TRUE(::IsWindowEnabled(loaded.Label()));
@@ -354,10 +353,10 @@ TEST(Display, ShowsWhatIsLoadedAfterTheActivation) {
     Form form;
     form.Place(Start::Not);
     form.Activate();
-    const auto bag = Com::MakeObject<MemoryBag>();
-    bag->Items[L"Caption"] = Com::Variant(TextView(u"Late"));
-    bag->Items[L"ForeColor"] = Com::Variant(LONG{0x00112233});
-    bag->Items[L"Enabled"] = Com::Variant(false);
+    const auto bag = Com::MakeObject<TestBag>();
+    bag->Values[u"Caption"] = Com::Variant(TextView(u"Late"));
+    bag->Values[u"ForeColor"] = Com::Variant(LONG{0x00112233});
+    bag->Values[u"Enabled"] = Com::Variant(false);
     ASSERT_EQ(form.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr), S_OK);
     EXPECT_EQ(Win::TextOf(form.Label()), u"Late");
     EXPECT_EQ(ListView_GetTextColor(form.Output()), COLORREF{0x00112233});

@@ -8,29 +8,11 @@
 
 #include "control/com/ErrorBoundary.h"
 #include "shared/Definition.h"
+#include "tests/com/support/HeldKey.h"
 #include "tests/windows/support/Form.h"
 
 namespace Quorvane {
 namespace {
-
-/// Holds a key down for this thread.
-class HeldKey {
-  public:
-    explicit HeldKey(int key) : key_(key) { Set(0x80); }
-    ~HeldKey() { Set(0); }
-    HeldKey(const HeldKey&) = delete;
-    HeldKey& operator=(const HeldKey&) = delete;
-
-  private:
-    void Set(BYTE state) const {
-        BYTE keys[256];
-        ::GetKeyboardState(keys);
-        keys[key_] = state;
-        ::SetKeyboardState(keys);
-    }
-
-    int key_;
-};
 
 /// Gives a key to the focus as a host's loop does: first to the active object.
 HRESULT Press(const Form& form, WPARAM key) {

@@ -12,6 +12,7 @@
 #include "control/com/ErrorBoundary.h"
 #include "control/com/Module.h"
 #include "tests/windows/support/Form.h"
+#include "tests/windows/support/PageFrame.h"
 #include "win/ActivationContext.h"
 #include "win/Window.h"
 
@@ -97,18 +98,6 @@ void WindowDestroyedFirst(Form& form) {
     ::DestroyWindow(form.Surface());
     form.Remove();
 }
-
-/// The frame of a property page.
-class PageFrame final : public Com::ComObject<IPropertyPageSite> {
-  public:
-    STDMETHODIMP OnStatusChange(DWORD) noexcept override { return S_OK; }
-    STDMETHODIMP GetLocaleID(LCID* locale) noexcept override {
-        *locale = 1033;
-        return S_OK;
-    }
-    STDMETHODIMP GetPageContainer(IUnknown**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP TranslateAccelerator(MSG*) noexcept override { return S_FALSE; }
-};
 
 void PageOpened(Form& form) {
     form.Place(Start::New, false);

@@ -21,8 +21,8 @@ class Resources : public testing::Test {
   protected:
     Resources() {
         const Text program = Com::ModulePath();
-        path_ = program.substr(0, program.find_last_of(u'\\') + 1) +
-                Widen(QUORVANE_PRODUCTS_FROM_TESTS) + u"\\QuorvaneAxEditor.ocx";
+        path_ = program.substr(0, program.find_last_of(u'\\') + 1) + Widen(QUORVANE_PRODUCTS) +
+                u"\\QuorvaneAxEditor.ocx";
         module_ = ::LoadLibraryExW(Com::Wide(path_), nullptr,
                                    LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
     }

@@ -8,7 +8,7 @@
 #include "control/DisplayWindow.h"
 #include "control/com/ClassFactory.h"
 #include "control/com/ErrorBoundary.h"
-#include "tests/windows/support/MemoryBag.h"
+#include "tests/com/support/TestBag.h"
 #include "win/Handle.h"
 
 namespace Quorvane {
@@ -78,7 +78,7 @@ void Form::Place(Com::ComPtr<_FISControl> control, Start start) {
     if (start == Start::New) {
         Com::Check(As<IPersistStreamInit>()->InitNew());
     } else if (start == Start::FromEmptyBag) {
-        const auto bag = Com::MakeObject<MemoryBag>();
+        const auto bag = Com::MakeObject<TestBag>();
         Com::Check(As<IPersistPropertyBag>()->Load(bag.Get(), nullptr));
     }
 }
