@@ -66,4 +66,10 @@ Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& 
     return control;
 }
 
+void FillBackground(HWND window, HDC context) noexcept {
+    RECT area{};
+    ::GetClientRect(window, &area);
+    ::FillRect(context, &area, ::GetSysColorBrush(COLOR_BTNFACE));
+}
+
 } // namespace Quorvane::Editor

@@ -34,4 +34,7 @@ class DialogFont {
 Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& text, DWORD style,
                              UINT id, const DialogFont& font, DWORD extendedStyle = 0);
 
+/// Fills the client area of a window in the colour of dialogs.
+void FillBackground(HWND window, HDC context) noexcept;
+
 } // namespace Quorvane::Editor

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // main: the host program. Loads a form file and runs the script behind it.
+#include "host/Apartment.h"
 #include "host/Console.h"
-#include "host/HResult.h"
 #include "host/Options.h"
 #include "host/RunningForm.h"
 #include "host/Utf8.h"
@@ -15,14 +15,6 @@ using namespace Quorvane::Host;
 
 constexpr int Failed = 1;
 constexpr int WrongUse = 2;
-
-class Apartment {
-  public:
-    Apartment() { Check(OleInitialize(nullptr), L"initialise COM"); }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-    ~Apartment() { OleUninitialize(); }
-};
 
 void PrintError(const std::wstring& line) {
     WriteConsoleLine(STD_ERROR_HANDLE, line);

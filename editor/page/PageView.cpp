@@ -187,12 +187,9 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_SIZE:
         Arrange();
         return 0;
-    case WM_ERASEBKGND: {
-        RECT area{};
-        ::GetClientRect(Get(), &area);
-        ::FillRect(reinterpret_cast<HDC>(first), &area, ::GetSysColorBrush(COLOR_BTNFACE));
+    case WM_ERASEBKGND:
+        FillBackground(Get(), reinterpret_cast<HDC>(first));
         return TRUE;
-    }
     case WM_NOTIFY:
         return OnNotify(*reinterpret_cast<NMHDR*>(second));
     case WM_COMMAND:

@@ -19,12 +19,6 @@ constexpr UINT FirstListId = 100;
 constexpr int RightMargin = 60;
 constexpr int ListRight = 1250 + 1500;
 
-void FillBackground(HWND window, HDC context) {
-    RECT area{};
-    ::GetClientRect(window, &area);
-    ::FillRect(context, &area, ::GetSysColorBrush(COLOR_BTNFACE));
-}
-
 } // namespace
 
 PanelWindow::NameOf::NameOf(HWND window, Text name) : window_(window), name_(std::move(name)) {

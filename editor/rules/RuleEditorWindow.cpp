@@ -238,12 +238,9 @@ LRESULT RuleEditorWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case ValidateWeightMessage:
         ValidateWeight();
         return 0;
-    case WM_ERASEBKGND: {
-        RECT area{};
-        ::GetClientRect(Get(), &area);
-        ::FillRect(reinterpret_cast<HDC>(first), &area, ::GetSysColorBrush(COLOR_BTNFACE));
+    case WM_ERASEBKGND:
+        FillBackground(Get(), reinterpret_cast<HDC>(first));
         return TRUE;
-    }
     case DM_GETDEFID:
         return MAKELRESULT(RuleEditorParts::CmdAddId, DC_HASDEFID);
     case WM_CLOSE:

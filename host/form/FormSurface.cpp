@@ -2,6 +2,8 @@
 // FormSurface: the form itself, with its controls live in run mode and to be moved in design mode.
 #include "host/form/FormSurface.h"
 
+#include "host/form/Drawing.h"
+
 #include <algorithm>
 #include <array>
 
@@ -151,26 +153,15 @@ LRESULT FormSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void FormSurface::Paint() {
-    PAINTSTRUCT paint{};
-    const HDC screen = BeginPaint(Handle(), &paint);
-    RECT area{};
-    GetClientRect(Handle(), &area);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
-    const HGDIOBJ former = SelectObject(memory, bitmap);
-    FillRect(memory, &area, GetSysColorBrush(COLOR_BTNFACE));
-    if (!settings_.RunMode) {
-        DrawGrid(memory, area);
-        for (const auto& control : controls_) {
-            control->Draw(memory);
-        }
-        DrawSelection(memory);
+    const BufferedPaint paint(Handle(), COLOR_BTNFACE);
+    if (settings_.RunMode) {
+        return;
     }
-    BitBlt(screen, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, former);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
-    EndPaint(Handle(), &paint);
+    DrawGrid(paint.Context(), paint.Area());
+    for (const auto& control : controls_) {
+        control->Draw(paint.Context());
+    }
+    DrawSelection(paint.Context());
 }
 
 void FormSurface::DrawGrid(HDC context, const RECT& area) const {

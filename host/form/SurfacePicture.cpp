@@ -2,6 +2,7 @@
 // SurfacePicture: the control surface drawn from the two batch files.
 #include "host/form/SurfacePicture.h"
 
+#include "host/form/Drawing.h"
 #include "host/form/Texts.h"
 
 #include <algorithm>
@@ -47,24 +48,6 @@ std::vector<std::vector<double>> ReadRows(const std::filesystem::path& path) {
     }
     return rows;
 }
-
-/// Selects an object for as long as it lives, then deletes it.
-class Selected {
-  public:
-    Selected(HDC context, HGDIOBJ object)
-        : context_(context), object_(object), former_(SelectObject(context, object)) {}
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-    ~Selected() {
-        SelectObject(context_, former_);
-        DeleteObject(object_);
-    }
-
-  private:
-    HDC context_;
-    HGDIOBJ object_;
-    HGDIOBJ former_;
-};
 
 /// From deep blue (0) over green to yellow (1).
 COLORREF ShadeOf(double share) {
@@ -145,22 +128,13 @@ LRESULT SurfacePicture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void SurfacePicture::Paint() {
-    PAINTSTRUCT paint{};
-    const HDC screen = BeginPaint(Handle(), &paint);
-    RECT area{};
-    GetClientRect(Handle(), &area);
-    const HDC memory = CreateCompatibleDC(screen);
-    {
-        const Selected bitmap(memory, CreateCompatibleBitmap(screen, area.right, area.bottom));
-        FillRect(memory, &area, GetSysColorBrush(COLOR_WINDOW));
-        SetBkMode(memory, TRANSPARENT);
-        const HGDIOBJ former = SelectObject(memory, MessageFont(DpiOf(Handle())));
-        Draw(memory, area);
-        SelectObject(memory, former);
-        BitBlt(screen, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
-    }
-    DeleteDC(memory);
-    EndPaint(Handle(), &paint);
+    const BufferedPaint paint(Handle(), COLOR_WINDOW);
+    SetBkMode(paint.Context(), TRANSPARENT);
+    // The message font is shared: it is left selected no longer than the bitmap is drawn in, and is
+    // not deleted.
+    const HGDIOBJ former = SelectObject(paint.Context(), MessageFont(DpiOf(Handle())));
+    Draw(paint.Context(), paint.Area());
+    SelectObject(paint.Context(), former);
 }
 
 void SurfacePicture::Draw(HDC context, const RECT& area) const {

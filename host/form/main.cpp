@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // main: the graphical host program, a form to place controls on.
-#include "host/HResult.h"
+#include "host/Apartment.h"
 #include "host/Options.h"
 #include "host/form/FormWindow.h"
 
@@ -12,14 +12,6 @@
 namespace {
 
 using namespace Quorvane::Host;
-
-class Apartment {
-  public:
-    Apartment() { Check(OleInitialize(nullptr), L"initialise COM"); }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-    ~Apartment() { OleUninitialize(); }
-};
 
 FormWindowSettings SettingsFrom(const Options& options) {
     FormWindowSettings settings;
