@@ -2,6 +2,8 @@
 // `lvwRule`: the list of the rules, which asks for its cells when it shows them.
 #include "editor/rules/RuleListView.h"
 
+#include <utility>
+
 #include "editor/TextIds.h"
 #include "text/GetText.h"
 #include "win/Dpi.h"
@@ -51,14 +53,28 @@ void RuleListView::Reflect() {
     if (ListView_GetItemCount(Window()) != count) {
         ListView_SetItemCountEx(Window(), count, LVSICF_NOSCROLL);
     }
+    SelectRow(editor_.SelectedRow());
+    ::InvalidateRect(Window(), nullptr, FALSE);
+}
+
+void RuleListView::SelectRow(std::optional<std::size_t> row) {
     constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
-    ListView_SetItemState(Window(), -1, 0, Both);
-    if (const auto row = editor_.SelectedRow()) {
+    if (row) {
+        // The list, one of a single selection, takes it from the former row by itself.
         const auto index = static_cast<int>(*row);
         ListView_SetItemState(Window(), index, Both, Both);
         ListView_EnsureVisible(Window(), index, FALSE);
+        return;
     }
-    ::InvalidateRect(Window(), nullptr, FALSE);
+    // Told of one row, not of all: the list may go through tens of thousands for that.
+    constexpr std::pair<UINT, UINT> Marks[] = {{LVIS_SELECTED, LVNI_SELECTED},
+                                               {LVIS_FOCUSED, LVNI_FOCUSED}};
+    for (const auto& [state, which] : Marks) {
+        const int index = ListView_GetNextItem(Window(), -1, which);
+        if (index >= 0) {
+            ListView_SetItemState(Window(), index, 0, state);
+        }
+    }
 }
 
 LRESULT RuleListView::OnNotify(NMHDR& header) {

@@ -7,6 +7,7 @@
 #include <commctrl.h>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "editor/Controls.h"
@@ -45,6 +46,7 @@ class RuleListView {
 
   private:
     void AddColumns(const std::vector<RuleColumn>& columns, int dpi);
+    void SelectRow(std::optional<std::size_t> row);
     void FillCell(LVITEMW& item);
     LRESULT CustomDraw(NMLVCUSTOMDRAW& draw) const;
 

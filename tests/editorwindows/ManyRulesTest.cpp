@@ -68,9 +68,11 @@ TEST_F(PageTest, TheEditorsTake32767Rules) {
         EXPECT_EQ(editor.RowCount(), 32767);
         EXPECT_EQ(editor.SelectedRow(), 32766);
         editor.ClickRow(32766);
+        editor.Choose(u"lstInA", u"T7");
+        editor.TypeWeight(u"0.5");
         {
             const Watch watch("adding a rule");
-            editor.AddRule({{u"lstInA", u"T7"}}, u"0.5");
+            editor.Push(RuleEditorHands::CmdAdd);
         }
         EXPECT_EQ(editor.RowCount(), 32768);
         EXPECT_FALSE(::IsWindowEnabled(editor.Part(RuleEditorHands::CmdAdd)));
