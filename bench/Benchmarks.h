@@ -18,4 +18,11 @@ inline std::string CycleName(const std::string& workload, const std::string& str
 void RegisterCycleBenchmarks();
 void PrintCycleTable(const Medians& medians);
 
+void RegisterBatchBenchmarks();
+void PrintBatchTable(const Medians& medians);
+
+/// Calls through COM; on Windows alone.
+void RegisterComBenchmarks();
+void PrintComTable(const Medians& medians);
+
 } // namespace Quorvane::Bench

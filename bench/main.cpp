@@ -38,8 +38,16 @@ int main(int argc, char** argv) {
         return 1;
     }
     Quorvane::Bench::RegisterCycleBenchmarks();
+    Quorvane::Bench::RegisterBatchBenchmarks();
+#ifdef _WIN32
+    Quorvane::Bench::RegisterComBenchmarks();
+#endif
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     Quorvane::Bench::PrintCycleTable(reporter.Medians);
+    Quorvane::Bench::PrintBatchTable(reporter.Medians);
+#ifdef _WIN32
+    Quorvane::Bench::PrintComTable(reporter.Medians);
+#endif
     return 0;
 }
