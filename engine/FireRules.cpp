@@ -3,8 +3,8 @@
 #include "engine/FireRules.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <utility>
 
 #include "engine/PreparedRules.h"
 #include "shared/FisError.h"
@@ -12,38 +12,73 @@
 namespace Quorvane::RunTime {
 namespace {
 
-/// Adds up where every rule says something of every output. The sums of a few outputs stay in
-/// registers: adding to memory takes several times as long.
-template <std::size_t OutputCount>
-void AddToEveryOutput(PreparedRules& rules) {
-    const Consequent* const consequents = rules.Consequents.data();
-    std::array<DoublePair, OutputCount> sums{};
+/// What a strength adds to the numerator and the denominator of an output.
+DoublePair Share(double strength, double point) {
+    return DoublePair{strength * point, strength};
+}
+
+/// Adds up where every rule says something of one output, the only one.
+void AddToOneOutput(PreparedRules& rules) {
+    const double* const points = rules.Points.data();
+    DoublePair sum{};
+    rules.Selector.Fire(
+        rules, [&](std::size_t rule, double strength) { sum += Share(strength, points[rule]); });
+    rules.Sums[0] = sum;
+}
+
+/// Adds up where every rule says something of two outputs. Their denominators are the same.
+void AddToBothOutputs(PreparedRules& rules) {
+    const double* const points = rules.Points.data();
+    DoublePair numerators{};
+    double denominator = 0;
     rules.Selector.Fire(rules, [&](std::size_t rule, double strength) {
-        for (std::size_t output = 0; output < OutputCount; ++output) {
-            sums[output] += strength * consequents[rule * OutputCount + output].Share;
-        }
+        numerators += strength * DoublePair{points[2 * rule], points[2 * rule + 1]};
+        denominator += strength;
     });
-    std::ranges::copy(sums, rules.Sums.begin());
+    rules.Sums[0] = DoublePair{numerators[0], denominator};
+    rules.Sums[1] = DoublePair{numerators[1], denominator};
+}
+
+/// Adds up where rules of the same output lie side by side. The sum of the output that they have
+/// come to stays in a register.
+void AddToOneOutputAfterTheOther(PreparedRules& rules) {
+    std::ranges::fill(rules.Sums, DoublePair{});
+    const double* const points = rules.Points.data();
+    const std::uint32_t* const outputs = rules.Outputs.data();
+    DoublePair* const sums = rules.Sums.data();
+    DoublePair sum{};
+    std::uint32_t output = 0;
+    rules.Selector.Fire(rules, [&](std::size_t rule, double strength) {
+        if (outputs[rule] != output) {
+            sums[std::exchange(output, outputs[rule])] = std::exchange(sum, DoublePair{});
+        }
+        sum += Share(strength, points[rule]);
+    });
+    sums[output] = sum;
 }
 
 void AddToNamedOutputs(PreparedRules& rules) {
     std::ranges::fill(rules.Sums, DoublePair{});
     DoublePair* const sums = rules.Sums.data();
     rules.Selector.Fire(rules, [&rules, sums](std::size_t rule, double strength) {
-        for (const Consequent& consequent : rules.ConsequentsOf(rule)) {
-            sums[consequent.Output] += strength * consequent.Share;
+        for (std::size_t i = rules.FirstConsequents[rule]; i < rules.FirstConsequents[rule + 1];
+             ++i) {
+            sums[rules.Outputs[i]] += Share(strength, rules.Points[i]);
         }
     });
 }
 
+/// The sums of the outputs that rules are adding to stay in registers where that is possible:
+/// adding to memory takes several times as long.
 void AddUp(PreparedRules& rules) {
-    switch (rules.NamesEveryOutput ? rules.UsedOutputs.size() : 0) {
-    case 1:
-        return AddToEveryOutput<1>(rules);
-    case 2:
-        return AddToEveryOutput<2>(rules);
-    default:
-        return AddToNamedOutputs(rules);
+    if (rules.NamesEveryOutput && rules.UsedOutputs.size() == 1) {
+        AddToOneOutput(rules);
+    } else if (rules.NamesEveryOutput && rules.UsedOutputs.size() == 2) {
+        AddToBothOutputs(rules);
+    } else if (rules.IsGroupedByOutput) {
+        AddToOneOutputAfterTheOther(rules);
+    } else {
+        AddToNamedOutputs(rules);
     }
 }
 

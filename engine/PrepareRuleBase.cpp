@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "engine/ArrangeRules.h"
 #include "engine/EngineRoutine.h"
 #include "engine/PreparedRules.h"
 #include "shared/Markers.h"
@@ -32,37 +33,30 @@ void RequirePieces(const std::vector<TextView>& pieces, std::size_t count) {
 /// Adds the rules one by one and keeps the indices by which they find names again.
 class TableBuilder {
   public:
-    explicit TableBuilder(std::size_t ruleCount) { tables_->Rules.reserve(ruleCount + 1); }
-
     void AddRule(TextView rule) {
         Split(rule, u':', pieces_);
         RequirePieces(pieces_, 2);
         const TextView body = pieces_[0];
-        BeginRule(ParseNumber(pieces_[1]));
+        const double weight = ParseNumber(pieces_[1]);
         Split(body, u'/', pieces_);
         RequirePieces(pieces_, 2);
         const TextView antecedents = pieces_[0];
         const TextView consequents = pieces_[1];
         AddAntecedents(antecedents);
         AddConsequents(consequents);
+        tables_->EndRule(weight);
     }
 
     std::shared_ptr<PreparedRules> Finish() {
-        BeginRule(0);
         PlaceDegrees();
         tables_->Sums.resize(tables_->UsedOutputs.size());
-        tables_->NamesEveryOutput = NamesEveryOutput();
+        tables_->NamesEveryOutput = !addsToUnknownOutput_ && NamesEveryOutput(*tables_);
         tables_->Selector = RuleSelector(*tables_);
-        EvenOutAntecedents();
+        EvenOutAntecedents(*tables_);
         return std::move(tables_);
     }
 
   private:
-    void BeginRule(double weight) {
-        tables_->Rules.push_back({weight, static_cast<std::uint32_t>(tables_->Antecedents.size()),
-                                  static_cast<std::uint32_t>(tables_->Consequents.size())});
-    }
-
     NamedTerm ParseElement(TextView element, char16_t mark) {
         Split(element, mark, pieces_);
         RequirePieces(pieces_, 2);
@@ -72,7 +66,7 @@ class TableBuilder {
     /// Raises DuplicateKey when the rule being added has named the variable already. For each
     /// variable there is the number of the rule that has named it last, counted from 1.
     void RequireFirstMention(std::vector<std::size_t>& lastMentions, std::uint32_t variable) {
-        const std::size_t rule = tables_->Rules.size();
+        const std::size_t rule = tables_->RuleCount() + 1;
         if (std::exchange(lastMentions[variable], rule) == rule) {
             throw FisError(RuntimeError::DuplicateKey);
         }
@@ -130,28 +124,8 @@ class TableBuilder {
         }
     }
 
-    /// Fills all rules up to the same number of antecedents, unless that takes much more room.
-    void EvenOutAntecedents() {
-        std::size_t most = 0;
-        for (std::size_t rule = 0; rule < tables_->RuleCount(); ++rule) {
-            most = std::max(most, tables_->AntecedentsOf(rule).size());
-        }
-        if (most * tables_->RuleCount() > 2 * tables_->Antecedents.size()) {
-            return;
-        }
-        const auto one = static_cast<std::uint32_t>(tables_->Degrees.size() - 1);
-        std::vector<std::uint32_t> antecedents(most * tables_->RuleCount(), one);
-        for (std::size_t rule = 0; rule < tables_->RuleCount(); ++rule) {
-            std::ranges::copy(tables_->AntecedentsOf(rule), antecedents.data() + most * rule);
-        }
-        for (std::size_t rule = 0; rule <= tables_->RuleCount(); ++rule) {
-            tables_->Rules[rule].FirstAntecedent = static_cast<std::uint32_t>(most * rule);
-        }
-        tables_->Antecedents = std::move(antecedents);
-    }
-
     void AddConsequents(TextView list) {
-        const bool isFirstRule = tables_->Rules.size() == 1;
+        const bool isFirstRule = tables_->RuleCount() == 0;
         tables_->LastRuleOutputs.clear();
         tables_->AddsToUnknownOutput = addsToUnknownOutput_;
         Split(list, u';', elements_);
@@ -186,22 +160,9 @@ class TableBuilder {
         if (output == RuleTables::UnknownOutput) {
             addsToUnknownOutput_ = true;
         } else {
-            tables_->Consequents.push_back({DoublePair{point, 1}, output});
+            tables_->Points.push_back(point);
+            tables_->Outputs.push_back(output);
         }
-    }
-
-    bool NamesEveryOutput() const {
-        const std::size_t outputCount = tables_->UsedOutputs.size();
-        const auto& consequents = tables_->Consequents;
-        if (addsToUnknownOutput_ || consequents.size() != tables_->RuleCount() * outputCount) {
-            return false;
-        }
-        for (std::size_t i = 0; i < consequents.size(); ++i) {
-            if (consequents[i].Output != i % outputCount) {
-                return false;
-            }
-        }
-        return true;
     }
 
     struct TermPlace {
@@ -226,7 +187,7 @@ class TableBuilder {
 };
 
 std::shared_ptr<PreparedRules> BuildTables(const RuleDictionary& rules) {
-    TableBuilder builder(rules.Count());
+    TableBuilder builder;
     for (const auto& [rule, value] : rules) {
         builder.AddRule(rule);
     }

@@ -3,13 +3,13 @@
 #pragma once
 
 #include "engine/RuleSets.h"
-#include "engine/RuleTables.h"
+#include "engine/RuleStrengths.h"
 
 namespace Quorvane::RunTime {
 
-/// For every term the set of rules that use it. An input rules out the rules that use one of its
-/// terms of degree 0; those that fire are left when all inputs have done so. Their strengths are
-/// kept: when an input changes, only the rules that use it are multiplied anew.
+/// An input rules out the rules that use one of its terms of degree 0; those that fire are left
+/// when all inputs have done so. The terms of an input are taken in groups so small that there is a
+/// set for every choice of terms that can have degree 0: a cycle only picks the right one.
 class RuleBitSets {
   public:
     explicit RuleBitSets(const RuleTables& tables);
@@ -19,40 +19,45 @@ class RuleBitSets {
 
     /// Visits the rules that use no term of degree 0, in order, with their strengths.
     template <class Visit>
-    void Fire(const RuleTables& tables, Visit visit) {
-        for (std::size_t block = 0; block < stale_.BlockCount(); ++block) {
-            const std::size_t first = block * RuleBlock::RuleCount;
-            RuleBlock ruledOut;
-            for (std::size_t set = 0; set <= inputCount_; ++set) {
-                ruledOut |= ruledOut_.Set(set)[block];
+    void Fire(const RuleTables& tables, Visit visit) const {
+        WithStrengths(tables, [&](auto strengthOf) {
+            for (std::size_t block = 0; block < users_.BlockCount(); ++block) {
+                RuleBlock ruledOut = beyondLast_.Set(0)[block];
+                for (const std::size_t set : ruledOut_) {
+                    ruledOut |= users_.Set(0)[set + block];
+                }
+                const std::size_t first = block * RuleBlock::RuleCount;
+                (~ruledOut).ForEach(
+                    [&](std::size_t place) { visit(first + place, strengthOf(first + place)); });
             }
-            RuleBlock& stale = stale_.Set(0)[block];
-            (stale & ~ruledOut).ForEach([&](std::size_t place) {
-                strengths_[first + place] = tables.StrengthOf(first + place);
-            });
-            stale = stale & ruledOut;
-            (~ruledOut).ForEach(
-                [&](std::size_t place) { visit(first + place, strengths_[first + place]); });
-        }
+        });
     }
 
   private:
+    /// Some terms of an input, side by side in the degrees.
+    struct TermGroup {
+        std::uint32_t FirstTerm;
+        std::uint32_t TermCount;
+        /// The users of none of the terms; those of some of them, their bits in the order of the
+        /// terms making a number, come that number of sets later.
+        std::size_t FirstSet;
+
+        std::size_t SetCount() const { return std::size_t{1} << TermCount; }
+    };
+
+    void MakeGroups(const RuleTables& tables);
     void FillSets(const RuleTables& tables);
 
-    /// How many inputs have sets: in a rule base of very many terms only the first ones. Rules that
-    /// are not ruled out for lack of a set are found to have no strength.
-    std::size_t inputCount_;
-    RuleSets usersOfTerm_;
-    RuleSets usersOfInput_;
-    /// What each input rules out; the last set rules out the places beyond the last rule.
-    RuleSets ruledOut_;
-
-    /// For each term of an input that is being updated, whether it rules out its users.
-    std::vector<RuleBlock::Words> masks_;
-
-    std::vector<double> strengths_;
-    /// One set: the rules whose kept strength is older than one of their degrees.
-    RuleSets stale_;
+    std::vector<TermGroup> groups_;
+    /// The first group of each input that has groups, and the end: in a rule base of very many
+    /// terms only the first inputs have some. Rules that are not ruled out for lack of a set are
+    /// found to have no strength.
+    std::vector<std::size_t> firstGroups_;
+    RuleSets users_;
+    /// What each group rules out, as the number of blocks before its set.
+    std::vector<std::size_t> ruledOut_;
+    /// One set: the places beyond the last rule.
+    RuleSets beyondLast_;
 };
 
 } // namespace Quorvane::RunTime

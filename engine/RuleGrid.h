@@ -91,7 +91,7 @@ class RuleGrid {
                 for (const Place& place : ActivePlaces(outerCount + 1)) {
                     for (std::uint32_t rule = firstRules[place.Offset]; rule != NoRule;
                          rule = nextRules_[rule]) {
-                        double strength = tables.Rules[rule].Weight;
+                        double strength = tables.Weights[rule];
                         for (std::size_t axis = 0; axis < outerCount; ++axis) {
                             strength *= degrees_[axis];
                         }

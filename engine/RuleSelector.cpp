@@ -2,6 +2,8 @@
 // Fires rules without looking at those that do not fire.
 #include "engine/RuleSelector.h"
 
+#include "engine/ArrangeRules.h"
+
 namespace Quorvane::RunTime {
 namespace {
 
@@ -12,13 +14,15 @@ constexpr std::size_t SomeRules = 100;
 
 } // namespace
 
-RuleSelector::RuleSelector(const RuleTables& tables) {
-    if (tables.RuleCount() <= FewRules) {
-        return;
+RuleSelector::RuleSelector(RuleTables& tables) {
+    if (tables.RuleCount() > SomeRules) {
+        if (auto grid = RuleGrid::Build(tables)) {
+            shape_ = std::move(*grid);
+            return;
+        }
     }
-    if (auto grid = RuleGrid::Build(tables); grid && tables.RuleCount() > SomeRules) {
-        shape_ = std::move(*grid);
-    } else {
+    GroupByOutput(tables);
+    if (tables.RuleCount() > FewRules) {
         shape_ = RuleBitSets(tables);
     }
 }

@@ -16,7 +16,10 @@ namespace Quorvane::RunTime {
 class RuleSelector {
   public:
     RuleSelector() = default;
-    explicit RuleSelector(const RuleTables& tables);
+
+    /// Makes the selector that fits. Where that is none to which the order of the rules matters,
+    /// they are grouped by output.
+    explicit RuleSelector(RuleTables& tables);
 
     /// An input has new degrees. The tables are those that the selector was made for.
     void Update(const RuleTables& tables, std::size_t input) {

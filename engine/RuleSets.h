@@ -75,6 +75,13 @@ class RuleSets {
         Set(set)[rule / RuleBlock::RuleCount].Add(rule % RuleBlock::RuleCount);
     }
 
+    /// Adds the rules of another set to a set.
+    void Unite(std::size_t set, std::size_t other) {
+        for (std::size_t block = 0; block < blockCount_; ++block) {
+            Set(set)[block] |= Set(other)[block];
+        }
+    }
+
   private:
     std::size_t blockCount_;
     std::vector<RuleBlock> blocks_;

@@ -46,25 +46,47 @@ struct UsedOutput {
     Text Name{};
 };
 
-/// A rule, and where its part of the antecedents and consequents begins; it ends where that of the
-/// next rule begins.
-struct Rule {
-    double Weight;
-    std::uint32_t FirstAntecedent;
-    std::uint32_t FirstConsequent;
-};
+/// What the rules say. It lies in tables of its own, each as small as can be: a cycle reads a few
+/// places of each, and the nearest cache is soon full.
+struct RuleList {
+    /// The weights of all rules, in order.
+    std::vector<double> Weights;
+    /// Where the antecedents of each rule begin, and of one more that marks the end.
+    std::vector<std::uint32_t> FirstAntecedents{0};
+    /// Indices into the degrees, each rule's in the order of its text. Rules of fewer antecedents
+    /// than others may end in the degree that is always 1: with as many for each the processor can
+    /// predict how many there are.
+    std::vector<std::uint32_t> Antecedents;
+    /// How many antecedents each rule has, 0 where that differs.
+    std::size_t AntecedentCount = 0;
+    /// Where the consequents of each rule begin, and of one more that marks the end.
+    std::vector<std::uint32_t> FirstConsequents{0};
+    /// What each consequent says: the position of a singleton, of an output.
+    std::vector<double> Points;
+    std::vector<std::uint32_t> Outputs;
 
-/// What a rule says of one output.
-struct Consequent {
-    /// What a strength of 1 adds to the numerator and the denominator: the position of the
-    /// singleton, and 1.
-    DoublePair Share;
-    std::uint32_t Output;
+    std::size_t RuleCount() const { return Weights.size(); }
+
+    std::span<const std::uint32_t> AntecedentsOf(std::size_t rule) const {
+        return {Antecedents.data() + FirstAntecedents[rule],
+                Antecedents.data() + FirstAntecedents[rule + 1]};
+    }
+
+    std::size_t ConsequentCountOf(std::size_t rule) const {
+        return FirstConsequents[rule + 1] - FirstConsequents[rule];
+    }
+
+    /// Makes the antecedents and consequents added since the last rule a rule.
+    void EndRule(double weight) {
+        Weights.push_back(weight);
+        FirstAntecedents.push_back(static_cast<std::uint32_t>(Antecedents.size()));
+        FirstConsequents.push_back(static_cast<std::uint32_t>(Points.size()));
+    }
 };
 
 /// The prepared rule base. Names compare by exact case. Antecedents and consequents of "[NONE]" are
 /// left out of the rules: multiplying by their degree 1 and adding nothing change no bit.
-struct RuleTables {
+struct RuleTables : RuleList {
     /// Stands for an output that rule 0 does not name.
     static constexpr auto UnknownOutput = std::numeric_limits<std::uint32_t>::max();
 
@@ -78,14 +100,6 @@ struct RuleTables {
     /// The numerators and denominators of the used outputs.
     std::vector<DoublePair> Sums;
 
-    /// All rules in order, and one more that marks the end.
-    std::vector<Rule> Rules;
-    /// Indices into Degrees, each rule's in the order of its text. Rules of fewer antecedents than
-    /// others may end in the degree that is always 1: with as many for each the processor can
-    /// predict how many there are.
-    std::vector<std::uint32_t> Antecedents;
-    std::vector<Consequent> Consequents;
-
     /// The outputs that the last rule names, in its order; these are what a cycle sets.
     std::vector<std::uint32_t> LastRuleOutputs;
     /// Whether a rule before the last says something of an output that rule 0 does not name: no
@@ -93,19 +107,11 @@ struct RuleTables {
     bool AddsToUnknownOutput = false;
 
     /// Whether every rule says something of every output, in the order of the outputs: consequent
-    /// rule * outputs + output is then what it says.
+    /// rule x outputs + output is then what it says.
     bool NamesEveryOutput = false;
-
-    std::size_t RuleCount() const { return Rules.size() - 1; }
-
-    std::span<const std::uint32_t> AntecedentsOf(std::size_t rule) const {
-        return {Antecedents.data() + Rules[rule].FirstAntecedent,
-                Antecedents.data() + Rules[rule + 1].FirstAntecedent};
-    }
-    std::span<const Consequent> ConsequentsOf(std::size_t rule) const {
-        return {Consequents.data() + Rules[rule].FirstConsequent,
-                Consequents.data() + Rules[rule + 1].FirstConsequent};
-    }
+    /// Whether every rule says something of one output, those that say it of the same one lie side
+    /// by side, and consequent number rule is what it says.
+    bool IsGroupedByOutput = false;
 
     std::span<const double> DegreesOf(std::size_t input) const {
         return {Degrees.data() + UsedInputs[input].FirstTerm, UsedInputs[input].TermCount};
@@ -113,7 +119,7 @@ struct RuleTables {
 
     /// A rule's weight times the degrees of its terms, multiplied in the order of its text.
     double StrengthOf(std::size_t rule) const {
-        double strength = Rules[rule].Weight;
+        double strength = Weights[rule];
         for (const std::uint32_t degree : AntecedentsOf(rule)) {
             strength *= Degrees[degree];
         }

@@ -252,18 +252,15 @@ TEST_F(EngineTables, OfAnEmptyRuleBaseAreEmpty) {
     EXPECT_TRUE(tables.UsedInputs.empty());
     EXPECT_TRUE(tables.UsedOutputs.empty());
     EXPECT_TRUE(tables.Antecedents.empty());
-    EXPECT_TRUE(tables.Consequents.empty());
+    EXPECT_TRUE(tables.Points.empty());
     EXPECT_TRUE(tables.LastRuleOutputs.empty());
     EXPECT_TRUE(State().OutputValues->Items.Empty());
 }
 
 TEST_F(EngineTables, HoldInputsOfAnyRuleAndOutputsOfRuleZero) {
     const RunTime::RuleTables& tables =
-        Prepare(u"X>A/Y<P:0.5|X>B;U>[NONE]/Y<[NONE];Z<S:2|x>A;U>T/Y<R:1");
-    ASSERT_EQ(tables.RuleCount(), 3);
-    EXPECT_EQ(tables.Rules[0].Weight, 0.5);
-    EXPECT_EQ(tables.Rules[1].Weight, 2.0);
-    EXPECT_EQ(tables.Rules[2].Weight, 1.0);
+        Prepare(u"X>A/Y<P:0.5|X>B;U>[NONE]/Y<P;Z<S:2|x>A;U>T/Y<R:1");
+    EXPECT_EQ(tables.Weights, (std::vector{0.5, 2.0, 1.0}));
 
     ASSERT_EQ(tables.UsedInputs.size(), 3);
     EXPECT_EQ(tables.UsedInputs[0].Name, u"X");
@@ -280,6 +277,21 @@ TEST_F(EngineTables, HoldInputsOfAnyRuleAndOutputsOfRuleZero) {
     ASSERT_EQ(tables.UsedOutputs.size(), 1);
     EXPECT_EQ(tables.UsedOutputs[0].Name, u"Y");
     EXPECT_EQ(KeysOf(State().OutputValues->Items), std::vector<Text>{u"Y"});
+}
+
+TEST_F(EngineTables, BringTheRulesOfEachOutputTogether) {
+    const RunTime::RuleTables& tables = Prepare(u"X>A/Y<[NONE];Z<S:1|X>B/Y<R;Z<[NONE]:2|"
+                                                u"U>T/Y<[NONE];Z<[NONE]:3|X>A/Z<S:4|X>B/Y<P:5");
+    EXPECT_TRUE(tables.IsGroupedByOutput);
+    EXPECT_EQ(tables.Weights, (std::vector{2.0, 5.0, 1.0, 4.0})) << "rule 2 says nothing";
+    EXPECT_EQ(tables.Points, (std::vector{16.0, 0.0, 2.0, 2.0}));
+    EXPECT_EQ(tables.Outputs, (std::vector<std::uint32_t>{0, 0, 1, 1}));
+}
+
+TEST_F(EngineTables, KeepTheOrderOfRulesThatSaySomethingOfSeveralOutputs) {
+    const RunTime::RuleTables& tables = Prepare(u"X>A/Y<[NONE];Z<S:1|X>B/Y<R;Z<S:2|U>T/Y<P:3");
+    EXPECT_FALSE(tables.IsGroupedByOutput);
+    EXPECT_EQ(tables.Weights, (std::vector{1.0, 2.0, 3.0}));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "engine/PreparedRules.h"
 #include "tests/core/EnginePair.h"
 #include "tests/reference/RandomSystem.h"
 
@@ -54,16 +55,48 @@ Text Joined(const std::vector<Text>& pieces) {
     return text;
 }
 
+constexpr std::uint32_t OutputTerms = 12;
+
+Text OutputWithTerms(TextView name) {
+    Text output = Text(name) + u"/100/-3/t0,-3";
+    for (std::uint32_t i = 1; i < OutputTerms; ++i) {
+        output += u";t" + Number(i) + u',' + Number(i * i) + u".3";
+    }
+    return output;
+}
+
+/// A rule that names so many of the inputs, and one output, or none, of several.
+Text SparseRule(Random& random, std::uint32_t inputs, std::uint32_t terms, std::uint32_t named,
+                std::uint32_t outputs) {
+    Text rule;
+    for (std::uint32_t input = 0; input < inputs; ++input) {
+        rule += (input == 0 ? u"i" : u";i") + Number(input) + u'>';
+        // Each of those left is as likely to be named as the others.
+        const bool isNamed = random.Below(inputs - input) < named;
+        named -= isNamed ? 1 : 0;
+        rule += isNamed ? u"t" + Number(random.Below(terms)) : Text(u"[NONE]");
+    }
+    const std::uint32_t chosen = random.Below(10 * outputs + 1);
+    for (std::uint32_t output = 0; output < outputs; ++output) {
+        rule += (output == 0 ? u"/Y" : u";Y") + Number(output) + u'<';
+        rule += chosen % outputs == output && chosen < 10 * outputs
+                    ? u"t" + Number(random.Below(OutputTerms))
+                    : Text(u"[NONE]");
+    }
+    return rule + u":0." + Number(1 + random.Below(99));
+}
+
 class RuleSelectionTest : public CoreTest {
   protected:
     void LoadInputs(std::uint32_t inputs, std::uint32_t terms, const std::vector<Text>& rules) {
+        Load(inputs, terms, OutputWithTerms(u"Y"), rules);
+    }
+
+    void Load(std::uint32_t inputs, std::uint32_t terms, TextView outputs,
+              const std::vector<Text>& rules) {
         std::vector<Text> variables;
         for (std::uint32_t i = 0; i < inputs; ++i) {
             variables.push_back(Triangles(u"i" + Number(i), terms));
-        }
-        Text outputs = u"Y/100/-3/t0,-3";
-        for (std::uint32_t i = 1; i < 12; ++i) {
-            outputs += u";t" + Number(i) + u',' + Number(i * i) + u".3";
         }
         Parse(Joined(variables), outputs, Joined(rules));
         EXPECT_EQ(Pair.PrepareRuleBase(), Nothing);
@@ -144,6 +177,26 @@ TEST_F(RuleSelectionTest, SparseRuleBasesOfEverySizeAroundAMachineWord) {
         }
         LoadInputs(12, 5, KeysOf(rules));
         RunCycles(random, 40);
+    }
+}
+
+TEST_F(RuleSelectionTest, RulesOfOneOutputEachWithSoManyInputs) {
+    Random random(11);
+    for (const std::size_t count : {10U, 90U, 700U}) {
+        for (std::uint32_t named = 1; named <= 6; ++named) {
+            SCOPED_TRACE(testing::Message() << count << " rules of " << named << " inputs");
+            StringKeyedDictionary<bool> rules(KeyComparison::Exact);
+            while (rules.Count() < count) {
+                rules.Put(SparseRule(random, 9, 1 + named, named, 4), true);
+            }
+            Load(9, 1 + named,
+                 Joined({OutputWithTerms(u"Y0"), OutputWithTerms(u"Y1"), OutputWithTerms(u"Y2"),
+                         OutputWithTerms(u"Y3")}),
+                 KeysOf(rules));
+            EXPECT_TRUE(State().Tables->IsGroupedByOutput);
+            EXPECT_EQ(State().Tables->AntecedentCount, named);
+            RunCycles(random, 60);
+        }
     }
 }
 
