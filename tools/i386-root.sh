@@ -17,6 +17,8 @@ in_i386_root() {
         mkdir -p "$root$project"
         mount --rbind /dev "$root/dev"
         mount --bind /proc "$root/proc"
+        # Wine knows the processors from there, and the benchmarks ask it for them.
+        mount --rbind /sys "$root/sys"
         mount --bind "$project" "$root$project"
         exec chroot --userspec="$user" "$root" sh -c "cd \"\$0\" && exec \"\$@\"" "$project" "$@"
     ' sh "$I386_ROOT" "$PWD" "$(id -u):$(id -g)" "$@"
