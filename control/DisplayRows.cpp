@@ -34,9 +34,11 @@ std::optional<Text> ShownValue(ValueDictionary& values, TextView key) noexcept {
 
 /// Writes the values into the rows of their variables. Rows are found again after each value, since
 /// a host's dictionary may run code that refills the lists.
-// NOLINTNEXTLINE(performance-unnecessary-value-param): held, as the host may assign another
 void TakeValues(std::vector<ListRow>& rows, const std::optional<VariableDictionary>& variables,
-                std::shared_ptr<ValueDictionary> values) {
+                const std::shared_ptr<ValueDictionary>& current) {
+    // Held: such code may assign another dictionary to the control, too.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const auto values = current;
     if (!values) {
         return;
     }

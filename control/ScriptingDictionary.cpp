@@ -74,7 +74,8 @@ std::shared_ptr<const Com::TypeDescription> DescribeScriptingType(REFGUID type) 
 Com::ComPtr<IDictionary>
 ScriptingDictionary::Of(const std::shared_ptr<OwnValueDictionary>& dictionary) {
     if (dictionary->Face) {
-        return Com::ComPtr<IDictionary>(static_cast<ScriptingDictionary*>(dictionary->Face));
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast): no other class is a face
+        return Com::ComPtr<IDictionary>{static_cast<ScriptingDictionary*>(dictionary->Face)};
     }
     return Com::MakeObject<ScriptingDictionary>(dictionary).As<IDictionary>();
 }

@@ -39,7 +39,7 @@ void VariableList::SetFont(int dpi) noexcept {
     font_ = std::move(font);
 }
 
-void VariableList::Reflect() noexcept {
+void VariableList::Reflect() const noexcept {
     const COLORREF back = ToColorRef(face_.BackColor, DefaultBackColor);
     const COLORREF fore = ToColorRef(face_.ForeColor, DefaultForeColor);
     if (back != ListView_GetBkColor(Get()) || fore != ListView_GetTextColor(Get())) {
@@ -59,7 +59,7 @@ void VariableList::ShowRows() noexcept {
     ListView_SetItemCountEx(Get(), static_cast<int>(face_.Rows.size()), 0);
 }
 
-void VariableList::ShowValues() noexcept {
+void VariableList::ShowValues() const noexcept {
     ::RedrawWindow(Get(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
@@ -147,7 +147,7 @@ LRESULT VariableList::OnNotify(NMHDR& notification) const noexcept {
 
 /// The two columns together are as wide as the list with its frame, which alone is no reason for a
 /// horizontal scroll bar. It appears when the user makes a column wider.
-void VariableList::HideScrollBarOfWholeColumns() noexcept {
+void VariableList::HideScrollBarOfWholeColumns() const noexcept {
     const LONG style = ::GetWindowLongW(Get(), GWL_STYLE);
     if (!(style & WS_HSCROLL)) {
         return;

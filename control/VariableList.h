@@ -32,13 +32,13 @@ class VariableList final {
     void SetFont(int dpi) noexcept;
 
     /// Shows whether it is enabled, and its colours.
-    void Reflect() noexcept;
+    void Reflect() const noexcept;
 
     /// Shows the rows as they are now, none of them selected.
     void ShowRows() noexcept;
 
     /// Repaints, at once, with the values as they are now.
-    void ShowValues() noexcept;
+    void ShowValues() const noexcept;
 
     /// Replaces the columns by those of the face, each of this width in pixels.
     void ShowColumns(int width) noexcept;
@@ -48,7 +48,7 @@ class VariableList final {
 
   private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM first, LPARAM second);
-    void HideScrollBarOfWholeColumns() noexcept;
+    void HideScrollBarOfWholeColumns() const noexcept;
     void FillGapAboveRows() const noexcept;
     void ShowColumn(int index, const Text& header, int width) noexcept;
     void TellText(NMLVDISPINFOW& question) const noexcept;

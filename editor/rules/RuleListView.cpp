@@ -57,7 +57,7 @@ void RuleListView::Reflect() {
     ::InvalidateRect(Window(), nullptr, FALSE);
 }
 
-void RuleListView::SelectRow(std::optional<std::size_t> row) {
+void RuleListView::SelectRow(std::optional<std::size_t> row) const {
     constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
     if (row) {
         // The list, one of a single selection, takes it from the former row by itself.

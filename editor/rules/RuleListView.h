@@ -46,7 +46,7 @@ class RuleListView {
 
   private:
     void AddColumns(const std::vector<RuleColumn>& columns, int dpi);
-    void SelectRow(std::optional<std::size_t> row);
+    void SelectRow(std::optional<std::size_t> row) const;
     void FillCell(LVITEMW& item);
     LRESULT CustomDraw(NMLVCUSTOMDRAW& draw) const;
 

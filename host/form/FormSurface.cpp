@@ -194,12 +194,11 @@ void FormSurface::DrawSelection(HDC context) const {
 }
 
 PlacedControl* FormSurface::ControlAt(POINT point) const {
-    for (auto control = controls_.rbegin(); control != controls_.rend(); ++control) {
-        if (PtInRect(&(*control)->Place(), point)) {
-            return control->get();
-        }
-    }
-    return nullptr;
+    // The last one lies on top.
+    const auto found =
+        std::find_if(controls_.rbegin(), controls_.rend(),
+                     [point](const auto& control) { return PtInRect(&control->Place(), point); });
+    return found == controls_.rend() ? nullptr : found->get();
 }
 
 FormSurface::Grip FormSurface::GripAt(POINT point) const {

@@ -102,7 +102,7 @@ FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) 
     placement_.Locale = settings.Locale;
     Create(L"QuorvaneFormWindow", GetText(TextId::ProgramName),
            WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr, MenuBar(), WS_EX_CONTROLPARENT);
-    accelerators_ = Accelerators();
+    accelerators_.reset(Accelerators());
     surface_ = std::make_unique<FormSurface>(Handle(), *this);
     grid_ = std::make_unique<PropertyGrid>(Handle());
     runPanel_ = std::make_unique<RunPanel>(Handle(), settings.BatchFolder);
@@ -113,12 +113,6 @@ FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) 
                  SWP_NOMOVE | SWP_NOZORDER);
     placement_.RunMode = settings.RunMode;
     NewForm();
-}
-
-FormWindow::~FormWindow() {
-    if (accelerators_) {
-        DestroyAcceleratorTable(accelerators_);
-    }
 }
 
 bool FormWindow::TranslateKey(MSG& message) {
@@ -137,7 +131,7 @@ bool FormWindow::TranslateKey(MSG& message) {
         OnCommand(message.wParam == VK_INSERT ? AddId : RemoveId);
         return true;
     }
-    return TranslateAcceleratorW(Handle(), accelerators_, &message) != 0 ||
+    return TranslateAcceleratorW(Handle(), accelerators_.get(), &message) != 0 ||
            IsDialogMessageW(Handle(), &message);
 }
 

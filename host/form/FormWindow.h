@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <type_traits>
 
 namespace Quorvane::Host {
 
@@ -23,7 +24,6 @@ struct FormWindowSettings {
 class FormWindow final : public Window, public FormSurfaceOwner {
   public:
     explicit FormWindow(const FormWindowSettings& settings);
-    ~FormWindow() override;
 
     /// Opens a form file. Throws when it cannot be read, or a control of it does not load; the form
     /// is then without controls, and keeps what was read of them.
@@ -58,6 +58,10 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     void UpdateTitle();
     void UpdateMenu();
 
+    struct AcceleratorsDeleter {
+        void operator()(HACCEL table) const { DestroyAcceleratorTable(table); }
+    };
+
     // FormSurfaceOwner
     void OnControlEvent(const std::wstring& control, const std::wstring& event) override;
     void OnSelectionChanged() override;
@@ -71,7 +75,7 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     bool isLoading_ = false;
     /// Whether the controls of the form are on the surface; not after a load that failed.
     bool isLoaded_ = false;
-    HACCEL accelerators_ = nullptr;
+    std::unique_ptr<std::remove_pointer_t<HACCEL>, AcceleratorsDeleter> accelerators_;
     std::unique_ptr<FormSurface> surface_;
     std::unique_ptr<PropertyGrid> grid_;
     std::unique_ptr<RunPanel> runPanel_;

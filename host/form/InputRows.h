@@ -33,16 +33,16 @@ class InputRows final : public Window {
   private:
     struct Row {
         StoredVariable Input;
-        HWND Label;
-        HWND Field;
-        HWND Slider;
+        HWND Label = nullptr;
+        HWND Field = nullptr;
+        HWND Slider = nullptr;
     };
 
     void Arrange();
     void Scroll(int code, int position);
     void OnSlider(HWND slider);
     void OnField(std::size_t row);
-    void PlaceSlider(const Row& row);
+    static void PlaceSlider(const Row& row);
 
     Changed changed_;
     std::vector<Row> rows_;

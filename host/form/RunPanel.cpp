@@ -51,6 +51,7 @@ std::wstring StoredText(PlacedControl& control, const wchar_t* property) {
 
 std::vector<std::wstring> NamesOf(const std::vector<StoredVariable>& variables) {
     std::vector<std::wstring> names;
+    names.reserve(variables.size());
     for (const StoredVariable& variable : variables) {
         names.push_back(variable.Name);
     }
