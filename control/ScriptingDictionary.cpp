@@ -27,8 +27,9 @@ Com::Variant KeyVariant(const Text& key, const Item& item) {
 void PutItem(OwnValueDictionary& dictionary, VARIANT* key, VARIANT* item) {
     const DictionaryKey name(Com::Out(key));
     Value value = ItemValue(item);
-    if (dictionary.Items.Exists(name.View())) {
-        dictionary.Put(name.View(), std::move(value));
+    if (Item* const present = dictionary.Items.Find(name.View())) {
+        // Swapped, so that the former value goes only after the item is whole again.
+        std::swap(present->Content, value);
     } else {
         dictionary.Items.Add(Text(name.View()), {std::move(value), name.HostKey()});
     }

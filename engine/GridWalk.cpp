@@ -2,6 +2,7 @@
 // The walk over a regular grid of input values.
 #include "engine/GridWalk.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -14,6 +15,9 @@ namespace {
 /// The most points of an axis whose texts are kept: the same come up again and again, but memory
 /// does not grow with the number of points.
 constexpr std::int32_t MostKeptTexts = 4096;
+
+/// The most characters of a coordinate and the "," after it.
+constexpr std::size_t MostCharacters = 24;
 
 /// Where the walk stands on one axis.
 struct AxisPosition {
@@ -55,6 +59,8 @@ std::vector<AxisPosition> StartPositions(const std::vector<GridAxis>& axes,
             throw FisError(RuntimeError::Overflow);
         }
         positions.push_back({axis, divisions, step});
+        positions.back().Texts.reserve(
+            static_cast<std::size_t>(std::min(divisions, MostKeptTexts - 1)) + 1);
     }
     return positions;
 }
@@ -68,6 +74,7 @@ void WalkGrid(const std::vector<GridAxis>& axes, std::int32_t divisions, GridVis
     }
     std::vector<AxisPosition> positions = StartPositions(axes, divisions);
     std::string point;
+    point.reserve(positions.size() * MostCharacters);
     std::size_t level = 0;
     for (;;) {
         AxisPosition& position = positions[level];
