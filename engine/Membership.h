@@ -53,21 +53,21 @@ inline MembershipPair Membership(const LinguisticTerm& first, const LinguisticTe
 
 /// Sets the degrees of membership of x in terms of an input variable whose universe is from lower
 /// to upper; outside, they are 0. Terms and degrees have room for an even number, the last term
-/// being there twice if count is odd. Returns false, at the pair of terms that it has come to, when
-/// a flank may be wider than the largest Double.
+/// being there twice if count is odd. Returns false when a flank may be wider than the largest
+/// Double.
 inline bool SetMemberships(const LinguisticTerm* const* terms, std::size_t count, double x,
                            double upper, double lower, double* degrees) {
     const bool isOutside = x < lower || x > upper;
+    // Infinite, or not a number, as soon as one of the widths is.
+    DoublePair widths{};
     for (std::size_t i = 0; i < count; i += 2) {
         const MembershipPair pair =
             isOutside ? MembershipPair{} : Membership(*terms[i], *terms[i + 1], x);
-        if (!std::isfinite(pair.Widths[0] + pair.Widths[1])) {
-            return false;
-        }
+        widths += pair.Widths;
         degrees[i] = pair.Degrees[0];
         degrees[i + 1] = pair.Degrees[1];
     }
-    return true;
+    return std::isfinite(widths[0] + widths[1]);
 }
 
 } // namespace Quorvane::RunTime

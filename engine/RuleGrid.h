@@ -3,9 +3,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "engine/RuleTables.h"
 
@@ -83,20 +85,47 @@ class RuleGrid {
     /// places on the last two axes alone.
     template <class Visit>
     void VisitActiveCells(const RuleTables& tables, Visit visit) {
-        const std::size_t outerCount = degrees_.size();
-        for (bool isPlane = FirstPlane(); isPlane; isPlane = NextPlane()) {
-            for (const Place& row : ActivePlaces(outerCount)) {
-                const std::uint32_t* const firstRules =
-                    firstRules_.data() + cells_[outerCount] + row.Offset;
-                for (const Place& place : ActivePlaces(outerCount + 1)) {
-                    for (std::uint32_t rule = firstRules[place.Offset]; rule != NoRule;
-                         rule = nextRules_[rule]) {
-                        double strength = tables.Weights[rule];
-                        for (std::size_t axis = 0; axis < outerCount; ++axis) {
-                            strength *= degrees_[axis];
-                        }
-                        visit(rule, strength * row.Degree * place.Degree);
+        switch (degrees_.size()) {
+        case 1:
+            return VisitPlanes(std::make_index_sequence<1>(), tables, visit);
+        case 2:
+            return VisitPlanes(std::make_index_sequence<2>(), tables, visit);
+        case 3:
+            return VisitPlanes(std::make_index_sequence<3>(), tables, visit);
+        default:
+            for (bool isPlane = FirstPlane(); isPlane; isPlane = NextPlane()) {
+                VisitPlane(visit, [&](std::uint32_t rule) {
+                    double strength = tables.Weights[rule];
+                    for (const double degree : degrees_) {
+                        strength *= degree;
                     }
+                    return strength;
+                });
+            }
+        }
+    }
+
+    /// The same with so many axes outside of the planes that their degrees stay in registers.
+    template <std::size_t... Outer, class Visit>
+    void VisitPlanes(std::index_sequence<Outer...>, const RuleTables& tables, Visit visit) {
+        for (bool isPlane = FirstPlane(); isPlane; isPlane = NextPlane()) {
+            VisitPlane(visit,
+                       [weights = tables.Weights.data(), degrees = std::array{degrees_[Outer]...}](
+                           std::uint32_t rule) { return (weights[rule] * ... * degrees[Outer]); });
+        }
+    }
+
+    /// Visits the rules of a plane. Their strengths without the degrees of the last two axes are
+    /// computed by outerStrength.
+    template <class Visit, class OuterStrength>
+    void VisitPlane(Visit& visit, OuterStrength outerStrength) {
+        const std::size_t rows = degrees_.size();
+        for (const Place& row : ActivePlaces(rows)) {
+            const std::uint32_t* const firstRules = firstRules_.data() + cells_[rows] + row.Offset;
+            for (const Place& place : ActivePlaces(rows + 1)) {
+                for (std::uint32_t rule = firstRules[place.Offset]; rule != NoRule;
+                     rule = nextRules_[rule]) {
+                    visit(rule, outerStrength(rule) * row.Degree * place.Degree);
                 }
             }
         }

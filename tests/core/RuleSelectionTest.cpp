@@ -125,7 +125,8 @@ TEST_F(RuleSelectionTest, FullGridsInAnyOrder) {
         std::uint32_t Inputs;
         std::uint32_t Terms;
     };
-    for (const Case& shape : {Case{1, 1}, {1, 7}, {2, 3}, {2, 8}, {3, 5}, {4, 3}, {5, 2}}) {
+    for (const Case& shape :
+         {Case{1, 1}, {1, 7}, {2, 3}, {2, 8}, {3, 5}, {4, 4}, {5, 3}, {6, 3}, {7, 2}}) {
         SCOPED_TRACE(testing::Message() << shape.Inputs << " x " << shape.Terms);
         std::vector<Text> rules = FullGrid(shape.Inputs, shape.Terms, 12);
         LoadInputs(shape.Inputs, shape.Terms, rules);
@@ -135,6 +136,22 @@ TEST_F(RuleSelectionTest, FullGridsInAnyOrder) {
         }
         LoadInputs(shape.Inputs, shape.Terms, rules);
         RunCycles(random, 60);
+    }
+}
+
+TEST_F(RuleSelectionTest, GridsOfTwoOutputsOfWhichRulesNameOneOrBoth) {
+    Random random(12);
+    for (const std::uint32_t omitted : {0U, 40U}) {
+        SCOPED_TRACE(omitted);
+        std::vector<Text> rules = FullGrid(3, 6, OutputTerms);
+        for (Text& rule : rules) {
+            const Text term = random.Percent(omitted) ? Text(u"[NONE]")
+                                                      : u"t" + Number(random.Below(OutputTerms));
+            rule.insert(rule.find(u':'), u";Z<" + term);
+        }
+        Load(3, 6, Joined({OutputWithTerms(u"Y"), OutputWithTerms(u"Z")}), rules);
+        EXPECT_EQ(State().Tables->NamesEveryOutput, omitted == 0);
+        RunCycles(random, 200);
     }
 }
 
