@@ -49,7 +49,8 @@ std::vector<RunTime::GridAxis> AxesOf(const VariableDictionary& inputs) {
 
 /// One run over the grid of the system as it is when the run begins. Handlers of the event may
 /// change everything meanwhile: every point goes into the inputs, and its results come from the
-/// outputs, that are the process' at that moment.
+/// outputs, that are the process' at that moment. While it lives, the thread computes as
+/// DefaultArithmetic says, but for code of the host.
 class BatchRun final : public RunTime::GridVisitor {
   public:
     BatchRun(FISControl& control, const Text& folder)
@@ -73,13 +74,14 @@ class BatchRun final : public RunTime::GridVisitor {
         }
         // Held, as a host's dictionary may run code that assigns another one.
         const auto values = current;
+        const DefaultArithmetic::Pause pause(arithmetic_);
         Definition::Require(values).Put(inputs_.Names()[axis], value);
     }
 
     void VisitPoint(std::string_view point) override {
         inData_.Write(point);
         inData_.Write("\r\n");
-        Com::Check(control_.Fire());
+        FireAsHost();
         for (std::size_t i = 0; i < outputs_.Names().size(); ++i) {
             WriteOutput(i);
             outData_.Write(" ");
@@ -88,6 +90,12 @@ class BatchRun final : public RunTime::GridVisitor {
     }
 
   private:
+    /// A cycle has arithmetic of its own; handlers of its event have the host's.
+    void FireAsHost() {
+        const DefaultArithmetic::Pause pause(arithmetic_);
+        Com::Check(control_.Fire());
+    }
+
     void WriteOutput(std::size_t index) {
         const auto& current = Definition::State().OutputValues;
         const Value* const item = outputs_.Find(current.get(), index);
@@ -100,6 +108,7 @@ class BatchRun final : public RunTime::GridVisitor {
             TextView(FixedText(Definition::Require(values).Get(outputs_.Names()[index]))));
     }
 
+    DefaultArithmetic arithmetic_;
     FISControl& control_;
     BatchFile inData_;
     BatchFile outData_;
@@ -114,7 +123,6 @@ STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
     return Com::Guard<_FISControl>([&] {
         const TextView givenPath = Com::View(Com::Out(path));
         const LONG givenPart = Com::Out(part);
-        const DefaultArithmetic arithmetic;
         try {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);
         } catch (...) {

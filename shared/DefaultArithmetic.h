@@ -17,37 +17,64 @@ namespace Quorvane {
 /// The 32-bit standard library computes on the x87 unit, which then rounds to Doubles as well.
 class DefaultArithmetic {
   public:
-#if defined(__x86_64__) || defined(__i386__)
-    DefaultArithmetic() noexcept : vectorState_(_mm_getcsr()) {
-        constexpr unsigned nothingTraps = 0x1F80;
-        _mm_setcsr(nothingTraps);
-#if defined(__i386__)
-        asm volatile("fnstcw %0" : "=m"(x87State_) : : "memory");
-        constexpr std::uint16_t nothingTrapsAndDoubles = 0x027F;
-        asm volatile("fldcw %0" : : "m"(nothingTrapsAndDoubles) : "memory");
-#endif
-    }
-    ~DefaultArithmetic() {
-#if defined(__i386__)
-        // What has happened meanwhile must not trap as soon as it may again.
-        asm volatile("fnclex\n\tfldcw %0" : : "m"(x87State_) : "memory");
-#endif
-        _mm_setcsr(vectorState_);
-    }
-#else
-    DefaultArithmetic() noexcept {}
-    ~DefaultArithmetic() {}
-#endif
+    DefaultArithmetic() noexcept : host_(Choice::Current()) { Choice().Set(); }
+    ~DefaultArithmetic() { host_.Set(); }
     DefaultArithmetic(const DefaultArithmetic&) = delete;
     DefaultArithmetic& operator=(const DefaultArithmetic&) = delete;
 
-#if defined(__x86_64__) || defined(__i386__)
+    /// While it lives, the thread computes as the host has chosen: for calls of the host's code in
+    /// the middle of work of ours. Another choice that the host makes meanwhile is kept.
+    class Pause {
+      public:
+        explicit Pause(DefaultArithmetic& paused) noexcept : paused_(paused) {
+            paused_.host_.Set();
+        }
+        ~Pause() {
+            paused_.host_ = Choice::Current();
+            Choice().Set();
+        }
+        Pause(const Pause&) = delete;
+        Pause& operator=(const Pause&) = delete;
+
+      private:
+        DefaultArithmetic& paused_;
+    };
+
   private:
-    unsigned vectorState_;
+    /// How the units of a thread compute; at first as this class promises.
+    struct Choice {
 #if defined(__i386__)
-    std::uint16_t x87State_ = 0;
+        unsigned Vector = 0x1F80;
+        std::uint16_t X87 = 0x027F;
+
+        static Choice Current() noexcept {
+            Choice current{_mm_getcsr(), 0};
+            asm volatile("fnstcw %0" : "=m"(current.X87) : : "memory");
+            return current;
+        }
+        void Set() const noexcept {
+            // What has happened meanwhile must not trap as soon as it may again.
+            asm volatile("fnclex\n\tfldcw %0" : : "m"(X87) : "memory");
+            _mm_setcsr(Vector);
+        }
+#elif defined(__x86_64__)
+        unsigned Vector = 0x1F80;
+
+        static Choice Current() noexcept {
+            return {_mm_getcsr()};
+        }
+        void Set() const noexcept {
+            _mm_setcsr(Vector);
+        }
+#else
+        static Choice Current() noexcept {
+            return {};
+        }
+        void Set() const noexcept {}
 #endif
-#endif
+    };
+
+    Choice host_;
 };
 
 } // namespace Quorvane

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "tests/com/support/BatchTest.h"
+#include "tests/com/support/HostDictionary.h"
 
 namespace Quorvane {
 namespace {
@@ -33,6 +34,33 @@ class HostArithmeticState {
   private:
     unsigned state_;
     unsigned former_;
+};
+
+/// The choice of the vector unit, without the flags that say what has happened.
+unsigned ChoiceNow() {
+    return _mm_getcsr() & ~0x3Fu;
+}
+
+unsigned X87Now() {
+    std::uint16_t word = 0;
+    asm volatile("fnstcw %0" : "=m"(word) : : "memory");
+    return word;
+}
+
+/// While it lives, the x87 unit rounds towards zero.
+class X87ChoiceOfHost {
+  public:
+    static constexpr std::uint16_t TowardZero = 0x0E7F;
+
+    X87ChoiceOfHost() : former_(static_cast<std::uint16_t>(X87Now())) {
+        asm volatile("fldcw %0" : : "m"(TowardZero) : "memory");
+    }
+    ~X87ChoiceOfHost() { asm volatile("fldcw %0" : : "m"(former_) : "memory"); }
+    X87ChoiceOfHost(const X87ChoiceOfHost&) = delete;
+    X87ChoiceOfHost& operator=(const X87ChoiceOfHost&) = delete;
+
+  private:
+    std::uint16_t former_;
 };
 
 /// A third of a thing, which has to be rounded, and outputs that are tiny.
@@ -115,6 +143,51 @@ TEST_F(HostArithmetic, DoesNotChangeTheBatchFiles) {
         }
         ExpectFiles(inData, outData);
     }
+}
+
+TEST_F(HostArithmetic, IsTheHostsInWhatABatchCalls) {
+    const auto placed = Run(Thirds);
+    Batch(placed, 1);
+    const std::string inData = Folder().Read("InData.txt");
+    const std::string outData = Folder().Read("OutData.txt");
+    const auto inputs = Com::MakeObject<HostDictionary>();
+    EXPECT_EQ(placed->putref_InVals(inputs.Get()), S_OK);
+    std::vector<unsigned> seen;
+    std::vector<unsigned> seenX87;
+    inputs->OnPut = [&](const Text&) { seen.push_back(ChoiceNow()); };
+    const auto sink = Com::MakeObject<EventSink>([&] {
+        seen.push_back(ChoiceNow());
+        seenX87.push_back(X87Now());
+    });
+    const Connection connection(placed.Control.Get(), sink.Get());
+    {
+        const HostArithmeticState host(TowardZero);
+        const X87ChoiceOfHost x87;
+        CallBatchData(placed, Folder().Path(), 1);
+    }
+    EXPECT_EQ(seen, std::vector<unsigned>(4, TowardZero));
+    EXPECT_EQ(seenX87, std::vector<unsigned>(2, X87ChoiceOfHost::TowardZero));
+    ExpectFiles(inData, outData);
+}
+
+TEST_F(HostArithmetic, KeepsWhatAHandlerChooses) {
+    const auto placed = Run(Thirds);
+    const auto sink = Com::MakeObject<EventSink>([] { _mm_setcsr(TinyIsZero); });
+    const Connection connection(placed.Control.Get(), sink.Get());
+    const unsigned former = _mm_getcsr();
+    CallBatchData(placed, Folder().Path(), 1);
+    EXPECT_EQ(ChoiceNow(), TinyIsZero);
+    _mm_setcsr(former);
+}
+
+TEST_F(HostArithmetic, IsTheHostsWhileItReadsAMessage) {
+    const auto placed = Run(Thirds);
+    const HostArithmeticState host(TowardZero);
+    unsigned seen = 0;
+    const MessageBoxes boxes([&] { seen = ChoiceNow(); });
+    CallBatchData(placed, u"", 1);
+    EXPECT_EQ(boxes.Shown.size(), 1u);
+    EXPECT_EQ(seen, TowardZero);
 }
 
 } // namespace
