@@ -18,6 +18,9 @@ inline std::string CycleName(const std::string& workload, const std::string& str
 void RegisterCycleBenchmarks();
 void PrintCycleTable(const Medians& medians);
 
+void RegisterPreparationBenchmarks();
+void PrintPreparationTable(const Medians& medians);
+
 void RegisterBatchBenchmarks();
 void PrintBatchTable(const Medians& medians);
 

@@ -4,7 +4,6 @@
 
 #include <bit>
 #include <cstdint>
-#include <optional>
 #include <set>
 #include <stdexcept>
 
@@ -24,12 +23,10 @@ std::uint64_t BitsOf(const Value& value) {
 } // namespace
 
 Rig& Rig::Of(const Workload& workload) {
-    static std::optional<std::string> name;
     static std::unique_ptr<Rig> rig;
-    if (name != workload.Name) {
+    if (!IsInstalled(workload)) {
         rig.reset();
         rig.reset(new Rig(workload));
-        name = workload.Name;
         // Once is enough, and takes long with the reference.
         static std::set<std::string> compared;
         if (compared.insert(workload.Name).second) {

@@ -3,6 +3,7 @@
 #include "bench/Workload.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "engine/PrepareRuleBase.h"
 #include "model/ParseDefinition.h"
@@ -13,6 +14,9 @@
 
 namespace Quorvane::Bench {
 namespace {
+
+/// The workload whose system is that of the process.
+std::optional<std::string> installedName;
 
 constexpr std::uint32_t OutputTerms = 7;
 /// How many inputs a rule of a sparse system names.
@@ -174,8 +178,7 @@ const std::vector<Workload>& Workloads() {
 }
 
 void Install(const Workload& workload) {
-    static std::string installed;
-    if (installed == workload.Name) {
+    if (IsInstalled(workload)) {
         return;
     }
     Definition::ProcessState& state = Definition::State();
@@ -184,7 +187,15 @@ void Install(const Workload& workload) {
     state.RulesText = Main::TransformText(workload.Rules, true);
     Main::ParseDefinition();
     RunTime::PrepareRuleBase();
-    installed = workload.Name;
+    installedName = workload.Name;
+}
+
+bool IsInstalled(const Workload& workload) {
+    return installedName == workload.Name;
+}
+
+void ForgetInstalled() {
+    installedName.reset();
 }
 
 Stream MakeStream(Change change) {

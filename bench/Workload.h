@@ -33,6 +33,9 @@ const std::vector<Workload>& Workloads();
 /// Makes the system that of the process: parses its texts and prepares its rules. Nothing is done
 /// when it is so already.
 void Install(const Workload& workload);
+bool IsInstalled(const Workload& workload);
+/// To be called after the model has been replaced by other means.
+void ForgetInstalled();
 
 /// Which inputs have another value in each cycle.
 enum class Change { All, One, Nothing };

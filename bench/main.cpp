@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     Quorvane::Bench::RegisterCycleBenchmarks();
+    Quorvane::Bench::RegisterPreparationBenchmarks();
     Quorvane::Bench::RegisterBatchBenchmarks();
 #ifdef _WIN32
     Quorvane::Bench::RegisterComBenchmarks();
@@ -45,6 +46,7 @@ int main(int argc, char** argv) {
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     Quorvane::Bench::PrintCycleTable(reporter.Medians);
+    Quorvane::Bench::PrintPreparationTable(reporter.Medians);
     Quorvane::Bench::PrintBatchTable(reporter.Medians);
 #ifdef _WIN32
     Quorvane::Bench::PrintComTable(reporter.Medians);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "engine/ArrangeRules.h"
+#include "engine/ElementIndex.h"
 #include "engine/EngineRoutine.h"
 #include "engine/PreparedRules.h"
 #include "shared/Markers.h"
@@ -21,6 +22,18 @@ using NameIndex = StringKeyedDictionary<std::uint32_t>;
 struct NamedTerm {
     TextView Variable;
     TextView Term;
+};
+
+/// What an antecedent names; no term stands for "[NONE]".
+struct Antecedent {
+    std::uint32_t Input;
+    std::optional<std::uint32_t> Term;
+};
+
+/// What a consequent says; no point stands for "[NONE]".
+struct Consequent {
+    std::uint32_t Output;
+    std::optional<double> Point;
 };
 
 /// Raises SubscriptOutOfRange when a text did not split into enough pieces.
@@ -74,14 +87,24 @@ class TableBuilder {
 
     void AddAntecedents(TextView list) {
         Split(list, u';', elements_);
-        for (const TextView element : elements_) {
-            const auto [variable, term] = ParseElement(element, u'>');
-            const std::uint32_t input = UseInput(variable);
+        for (std::size_t place = 0; place < elements_.size(); ++place) {
+            const TextView element = elements_[place];
+            const auto& [input, term] = antecedents_.Find(
+                place, element, [this, element] { return ResolveAntecedent(element); });
             RequireFirstMention(inputMentions_, input);
-            if (term != NoneMarker) {
-                tables_->Antecedents.push_back(UseTerm(input, term));
+            if (term) {
+                tables_->Antecedents.push_back(*term);
             }
         }
+    }
+
+    Antecedent ResolveAntecedent(TextView element) {
+        const auto [variable, term] = ParseElement(element, u'>');
+        const std::uint32_t input = UseInput(variable);
+        if (term == NoneMarker) {
+            return {input, std::nullopt};
+        }
+        return {input, UseTerm(input, term)};
     }
 
     /// The index of a used input, which is added now if it is new.
@@ -125,21 +148,17 @@ class TableBuilder {
     }
 
     void AddConsequents(TextView list) {
-        const bool isFirstRule = tables_->RuleCount() == 0;
         tables_->LastRuleOutputs.clear();
         tables_->AddsToUnknownOutput = addsToUnknownOutput_;
         Split(list, u';', elements_);
-        for (const TextView element : elements_) {
-            const auto [output, term] = ParseElement(element, u'<');
-            const std::optional<double> point = ConsequentPoint(output, term);
-            const std::uint32_t number = NumberOfOutput(output);
-            RequireFirstMention(outputMentions_, number);
-            if (isFirstRule) {
-                tables_->UsedOutputs.push_back({.Name = Text(output)});
-            }
+        for (std::size_t place = 0; place < elements_.size(); ++place) {
+            const TextView element = elements_[place];
+            const auto& [output, point] = consequents_.Find(
+                place, element, [this, element] { return ResolveConsequent(element); });
+            RequireFirstMention(outputMentions_, output);
             // Names that come up later than in rule 0 have the higher numbers.
             const std::uint32_t index =
-                number < tables_->UsedOutputs.size() ? number : RuleTables::UnknownOutput;
+                output < tables_->UsedOutputs.size() ? output : RuleTables::UnknownOutput;
             tables_->LastRuleOutputs.push_back(index);
             if (point) {
                 AddConsequent(index, *point);
@@ -147,10 +166,19 @@ class TableBuilder {
         }
     }
 
+    Consequent ResolveConsequent(TextView element) {
+        const auto [output, term] = ParseElement(element, u'<');
+        const std::optional<double> point = ConsequentPoint(output, term);
+        return {NumberOfOutput(output), point};
+    }
+
     /// The number of an output in the order of first mention.
     std::uint32_t NumberOfOutput(TextView name) {
         if (const std::uint32_t* const number = outputs_.Find(name)) {
             return *number;
+        }
+        if (tables_->RuleCount() == 0) {
+            tables_->UsedOutputs.push_back({.Name = Text(name)});
         }
         outputMentions_.push_back(0);
         return outputs_.Add(Text(name), static_cast<std::uint32_t>(outputs_.Count()));
@@ -172,6 +200,8 @@ class TableBuilder {
 
     std::shared_ptr<PreparedRules> tables_ = std::make_shared<PreparedRules>();
 
+    ElementIndex<Antecedent> antecedents_;
+    ElementIndex<Consequent> consequents_;
     NameIndex inputs_{KeyComparison::Exact};
     /// For each input, its terms with their numbers; for each number, where the term belongs.
     std::vector<NameIndex> terms_;

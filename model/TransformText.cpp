@@ -2,6 +2,7 @@
 // The codec between plain definition text and the stored form that hosts persist.
 #include "model/TransformText.h"
 
+#include <array>
 #include <cstdint>
 
 #include "shared/Definition.h"
@@ -27,17 +28,25 @@ Text Encode(TextView text) {
     return stored;
 }
 
+constexpr std::uint8_t NoDigit = 0xFF;
+
+/// The values of hexadecimal digits of either letter case, by character.
+constexpr auto DigitValues = [] {
+    std::array<std::uint8_t, AsciiEnd> values{};
+    values.fill(NoDigit);
+    for (std::uint8_t value = 0; value < 16; ++value) {
+        values[TextView(u"0123456789ABCDEF")[value]] = value;
+        values[TextView(u"0123456789abcdef")[value]] = value;
+    }
+    return values;
+}();
+
 std::uint8_t HexDigit(char16_t digit) {
-    if (digit >= u'0' && digit <= u'9') {
-        return static_cast<std::uint8_t>(digit - u'0');
+    const std::uint8_t value = digit < AsciiEnd ? DigitValues[digit] : NoDigit;
+    if (value == NoDigit) {
+        throw FisError(RuntimeError::TypeMismatch);
     }
-    if (digit >= u'A' && digit <= u'F') {
-        return static_cast<std::uint8_t>(digit - u'A' + 10);
-    }
-    if (digit >= u'a' && digit <= u'f') {
-        return static_cast<std::uint8_t>(digit - u'a' + 10);
-    }
-    throw FisError(RuntimeError::TypeMismatch);
+    return value;
 }
 
 Text Decode(TextView stored) {

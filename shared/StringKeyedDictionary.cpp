@@ -6,6 +6,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <random>
 
 namespace Quorvane {
@@ -64,28 +65,57 @@ class SipHash {
     std::uint64_t v3_;
 };
 
+constexpr std::size_t UnitsPerWord = sizeof(std::uint64_t) / sizeof(char16_t);
+
+/// The units at the end of a text that do not fill a word.
+std::uint64_t WordOfLast(const char16_t* units, std::size_t count) noexcept {
+    std::uint64_t word = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        word = word << 16U | units[i];
+    }
+    return word;
+}
+
+/// The same for every unit of a word.
+constexpr std::uint64_t EachUnit(std::uint64_t unit) {
+    return unit * 0x0001000100010001U;
+}
+
+/// FoldCase of all units of a word.
+std::uint64_t FoldWord(std::uint64_t word) noexcept {
+    if ((word & EachUnit(0xFF80)) == 0) {
+        // ASCII: adding carries into bit 7 of a unit from "a" on, and from behind "z" on.
+        const std::uint64_t fromA = word + EachUnit(0x80 - u'a');
+        const std::uint64_t beyondZ = word + EachUnit(0x7F - u'z');
+        return word - ((fromA ^ beyondZ) & EachUnit(0x80)) / 4;
+    }
+    std::uint64_t folded = 0;
+    for (std::size_t bit = 0; bit < 64; bit += 16) {
+        folded |= std::uint64_t{FoldCase(static_cast<char16_t>(word >> bit))} << bit;
+    }
+    return folded;
+}
+
 template <class Fold>
 std::size_t Hash(TextView key, Fold fold) noexcept {
-    constexpr std::size_t UnitsPerWord = 4;
     SipHash hash(SecretKey());
-    std::uint64_t word = 0;
-    for (std::size_t i = 0; i < key.size(); ++i) {
-        word = word << 16U | fold(key[i]);
-        if (i % UnitsPerWord == UnitsPerWord - 1) {
-            hash.Add(std::exchange(word, 0));
-        }
+    const std::size_t left = key.size() % UnitsPerWord;
+    const char16_t* const end = key.data() + (key.size() - left);
+    for (const char16_t* units = key.data(); units != end; units += UnitsPerWord) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, units, sizeof word);
+        hash.Add(fold(word));
     }
     // The length tells the last word's units from leading zeros.
-    hash.Add(word | std::uint64_t{key.size()} << 48U);
+    hash.Add(fold(WordOfLast(end, left)) | std::uint64_t{key.size()} << 48U);
     return static_cast<std::size_t>(hash.Finish());
 }
 
 } // namespace
 
 std::size_t KeyHash::operator()(TextView key) const {
-    return Comparison == KeyComparison::Exact
-               ? Hash(key, [](char16_t character) { return character; })
-               : Hash(key, [](char16_t character) { return FoldCase(character); });
+    return Comparison == KeyComparison::Exact ? Hash(key, [](std::uint64_t word) { return word; })
+                                              : Hash(key, FoldWord);
 }
 
 bool KeyEqual::operator()(TextView left, TextView right) const noexcept {

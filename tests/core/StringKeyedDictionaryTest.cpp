@@ -2,6 +2,7 @@
 // Tests of the dictionary that the whole system is built on.
 #include "shared/StringKeyedDictionary.h"
 
+#include <map>
 #include <memory>
 
 #include "tests/core/CoreTest.h"
@@ -267,15 +268,27 @@ TEST(StringKeyedDictionary, HoldsManyEntriesAndLosesThemInAnyOrder) {
 TEST(StringKeyedDictionary, KeysThatCompareEqualHashEqual) {
     const KeyHash hash{KeyComparison::IgnoreCase};
     const KeyEqual equal{KeyComparison::IgnoreCase};
+    const auto keyOf = [](char16_t unit) { return u"Rule" + Text(3, unit) + u"a>" + unit; };
     for (std::uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
-        const Text key(3, static_cast<char16_t>(unit));
-        const Text folded(3, FoldCase(static_cast<char16_t>(unit)));
+        const Text key = keyOf(static_cast<char16_t>(unit));
+        const Text folded = keyOf(FoldCase(static_cast<char16_t>(unit)));
         ASSERT_TRUE(equal(key, folded)) << unit;
         ASSERT_EQ(hash(key), hash(folded)) << unit;
     }
     EXPECT_FALSE(equal(u"ab", u"a"));
     EXPECT_FALSE(equal(u"ab", u"ac"));
     EXPECT_FALSE((KeyEqual{KeyComparison::Exact}(u"ab", u"aB")));
+}
+
+TEST(StringKeyedDictionary, KeysThatDifferHashDifferentlyAlsoWhereOnlyOneIsALetter) {
+    const KeyHash hash{KeyComparison::IgnoreCase};
+    std::map<std::size_t, std::uint32_t> units;
+    for (std::uint32_t unit = 0; unit < 0x200; ++unit) {
+        const auto character = static_cast<char16_t>(unit);
+        const std::uint32_t folded = FoldCase(character);
+        const auto [known, isNew] = units.emplace(hash(Text(5, character)), folded);
+        EXPECT_EQ(known->second, folded) << unit;
+    }
 }
 
 /// A value whose end runs code that uses the dictionary it is in, as a script object's can.
