@@ -25,7 +25,7 @@ LONG Snapped(LONG value, int step) {
 
 FormSurface::FormSurface(HWND parent, FormSurfaceOwner& owner) : owner_(owner) {
     Create(L"QuorvaneFormSurface", L"Form", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP,
-           parent, nullptr, WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT);
+           parent, nullptr, WS_EX_CLIENTEDGE);
 }
 
 FormSurface::~FormSurface() {
@@ -45,6 +45,12 @@ void FormSurface::Clear() {
 void FormSurface::Load(const FormFile& form, const PlacementSettings& settings) {
     Clear();
     settings_ = settings;
+    // In run mode the Tab key goes to the windows of the controls; in design mode there are none,
+    // and it stops at the form.
+    const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_EXSTYLE);
+    SetWindowLongPtrW(Handle(), GWL_EXSTYLE,
+                      settings_.RunMode ? style | WS_EX_CONTROLPARENT
+                                        : style & ~LONG_PTR{WS_EX_CONTROLPARENT});
     try {
         for (const FormControl& control : form.Controls) {
             controls_.push_back(std::make_unique<PlacedControl>(
@@ -113,7 +119,7 @@ LRESULT FormSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
         return 1;
     case WM_GETDLGCODE:
-        return isDesign ? DLGC_WANTARROWS : 0;
+        return DialogCode(wParam);
     case WM_LBUTTONDOWN:
         SetFocus(Handle());
         if (isDesign) {
@@ -138,7 +144,7 @@ LRESULT FormSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_KEYDOWN:
         if (isDesign) {
-            MoveByKey(wParam);
+            OnKey(wParam);
         }
         return 0;
     case WM_SETCURSOR:
@@ -272,6 +278,37 @@ void FormSurface::Drag(POINT point) {
         }
     }
     PlaceSelected(place);
+}
+
+LRESULT FormSurface::DialogCode(WPARAM key) const {
+    if (settings_.RunMode) {
+        return 0;
+    }
+    return DLGC_WANTARROWS | (key == VK_TAB && NextControl() ? DLGC_WANTTAB : 0);
+}
+
+PlacedControl* FormSurface::NextControl() const {
+    const bool isBackward = GetKeyState(VK_SHIFT) < 0;
+    if (controls_.empty()) {
+        return nullptr;
+    }
+    if (!selected_) {
+        return isBackward ? controls_.back().get() : controls_.front().get();
+    }
+    const auto found =
+        std::ranges::find(controls_, selected_, [](const auto& control) { return control.get(); });
+    if (isBackward) {
+        return found == controls_.begin() ? nullptr : std::prev(found)->get();
+    }
+    return std::next(found) == controls_.end() ? nullptr : std::next(found)->get();
+}
+
+void FormSurface::OnKey(WPARAM key) {
+    if (key != VK_TAB) {
+        MoveByKey(key);
+    } else if (PlacedControl* const next = NextControl()) {
+        Select(next);
+    }
 }
 
 void FormSurface::MoveByKey(WPARAM key) {

@@ -71,6 +71,10 @@ class FormSurface final : public Window, public PlacedControlOwner {
     Grip GripAt(POINT point) const;
     void BeginDrag(POINT point);
     void Drag(POINT point);
+    LRESULT DialogCode(WPARAM key) const;
+    /// The control that the Tab key selects, with Shift or without; null when it leaves the form.
+    PlacedControl* NextControl() const;
+    void OnKey(WPARAM key);
     void MoveByKey(WPARAM key);
     void PlaceSelected(const RECT& place);
     void SetPointer(POINT point) const;

@@ -18,56 +18,8 @@ namespace Quorvane::Host {
 
 namespace {
 
-enum CommandId {
-    NewId = 1,
-    OpenId,
-    SaveId,
-    SaveAsId,
-    ExitId,
-    DesignId,
-    RunId,
-    AddId,
-    RemoveId,
-    PropertiesId,
-    AboutId,
-};
-
 constexpr const char16_t* ControlClass = u"QuorvaneAxEditor.FISControl";
 constexpr int PanelWidth = 372;
-
-HMENU MenuBar() {
-    const HMENU file = CreatePopupMenu();
-    AppendMenuW(file, MF_STRING, NewId, GetText(TextId::NewItem));
-    AppendMenuW(file, MF_STRING, OpenId, GetText(TextId::OpenItem));
-    AppendMenuW(file, MF_STRING, SaveId, GetText(TextId::SaveItem));
-    AppendMenuW(file, MF_STRING, SaveAsId, GetText(TextId::SaveAsItem));
-    AppendMenuW(file, MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(file, MF_STRING, ExitId, GetText(TextId::ExitItem));
-    const HMENU form = CreatePopupMenu();
-    AppendMenuW(form, MF_STRING, DesignId, GetText(TextId::DesignItem));
-    AppendMenuW(form, MF_STRING, RunId, GetText(TextId::RunItem));
-    AppendMenuW(form, MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(form, MF_STRING, AddId, GetText(TextId::AddItem));
-    AppendMenuW(form, MF_STRING, RemoveId, GetText(TextId::RemoveItem));
-    AppendMenuW(form, MF_STRING, PropertiesId, GetText(TextId::PropertiesItem));
-    const HMENU help = CreatePopupMenu();
-    AppendMenuW(help, MF_STRING, AboutId, GetText(TextId::AboutItem));
-    const HMENU bar = CreateMenu();
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), GetText(TextId::FileMenu));
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(form), GetText(TextId::FormMenu));
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(help), GetText(TextId::HelpMenu));
-    return bar;
-}
-
-HACCEL Accelerators() {
-    std::array<ACCEL, 6> keys = {{{FVIRTKEY | FCONTROL, 'N', NewId},
-                                  {FVIRTKEY | FCONTROL, 'O', OpenId},
-                                  {FVIRTKEY | FCONTROL, 'S', SaveId},
-                                  {FVIRTKEY | FSHIFT, VK_F5, DesignId},
-                                  {FVIRTKEY, VK_F5, RunId},
-                                  {FVIRTKEY, VK_F4, PropertiesId}}};
-    return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
-}
 
 /// Asks for a form file; empty when the user gives none.
 std::filesystem::path AskForFile(HWND owner, const std::filesystem::path& offered, bool saving) {
@@ -101,8 +53,8 @@ FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) 
     placement_.Dll = settings.Dll;
     placement_.Locale = settings.Locale;
     Create(L"QuorvaneFormWindow", GetText(TextId::ProgramName),
-           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr, MenuBar(), WS_EX_CONTROLPARENT);
-    accelerators_.reset(Accelerators());
+           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr, MakeMenuBar(), WS_EX_CONTROLPARENT);
+    accelerators_ = MakeAccelerators();
     surface_ = std::make_unique<FormSurface>(Handle(), *this);
     grid_ = std::make_unique<PropertyGrid>(Handle());
     runPanel_ = std::make_unique<RunPanel>(Handle(), settings.BatchFolder);
@@ -142,6 +94,9 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             Arrange();
         }
         return 0;
+    case WM_ACTIVATE:
+        focus_.OnActivate(Handle(), wParam);
+        return 0;
     case WM_GETMINMAXINFO:
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(640), Scaled(520)};
         return 0;
@@ -149,7 +104,13 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         UpdateMenu();
         return 0;
     case WM_COMMAND:
-        OnCommand(LOWORD(wParam));
+        if (lParam != 0) {
+            ForwardToParent(reinterpret_cast<HWND>(lParam), wParam);
+        } else if (LOWORD(wParam) == IDOK) {
+            ClickFocusedButton();
+        } else {
+            OnCommand(LOWORD(wParam));
+        }
         return 0;
     case WM_CLOSE:
         if (MayDiscard()) {
@@ -175,6 +136,23 @@ void FormWindow::Arrange() {
     MoveWindow(surface_->Handle(), 0, 0, form, area.bottom, TRUE);
     MoveWindow(grid_->Handle(), form, 0, panel, area.bottom, TRUE);
     MoveWindow(runPanel_->Handle(), form, 0, panel, area.bottom, TRUE);
+}
+
+// Dialog keys report a button that they press to this window, whatever window the button is in.
+void FormWindow::ForwardToParent(HWND child, WPARAM wParam) const {
+    const HWND parent = GetParent(child);
+    if (parent != Handle() && IsChild(Handle(), parent)) {
+        SendMessageW(parent, WM_COMMAND, wParam, reinterpret_cast<LPARAM>(child));
+    }
+}
+
+// Enter presses a button that got the keyboard by a click, too, as it does in dialogs.
+void FormWindow::ClickFocusedButton() const {
+    const HWND focus = GetFocus();
+    if (IsChild(Handle(), focus) &&
+        (SendMessageW(focus, WM_GETDLGCODE, 0, 0) & DLGC_UNDEFPUSHBUTTON) != 0) {
+        SendMessageW(focus, BM_CLICK, 0, 0);
+    }
 }
 
 void FormWindow::OnCommand(int id) {
@@ -321,7 +299,17 @@ void FormWindow::ReloadControls() {
     if (placement_.RunMode) {
         runPanel_->SetControls(surface_->Controls());
     }
+    FocusUsual();
     OnSelectionChanged();
+}
+
+void FormWindow::FocusUsual() {
+    const HWND usual = placement_.RunMode ? runPanel_->FirstField() : surface_->Handle();
+    if (GetActiveWindow() == Handle()) {
+        SetFocus(usual);
+    } else {
+        focus_.Keep(usual);
+    }
 }
 
 void FormWindow::AddControl() {

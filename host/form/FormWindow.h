@@ -2,14 +2,15 @@
 // FormWindow: the main window with the form, the tools for design and run mode, and the file menu.
 #pragma once
 
+#include "host/form/FormMenu.h"
 #include "host/form/FormSurface.h"
+#include "host/form/KeptFocus.h"
 #include "host/form/PropertyGrid.h"
 #include "host/form/RunPanel.h"
 
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <type_traits>
 
 namespace Quorvane::Host {
 
@@ -38,6 +39,8 @@ class FormWindow final : public Window, public FormSurfaceOwner {
 
   private:
     void Arrange();
+    void ForwardToParent(HWND child, WPARAM wParam) const;
+    void ClickFocusedButton() const;
     void OnCommand(int id);
 
     void NewForm();
@@ -50,6 +53,8 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     /// Saves the bags, destroys every control, then creates and loads them anew in the other mode.
     void SetRunMode(bool runMode);
     void ReloadControls();
+    /// Gives the keyboard to the form, or in run mode to the first input.
+    void FocusUsual();
     /// Takes over the controls of the surface as they are now.
     void TakeControls();
     void AddControl();
@@ -57,10 +62,6 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     void ShowAbout();
     void UpdateTitle();
     void UpdateMenu();
-
-    struct AcceleratorsDeleter {
-        void operator()(HACCEL table) const { DestroyAcceleratorTable(table); }
-    };
 
     // FormSurfaceOwner
     void OnControlEvent(const std::wstring& control, const std::wstring& event) override;
@@ -75,7 +76,8 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     bool isLoading_ = false;
     /// Whether the controls of the form are on the surface; not after a load that failed.
     bool isLoaded_ = false;
-    std::unique_ptr<std::remove_pointer_t<HACCEL>, AcceleratorsDeleter> accelerators_;
+    Accelerators accelerators_;
+    KeptFocus focus_;
     std::unique_ptr<FormSurface> surface_;
     std::unique_ptr<PropertyGrid> grid_;
     std::unique_ptr<RunPanel> runPanel_;

@@ -4,6 +4,7 @@
 
 #include "host/ComObject.h"
 #include "host/HResult.h"
+#include "host/form/KeptFocus.h"
 #include "host/form/Texts.h"
 #include "host/form/Window.h"
 
@@ -99,6 +100,7 @@ class Frame final : public Window {
     HWND tabs_ = nullptr;
     std::vector<HWND> buttons_;
     bool isDone_ = false;
+    KeptFocus focus_;
 };
 
 HRESULT STDMETHODCALLTYPE PageSite::OnStatusChange(DWORD) noexcept {
@@ -327,6 +329,9 @@ LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (tabs_) {
             Arrange();
         }
+        return 0;
+    case WM_ACTIVATE:
+        focus_.OnActivate(Handle(), wParam);
         return 0;
     case WM_GETMINMAXINFO:
         if (tabs_) {

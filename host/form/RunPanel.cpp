@@ -193,6 +193,11 @@ void RunPanel::SelectControl(const std::wstring& name) {
     }
 }
 
+HWND RunPanel::FirstField() const {
+    const HWND field = GetNextDlgTabItem(inputRows_->Handle(), nullptr, FALSE);
+    return field ? field : fire_;
+}
+
 void RunPanel::ShowCurrent() {
     inputs_ = ReadStoredVariables(StoredText(*current_, L"Inputs"));
     outputs_ = ReadStoredVariables(StoredText(*current_, L"Outputs"));

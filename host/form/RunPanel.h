@@ -30,6 +30,9 @@ class RunPanel final : public Window {
     /// Makes a control the current one.
     void SelectControl(const std::wstring& name);
 
+    /// What a person begins with: the field of the first input, or the button that fires.
+    HWND FirstField() const;
+
     /// Counts an event, and follows the progress of a batch by it.
     void OnEvent(const std::wstring& control, const std::wstring& event);
 

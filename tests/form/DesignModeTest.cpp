@@ -26,6 +26,17 @@ class DesignMode : public FormTest {
 
     HWND Grid() const { return Child(program_.PropertyGrid(), Id::GridList); }
 
+    /// Begins to edit the caption in the grid; the field.
+    HWND BeginCaption(const std::wstring& caption) const {
+        Click(Grid(), RowPoint(Grid(), RowOf(Grid(), L"Caption")));
+        Press(VK_F2);
+        HWND const field = Child(Grid(), Id::GridField);
+        Expect("a property is edited", [&] { return FocusOf(field) == field; });
+        Type(caption);
+        Expect("a property is typed", [&] { return TextOf(field) == caption; });
+        return field;
+    }
+
     FormProgram program_;
 };
 
@@ -71,14 +82,57 @@ TEST_F(DesignMode, EditsPropertiesInTheGrid) {
 
 TEST_F(DesignMode, EscLeavesAPropertyAsItWas) {
     Click(program_.Surface(), {200, 200});
-    Click(Grid(), RowPoint(Grid(), RowOf(Grid(), L"Caption")));
-    Press(VK_F2);
-    HWND const field = Child(Grid(), Id::GridField);
-    Expect("a property is edited", [&] { return FocusOf(field) == field; });
-    Type(L"Boiler");
+    HWND const field = BeginCaption(L"Boiler");
     Press(VK_ESCAPE);
     Expect("the edit ends", [&] { return !IsWindowVisible(field); });
     EXPECT_EQ(GridValue(program_, L"Caption"), L"Room heating");
+}
+
+TEST_F(DesignMode, SelectsControlsByTheTabKey) {
+    const auto selected = [&](const wchar_t* name) {
+        return WaitFor(
+            [&] { return TextOf(Child(program_.PropertyGrid(), Id::GridTitle)) == name; }, 5000);
+    };
+    const auto hasKeyboard = [&](HWND window) {
+        return WaitFor([&] { return FocusOf(program_.Main()) == window; }, 5000);
+    };
+    EXPECT_TRUE(hasKeyboard(program_.Surface()));
+    program_.AddControl();
+    Press(VK_TAB, {VK_SHIFT});
+    EXPECT_TRUE(selected(L"FIS"));
+    Press(VK_TAB);
+    EXPECT_TRUE(selected(L"FIS1"));
+    // Past the last control it leaves the form, and comes back.
+    Press(VK_TAB);
+    EXPECT_TRUE(hasKeyboard(Grid()));
+    Press(VK_TAB, {VK_SHIFT});
+    EXPECT_TRUE(hasKeyboard(program_.Surface()));
+    EXPECT_TRUE(selected(L"FIS1"));
+    Press(VK_TAB, {VK_SHIFT});
+    EXPECT_TRUE(selected(L"FIS"));
+    Press(VK_DELETE);
+    EXPECT_TRUE(selected(L""));
+    Press(VK_TAB);
+    EXPECT_TRUE(selected(L"FIS1"));
+}
+
+TEST_F(DesignMode, GivesThePageTheKeyboardWhenItOpensAndAfterAMessage) {
+    const PageHands page(program_, program_.OpenPropertyFrame());
+    HWND const tree = page.Tree(Id::TreInput);
+    EXPECT_TRUE(WaitFor([&] { return FocusOf(tree) == tree; }, 5000));
+    page.BeginEdit(Id::TreInput, TreeItem(tree, {L"TempDiff", L"Warm", L"0"}), L"9");
+    Press(VK_RETURN);
+    HWND const message = program_.Dialog(WindowClass::Dialog);
+    Press(VK_RETURN);
+    Expect("the message closes", [&] { return !IsWindow(message); });
+    // No click from here on.
+    EXPECT_TRUE(
+        WaitFor([&] { return FocusOf(tree) == tree || IsChild(tree, FocusOf(tree)); }, 5000));
+    Press(VK_ESCAPE);
+    Expect("no label is edited", [&] { return !TreeView_GetEditControl(tree); });
+    Press(VK_HOME);
+    EXPECT_TRUE(
+        WaitFor([&] { return TreeView_GetSelection(tree) == TreeView_GetRoot(tree); }, 5000));
 }
 
 TEST_F(DesignMode, HidesTheDefinitionFromTheGrid) {

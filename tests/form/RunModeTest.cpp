@@ -141,6 +141,52 @@ TEST_F(RunMode, WorksByTheKeyboardAlone) {
     EXPECT_TRUE(WaitFor([&] { return program_.IsInRunMode(); }, 5000));
 }
 
+TEST_F(RunMode, EnterAndEscInAFieldChangeNothingElse) {
+    const std::wstring title = TextOf(program_.Main());
+    FocusByClick(program_.Field(0));
+    Press('A', {VK_CONTROL});
+    Type(L"1");
+    Press(VK_RETURN);
+    Press(VK_ESCAPE);
+    Type(L"5");
+    EXPECT_TRUE(WaitFor([&] { return TextOf(program_.Field(0)) == L"15"; }, 5000));
+    EXPECT_EQ(TextOf(program_.Main()), title);
+    EXPECT_TRUE(program_.IsInRunMode());
+    EXPECT_TRUE(TopWindows(program_.ProcessId(), WindowClass::Dialog).empty());
+    EXPECT_EQ(program_.EventCount(L"FIS.InferComplate"), 0);
+}
+
+TEST_F(RunMode, EnterPressesTheButtonThatHasTheKeyboard) {
+    const auto hasFired = [&](int times) {
+        return WaitFor([&] { return program_.EventCount(L"FIS.InferComplate") == times; }, 5000);
+    };
+    FocusByClick(program_.Slider(1));
+    Press(VK_TAB);
+    Expect("the button has the keyboard",
+           [&] { return FocusOf(program_.Main()) == Panel(Id::Fire); });
+    Press(VK_RETURN);
+    EXPECT_TRUE(hasFired(1));
+    Click(Panel(Id::AutoFire));
+    Click(Panel(Id::Fire));
+    EXPECT_TRUE(hasFired(2));
+    Press(VK_RETURN);
+    EXPECT_TRUE(hasFired(3));
+    FocusByClick(Panel(Id::Divisions));
+    Press(VK_TAB);
+    Press(VK_RETURN);
+    HWND const chooser = program_.Dialog(WindowClass::Dialog);
+    Press(VK_ESCAPE);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(chooser); }, 5000));
+}
+
+TEST_F(RunMode, TheKeyboardComesBackToTheFieldThatADialogInterrupted) {
+    FocusByClick(program_.Field(1));
+    HWND const frame = program_.OpenPropertyFrame();
+    Press(VK_ESCAPE);
+    Expect("the frame closes", [&] { return !IsWindow(frame); });
+    EXPECT_TRUE(WaitFor([&] { return FocusOf(program_.Main()) == program_.Field(1); }, 5000));
+}
+
 TEST_F(RunMode, ShowsThePageOfARunningControlWithoutLettingItEdit) {
     const PageHands page(program_, program_.OpenPropertyFrame());
     page.Select(Id::TreInput, {L"TempDiff"});

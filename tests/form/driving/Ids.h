@@ -19,9 +19,9 @@ inline constexpr const wchar_t* Dialog = L"#32770";
 
 namespace Id {
 // The form.
-inline constexpr int SaveAs = 4;
-inline constexpr int RemoveControl = 9;
-inline constexpr int About = 11;
+inline constexpr int SaveAs = 40004;
+inline constexpr int RemoveControl = 40009;
+inline constexpr int About = 40011;
 // The property grid.
 inline constexpr int GridList = 100;
 inline constexpr int GridField = 101;
