@@ -156,6 +156,8 @@ void FormWindow::ClickFocusedButton() const {
 }
 
 void FormWindow::OnCommand(int id) {
+    // A key of a menu leaves the keyboard in the field of a property that is being edited.
+    grid_->EndEdit();
     switch (id) {
     case NewId:
         if (MayDiscard()) {
@@ -246,6 +248,7 @@ bool FormWindow::SaveTo(const std::filesystem::path& path) {
 }
 
 bool FormWindow::MayDiscard() {
+    grid_->EndEdit();
     if (!isChanged_) {
         return true;
     }

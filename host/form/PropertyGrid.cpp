@@ -232,8 +232,11 @@ void PropertyGrid::FinishText(bool accept) {
         return;
     }
     const std::wstring text = TextOf(field_);
+    // Not if the edit ends because something else has got the keyboard.
+    if (GetFocus() == field_) {
+        SetFocus(list_);
+    }
     ShowWindow(field_, SW_HIDE);
-    SetFocus(list_);
     if (accept && object_) {
         SetProperty(object_.Get(), properties_[static_cast<std::size_t>(row)].Name.c_str(),
                     Variant(std::wstring_view(text)));

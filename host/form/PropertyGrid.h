@@ -21,6 +21,9 @@ class PropertyGrid final : public Window {
     /// Shows the properties of an object; null shows none.
     void SetObject(const std::wstring& name, IDispatch* object);
 
+    /// Ends an edit in place, as Enter does. Throws HResultError for a value that is refused.
+    void EndEdit() { FinishText(true); }
+
     /// Reads all values again.
     void RefreshValues();
 

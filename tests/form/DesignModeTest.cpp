@@ -88,6 +88,34 @@ TEST_F(DesignMode, EscLeavesAPropertyAsItWas) {
     EXPECT_EQ(GridValue(program_, L"Caption"), L"Room heating");
 }
 
+TEST_F(DesignMode, AnEditLeftByAClickIsTakenAndTheKeyboardGoesWhereTheClickWas) {
+    HWND const field = BeginCaption(L"Boiler");
+    Click(program_.Surface(), {200, 200});
+    EXPECT_TRUE(WaitFor([&] { return GridValue(program_, L"Caption") == L"Boiler"; }, 5000));
+    EXPECT_FALSE(IsWindowVisible(field));
+    EXPECT_EQ(FocusOf(program_.Main()), program_.Surface());
+}
+
+TEST_F(DesignMode, ACommandTakesTheEditThatItInterrupts) {
+    EXPECT_EQ(Saved("Left"), 120);
+    BeginCaption(L"Boiler");
+    Press('S', {VK_CONTROL});
+    const auto saved = [&](const char* text) {
+        return WaitFor(
+            [&] { return ContentOf(Folder() / L"Placed.form").find(text) != std::string::npos; },
+            5000);
+    };
+    EXPECT_TRUE(saved("Caption = \"Boiler\""));
+    BeginCaption(L"Radiator");
+    Press('N', {VK_CONTROL});
+    program_.Answer(program_.DialogTitled(L"Quorvane Form"), IDCANCEL);
+    EXPECT_EQ(GridValue(program_, L"Caption"), L"Radiator");
+    BeginCaption(L"Stove");
+    program_.SetRunMode(true);
+    program_.SetRunMode(false);
+    EXPECT_EQ(GridValue(program_, L"Caption"), L"Stove");
+}
+
 TEST_F(DesignMode, SelectsControlsByTheTabKey) {
     const auto selected = [&](const wchar_t* name) {
         return WaitFor(
