@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "control/com/ExceptionInfo.h"
+
 namespace Quorvane::Com {
 
 STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* iid) noexcept {
@@ -30,7 +32,8 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
         ComPtr<IUnknown> target;
         // Some hosts' sinks answer to IDispatch only, which is all that raising an event needs.
         if (FAILED(sink->QueryInterface(iid_, target.PutVoid())) &&
-            FAILED(sink->QueryInterface(__uuidof(IDispatch), target.PutVoid()))) {
+            (sinks_ != Sinks::OfDispatch ||
+             FAILED(sink->QueryInterface(__uuidof(IDispatch), target.PutVoid())))) {
             throw HresultError(CONNECT_E_CANNOTCONNECT);
         }
         if (!container_) {
@@ -69,11 +72,7 @@ const OwnedConnection* ConnectionPoint::ConnectionAfter(DWORD cookie) const noex
     return next == connections_.end() ? nullptr : &*next;
 }
 
-void RaiseEvent(IUnknown& sink, DISPID event, std::initializer_list<Variant> arguments) {
-    const auto target = Query<IDispatch>(&sink);
-    if (!target) {
-        return;
-    }
+void RaiseEvent(IDispatch& sink, DISPID event, std::initializer_list<Variant> arguments) {
     // Dispatch takes its arguments last first.
     std::vector<Variant> reversed(std::rbegin(arguments), std::rend(arguments));
     std::vector<VARIANT> values;
@@ -83,13 +82,10 @@ void RaiseEvent(IUnknown& sink, DISPID event, std::initializer_list<Variant> arg
     }
     DISPPARAMS parameters{values.data(), nullptr, static_cast<UINT>(values.size()), 0};
     Variant result;
-    EXCEPINFO exception{};
+    ExceptionInfo exception;
     UINT badArgument = 0;
-    target->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, result.Put(),
-                   &exception, &badArgument);
-    ::SysFreeString(exception.bstrSource);
-    ::SysFreeString(exception.bstrDescription);
-    ::SysFreeString(exception.bstrHelpFile);
+    sink.Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, result.Put(),
+                exception.Get(), &badArgument);
 }
 
 } // namespace Quorvane::Com

@@ -8,6 +8,7 @@
 #include <olectl.h>
 
 #include <array>
+#include <concepts>
 #include <initializer_list>
 #include <utility>
 #include <vector>
@@ -21,9 +22,12 @@ namespace Quorvane::Com {
 /// its container has gone it has no sinks and takes none.
 class ConnectionPoint final : public ComObject<IConnectionPoint> {
   public:
+    /// What a sink must answer to: the outgoing interface, or any IDispatch for a dispinterface.
+    enum class Sinks { OfInterface, OfDispatch };
+
     /// `container` is not counted; the container calls Disconnect before it goes.
-    ConnectionPoint(REFIID iid, IConnectionPointContainer* container) noexcept
-        : iid_(iid), container_(container) {}
+    ConnectionPoint(REFIID iid, Sinks sinks, IConnectionPointContainer* container) noexcept
+        : iid_(iid), sinks_(sinks), container_(container) {}
 
     // IConnectionPoint
     STDMETHODIMP GetConnectionInterface(IID* iid) noexcept override;
@@ -38,9 +42,10 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
     /// Forgets the container and releases every sink.
     void Disconnect() noexcept;
 
-    /// Calls `call(sink)` with the IUnknown of every sink there is now, in the order in which they
-    /// came. A sink may unadvise itself or others, or release the container, meanwhile; one that
-    /// has been unadvised is not called any more, one that came during the call not yet.
+    /// Calls `call(sink)` with every sink there is now, in the order in which they came; each is
+    /// the pointer that answered to the outgoing interface (IDispatch for a dispinterface). A sink
+    /// may unadvise itself or others, or release the container, meanwhile; one that has been
+    /// unadvised is not called any more, one that came during the call not yet.
     template <class F>
     void ForEach(F&& call) {
         const ComPtr<ConnectionPoint> self(this);
@@ -61,6 +66,7 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
     const OwnedConnection* ConnectionAfter(DWORD cookie) const noexcept;
 
     IID iid_;
+    Sinks sinks_;
     IConnectionPointContainer* container_;
     /// In the order of their cookies.
     std::vector<OwnedConnection> connections_;
@@ -70,7 +76,7 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
 
 /// Calls an event of a dispinterface. What the sink answers is its own affair: nothing is
 /// returned. `arguments` are in their natural order.
-void RaiseEvent(IUnknown& sink, DISPID event, std::initializer_list<Variant> arguments);
+void RaiseEvent(IDispatch& sink, DISPID event, std::initializer_list<Variant> arguments);
 
 /// IConnectionPointContainer with one point per outgoing interface; the first is the default
 /// source of events.
@@ -118,7 +124,8 @@ class ConnectionPoints : public IConnectionPointContainer {
     }
 
   protected:
-    ConnectionPoints() : points_{MakeObject<ConnectionPoint>(__uuidof(Sources), this)...} {}
+    ConnectionPoints()
+        : points_{MakeObject<ConnectionPoint>(__uuidof(Sources), SinksOf<Sources>, this)...} {}
 
     ~ConnectionPoints() {
         for (const auto& point : points_) {
@@ -131,21 +138,24 @@ class ConnectionPoints : public IConnectionPointContainer {
     template <class Source>
     void Raise(DISPID event, std::initializer_list<Variant> arguments = {}) {
         if (freezes_ == 0) {
-            Point<Source>().ForEach([&](IUnknown& sink) { RaiseEvent(sink, event, arguments); });
+            Point<Source>().ForEach([&](IUnknown& sink) {
+                RaiseEvent(static_cast<IDispatch&>(sink), event, arguments);
+            });
         }
     }
 
     /// Calls `call(Source&)` for every sink of a custom interface such as IPropertyNotifySink.
     template <class Source, class F>
     void Notify(F&& call) {
-        Point<Source>().ForEach([&](IUnknown& sink) {
-            if (const auto target = Query<Source>(&sink)) {
-                call(*target);
-            }
-        });
+        Point<Source>().ForEach([&](IUnknown& sink) { call(static_cast<Source&>(sink)); });
     }
 
   private:
+    template <class Source>
+    static constexpr auto SinksOf =
+        std::derived_from<Source, IDispatch> ? ConnectionPoint::Sinks::OfDispatch
+                                             : ConnectionPoint::Sinks::OfInterface;
+
     template <class Source>
     ConnectionPoint& Point() noexcept {
         constexpr bool matches[] = {std::is_same_v<Source, Sources>...};

@@ -6,6 +6,7 @@
 #include <olectl.h>
 
 #include "control/com/DispatchArguments.h"
+#include "control/com/ExceptionInfo.h"
 #include "control/com/Scoped.h"
 
 namespace Quorvane::Com {
@@ -16,35 +17,13 @@ constexpr int PutKinds = INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF;
 /// The platform's error "object variable not set".
 constexpr auto ObjectNotSet = static_cast<HRESULT>(0x800A005B);
 
-/// Exception information whose texts are freed where the caller has no use for them.
-class ScopedException {
-  public:
-    ScopedException() = default;
-    ScopedException(const ScopedException&) = delete;
-    ScopedException& operator=(const ScopedException&) = delete;
-    ~ScopedException() {
-        ::SysFreeString(info_.bstrSource);
-        ::SysFreeString(info_.bstrDescription);
-        ::SysFreeString(info_.bstrHelpFile);
-    }
-    EXCEPINFO* Get() noexcept { return &info_; }
-    void MoveTo(EXCEPINFO* target) noexcept {
-        if (target) {
-            *target = std::exchange(info_, EXCEPINFO{});
-        }
-    }
-
-  private:
-    EXCEPINFO info_{};
-};
-
 /// Whether the failure is dispatch's own refusal of the call rather than the member's.
 bool IsRefusal(HRESULT result) noexcept {
     return HRESULT_FACILITY(result) == FACILITY_DISPATCH;
 }
 
 HRESULT InvokeTyped(const TypeDescription& type, IDispatch* target, DispatchCall call) {
-    ScopedException exception;
+    ExceptionInfo exception;
     // An error that an earlier call left on the thread must not be taken for this member's.
     ::SetErrorInfo(0, nullptr);
     const HRESULT result = type.Info->Invoke(target, call.Member, call.Flags, call.Arguments,

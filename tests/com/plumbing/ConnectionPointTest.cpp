@@ -47,6 +47,32 @@ class PlainSink final : public Com::ComObject<IDispatch> {
     int Calls = 0;
 };
 
+/// A sink of the events whose IDispatch is that of another object of its host.
+class TwoFacedSink final : public Com::ComObject<TrialEvents> {
+  public:
+    explicit TwoFacedSink(Com::ComPtr<PlainSink> other) : other_(std::move(other)) {}
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) noexcept override {
+        return iid == __uuidof(IDispatch) ? other_->QueryInterface(iid, result)
+                                          : ComObject::QueryInterface(iid, result);
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                        UINT*) noexcept override {
+        ++Calls;
+        return S_OK;
+    }
+
+    int Calls = 0;
+
+  private:
+    Com::ComPtr<PlainSink> other_;
+};
+
 class NotifySink final : public Com::ComObject<IPropertyNotifySink> {
   public:
     STDMETHODIMP OnChanged(DISPID property) noexcept override {
@@ -68,6 +94,24 @@ TEST_F(ConnectionPoint, RaisesAnEventWithItsArgumentsInDispatchOrder) {
     ASSERT_EQ(sink->Arguments.size(), 2u);
     EXPECT_EQ(Com::View(sink->Arguments[0].Get().bstrVal), u"second");
     EXPECT_EQ(sink->Arguments[1].Get().lVal, 7);
+}
+
+TEST_F(ConnectionPoint, CallsTheInterfaceThatAnsweredToTheEvents) {
+    const auto other = Com::MakeObject<PlainSink>();
+    const auto sink = Com::MakeObject<TwoFacedSink>(other);
+    Advise(Events(), static_cast<TrialEvents*>(sink.Get()));
+    EXPECT_EQ(Happen(), S_OK);
+    EXPECT_EQ(sink->Calls, 1);
+    EXPECT_EQ(other->Calls, 0);
+}
+
+TEST_F(ConnectionPoint, TakesAnyDispatchForEventsButNotForAnInterface) {
+    const auto sink = Com::MakeObject<PlainSink>();
+    Advise(Events(), sink->ControllingUnknown());
+    const auto notifications = PointOf(trial_->ControllingUnknown(), __uuidof(IPropertyNotifySink));
+    DWORD cookie = 1;
+    EXPECT_EQ(notifications->Advise(sink->ControllingUnknown(), &cookie), CONNECT_E_CANNOTCONNECT);
+    EXPECT_EQ(cookie, 0u);
 }
 
 TEST_F(ConnectionPoint, FindsItsPointsAndTheirContainer) {
