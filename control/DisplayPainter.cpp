@@ -41,6 +41,9 @@ class DisplayPainter {
         LayOut(layout, Win::TwipsOf(size_.cx, dpi_), Win::TwipsOf(size_.cy, dpi_), textWidth);
         const PixelLayout boxes = ToPixels(layout, size_.cx, size_.cy, static_cast<float>(dpi_));
         ::SetBkMode(context_, TRANSPARENT);
+        // A host's context comes with settings of its own.
+        ::SetTextAlign(context_, TA_LEFT | TA_TOP | TA_NOUPDATECP);
+        ::SetROP2(context_, R2_COPYPEN);
         DrawStrip(boxes, captionFont.Get());
         // In the order of the windows: the input list lies over the output list.
         DrawList(boxes.Output, display_.lvwOutput);

@@ -66,12 +66,23 @@ HGLOBAL RecordMetaFilePict(ControlCore& core) {
     return memory.Detach();
 }
 
+/// The pixels of a metafile that is being recorded. They are as large as those of the screen really
+/// are, which has little to do with its dots per inch.
+SIZE RecordedSize(HDC recorder, const SIZEL& extent) noexcept {
+    constexpr int HimetricPerMillimetre = 100;
+    const auto pixels = [recorder](LONG length, int resolution, int millimetres) {
+        return ::MulDiv(length, ::GetDeviceCaps(recorder, resolution),
+                        ::GetDeviceCaps(recorder, millimetres) * HimetricPerMillimetre);
+    };
+    return {pixels(extent.cx, HORZRES, HORZSIZE), pixels(extent.cy, VERTRES, VERTSIZE)};
+}
+
 HENHMETAFILE RecordEnhMetaFile(ControlCore& core) {
     const SIZEL& extent = core.Extent();
     const RECT frame{0, 0, extent.cx, extent.cy};
-    const SIZE size = PixelSize(core);
     Win::MemoryDc recorder(::CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr));
     ThrowIfNull(recorder.Get());
+    const SIZE size = RecordedSize(recorder.Get(), extent);
     DrawIn(core, recorder.Get(), {0, 0, size.cx, size.cy});
     Win::EnhMetaFile file(::CloseEnhMetaFile(recorder.Detach()));
     ThrowIfNull(file.Get());

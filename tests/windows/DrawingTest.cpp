@@ -122,6 +122,21 @@ TEST_F(Drawing, StaysInItsBoundsAndLeavesTheDeviceContextAsItWas) {
     EXPECT_EQ(picture.At(60, 30 + Height), COLORREF{0x00FFFFFF});
 }
 
+TEST_F(Drawing, IgnoresHowTheHostDrawsItself) {
+    const Picture plain = Drawn(Whole);
+    Picture picture(Width, Height);
+    HDC const context = picture.Context();
+    ::SetTextAlign(context, TA_CENTER | TA_BASELINE | TA_UPDATECP);
+    ::SetROP2(context, R2_XORPEN);
+    ASSERT_EQ(form_.As<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
+                                            context, &Whole, nullptr, nullptr, 0),
+              S_OK);
+    EXPECT_EQ(::GetTextAlign(context), UINT{TA_CENTER | TA_BASELINE | TA_UPDATECP});
+    for (const RECT& area : {CaptionText, FirstLabel, FirstValue, RECT{0, 0, Width, Height}}) {
+        EXPECT_EQ(picture.Ink(area), plain.Ink(area)) << area.left << ", " << area.top;
+    }
+}
+
 TEST_F(Drawing, GrowsWithItsBoundsInTextAsInLines) {
     const Picture small = Drawn(Whole);
     const Picture large = Drawn({0, 0, 3 * Width, 3 * Height}, 3 * Width, 3 * Height);
