@@ -104,7 +104,7 @@ std::uint32_t HashText(TextView text, KeyComparison comparison) {
 DictionaryKey::DictionaryKey(const VARIANT& key) : key_(Com::Dereference(key)) {
     if (key_.vt == VT_BSTR) {
         view_ = Com::View(key_.bstrVal);
-    } else if (key_.vt == (VT_BYREF | VT_BSTR)) {
+    } else if (key_.vt == (VT_BYREF | VT_BSTR) && key_.pbstrVal) {
         view_ = Com::View(*key_.pbstrVal);
     } else {
         text_ = KeyText(Com::WithoutReference(key_).Get());

@@ -2,8 +2,6 @@
 // Reading and writing the persisted properties of the control, each with its default.
 #include "control/PropertyBag.h"
 
-#include <cstdint>
-
 #include "control/Fonts.h"
 #include "control/com/ErrorBoundary.h"
 #include "control/com/Scoped.h"
@@ -51,13 +49,7 @@ OLE_COLOR PropertyReader::ReadColor(const wchar_t* name, OLE_COLOR byDefault) co
     if (value.Type() == VT_EMPTY) {
         return byDefault;
     }
-    // A system colour is above the range of a signed number; bags give it as an unsigned or a
-    // negative one, or as a text of either.
-    const double number = Com::ChangeType(value.Get(), VT_R8).Get().dblVal;
-    if (!(number >= INT32_MIN && number <= UINT32_MAX)) {
-        throw Com::HresultError(DISP_E_OVERFLOW);
-    }
-    return static_cast<OLE_COLOR>(static_cast<std::int64_t>(number));
+    return Com::ToColor(value.Get());
 }
 
 Com::ComPtr<IFontDisp> PropertyReader::ReadFont(const wchar_t* name,

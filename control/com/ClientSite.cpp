@@ -55,7 +55,7 @@ std::optional<OLE_COLOR> ClientSite::BackColor() const {
     if (color.Type() == VT_EMPTY) {
         return std::nullopt;
     }
-    return static_cast<OLE_COLOR>(ChangeType(color.Get(), VT_I4).Get().lVal);
+    return ToColor(color.Get());
 }
 
 HWND ClientSite::Window() const noexcept {

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <ocidl.h>
 #include <oleauto.h>
 
 #include <concepts>
@@ -12,6 +13,7 @@
 
 #include "control/com/ComPtr.h"
 #include "shared/Text.h"
+#include "win/WideText.h"
 
 namespace Quorvane::Com {
 
@@ -26,10 +28,7 @@ inline TextView View(BSTR text) noexcept {
     return View(text, ::SysStringLen(text));
 }
 
-/// A zero-terminated form for the platform's functions; it lives as long as the text.
-inline const wchar_t* Wide(const Text& text) noexcept {
-    return reinterpret_cast<const wchar_t*>(text.c_str());
-}
+using Win::Wide;
 
 /// The characters up to the terminating zero, copied; null is the empty text.
 inline Text ToText(const wchar_t* text) {
@@ -145,6 +144,11 @@ class Variant {
 /// The value as another type, by the platform's conversion in the user's locale. Objects give
 /// their default property. Throws HresultError, DISP_E_TYPEMISMATCH for one that does not convert.
 Variant ChangeType(const VARIANT& value, VARTYPE type);
+
+/// A colour as hosts give it: a system colour is above the range of a signed number, and comes as
+/// an unsigned or a negative one, or as a text of either. Throws HresultError, DISP_E_OVERFLOW for
+/// a number of more than 32 bits.
+OLE_COLOR ToColor(const VARIANT& value);
 
 /// A copy of the value in which a by-reference type has become the value that it refers to. Throws
 /// HresultError.

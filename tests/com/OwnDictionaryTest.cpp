@@ -27,6 +27,18 @@ TEST_P(OwnDictionary, GivesAnEntryAnotherKeyInItsPlace) {
     EXPECT_EQ(Count(), 3);
 }
 
+TEST_P(OwnDictionary, RefusesAReferenceToNowhere) {
+    AddThree();
+    for (const VARTYPE type : {VT_BSTR, VT_I4, VT_R8, VT_VARIANT, VT_DISPATCH}) {
+        VARIANT key{};
+        key.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        VARIANT item{};
+        EXPECT_TRUE(FAILED(Dictionary().get_Item(&key, &item))) << type;
+        EXPECT_TRUE(FAILED(Dictionary().Remove(&key))) << type;
+    }
+    EXPECT_EQ(Count(), 3);
+}
+
 TEST_P(OwnDictionary, TakesAnotherSpellingOfAKey) {
     AddThree();
     EXPECT_EQ(Rekey(TextValue(u"two"), TextValue(u"Two")), S_OK);
