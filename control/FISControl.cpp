@@ -32,7 +32,9 @@ FISControl::FISControl(IUnknown* outer)
 void FISControl::FinalRelease() noexcept {
     // A host that did not close the control may have gone itself: nothing is called any more.
     InPlace().Abandon();
-    Definition::ReleaseModel();
+    if (IsHeld()) {
+        Definition::ReleaseModel();
+    }
 }
 
 void FISControl::PropertyChanged(DISPID property) {
@@ -121,7 +123,11 @@ STDMETHODIMP FISControl::put_ForeColor(OLE_COLOR value) noexcept {
 }
 
 STDMETHODIMP FISControl::Refresh() noexcept {
-    return Com::Guard<_FISControl>([&] { display_.Repaint(); });
+    const Com::KeepAlive alive(this);
+    return Com::Guard<_FISControl>([&] {
+        display_.Repaint();
+        TellIfWindowless();
+    });
 }
 
 STDMETHODIMP FISControl::get_Inputs(BSTR* value) noexcept {

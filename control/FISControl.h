@@ -30,7 +30,9 @@ namespace Quorvane {
 /// One control on a host's form. All controls of the process share one fuzzy system (see
 /// shared/Definition.h); a control of its own has only its appearance, its site and its sinks.
 class FISControl final
-    : public Com::ComObject<Com::DualDispatch<_FISControl>, Com::SupportsErrorInfo<_FISControl>,
+    : public Com::ComObject<Com::DualDispatch<_FISControl>,
+                            Com::SupportsErrorInfo<_FISControl, IPersistPropertyBag,
+                                                   IPersistStreamInit, IPersistStorage>,
                             Com::ConnectionPoints<__FISControl, IPropertyNotifySink>,
                             Com::ProvideClassInfo<::FISControl, __FISControl>,
                             Com::Chain<IPersistStreamInit, IPersist>, IPersistPropertyBag,
@@ -106,6 +108,8 @@ class FISControl final
     const IID& EventsId() const noexcept override { return __uuidof(__FISControl); }
 
   private:
+    class ShowAtEnd;
+
     const Com::ControlTraits& Traits() const noexcept override;
     IUnknown* Unknown() noexcept override { return ControllingUnknown(); }
     IPersistStreamInit& StreamForm() noexcept override { return *this; }
@@ -153,6 +157,9 @@ class FISControl final
     /// with headers in the language that was chosen.
     void ShowStarted() noexcept;
 
+    /// Has a host that draws the control itself do so anew.
+    void TellIfWindowless() noexcept;
+
     /// Fills the lists from the model. Raises ObjectNotSet without one.
     void FillVariableLists();
 
@@ -162,6 +169,9 @@ class FISControl final
     void RaiseInferComplate();
 
     Display display_;
+    /// The objects handed out last, where they are our own: a script asks for them with every item.
+    Com::ComPtr<IDictionary> inVals_;
+    Com::ComPtr<IDictionary> outVals_;
     bool dataShow_ = false;
     bool isDirty_ = false;
 };

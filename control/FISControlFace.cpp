@@ -35,6 +35,7 @@ const Com::ControlTraits& FISControl::Traits() const noexcept {
     static const Com::ControlTraits traits = {
         .Clsid = &CLSID_FISControl,
         .UserType = Title,
+        // A host's menu shows it among its own words, and the text table has none for it.
         .PropertiesVerb = u"&Properties...",
         .MiscStatus = MiscStatus,
         .PropertyPages = PropertyPageClasses,
@@ -116,6 +117,12 @@ void FISControl::AmbientBackColorChanged() {
 void FISControl::ShowAppearance() noexcept {
     display_.Reflect();
     ViewChanged();
+}
+
+void FISControl::TellIfWindowless() noexcept {
+    if (!display_.Surface()) {
+        ViewChanged();
+    }
 }
 
 void FISControl::FillVariableLists() {

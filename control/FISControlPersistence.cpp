@@ -14,6 +14,19 @@
 
 namespace Quorvane {
 
+/// Shows the control as a start leaves it, whether or not the start succeeds: what was set before a
+/// failure stays, on the screen as elsewhere.
+class FISControl::ShowAtEnd {
+  public:
+    explicit ShowAtEnd(FISControl& control) noexcept : control_(control) {}
+    ShowAtEnd(const ShowAtEnd&) = delete;
+    ShowAtEnd& operator=(const ShowAtEnd&) = delete;
+    ~ShowAtEnd() { control_.ShowStarted(); }
+
+  private:
+    FISControl& control_;
+};
+
 Com::ComPtr<IFontDisp> FISControl::AmbientFont() const {
     auto font = Site().Font();
     return font ? font : NewDialogFont();
@@ -90,8 +103,8 @@ STDMETHODIMP FISControl::IsDirty() noexcept {
 STDMETHODIMP FISControl::InitNew() noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
+        const ShowAtEnd shown(*this);
         InitProperties();
-        ShowStarted();
         isDirty_ = false;
     });
 }
@@ -99,8 +112,8 @@ STDMETHODIMP FISControl::InitNew() noexcept {
 STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistPropertyBag>([&] {
+        const ShowAtEnd shown(*this);
         ReadProperties(Com::Out(bag), log);
-        ShowStarted();
         isDirty_ = false;
     });
 }
@@ -117,8 +130,8 @@ STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
         const auto bag = StreamPropertyBag::ReadFrom(Com::Out(stream));
+        const ShowAtEnd shown(*this);
         ReadProperties(*bag, nullptr);
-        ShowStarted();
         isDirty_ = false;
     });
 }

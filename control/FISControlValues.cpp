@@ -22,6 +22,15 @@ std::shared_ptr<ValueDictionary> RequiredDictionary(IDictionary* object) {
     return FromHost(object);
 }
 
+/// The host's object for a dictionary, which `kept` keeps where it is the system's own.
+Com::ComPtr<IDictionary> HandOut(const std::shared_ptr<ValueDictionary>& dictionary,
+                                 Com::ComPtr<IDictionary>& kept) {
+    auto object = ToHost(dictionary);
+    const bool isOwn = dynamic_cast<const OwnValueDictionary*>(dictionary.get()) != nullptr;
+    kept = isOwn ? object : nullptr;
+    return object;
+}
+
 } // namespace
 
 void FISControl::RequireRunMode(std::uint32_t error) const {
@@ -41,7 +50,7 @@ STDMETHODIMP FISControl::get_InVals(IDictionary** value) noexcept {
     return Com::Guard<_FISControl>([&] {
         Com::Out(value) = nullptr;
         RequireRunMode(PropertyUnavailable);
-        *value = ToHost(Definition::State().InputValues).Detach();
+        *value = HandOut(Definition::State().InputValues, inVals_).Detach();
     });
 }
 
@@ -58,7 +67,7 @@ STDMETHODIMP FISControl::get_OutVals(IDictionary** value) noexcept {
     return Com::Guard<_FISControl>([&] {
         Com::Out(value) = nullptr;
         RequireRunMode(PropertyUnavailable);
-        *value = ToHost(Definition::State().OutputValues).Detach();
+        *value = HandOut(Definition::State().OutputValues, outVals_).Detach();
     });
 }
 

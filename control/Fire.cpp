@@ -61,6 +61,7 @@ void FISControl::RunCycle() noexcept {
     }
     if (dataShow_) {
         display_.ShowValues();
+        TellIfWindowless();
     }
 }
 

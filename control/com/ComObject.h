@@ -93,6 +93,9 @@ class ComObject : public Detail::ItemTraits<Items>::Base... {
 
     virtual ~ComObject() = default;
 
+    /// Whether a host ever had the object: one made for an interface that it lacks goes unseen.
+    bool IsHeld() const noexcept { return claim_.IsHeld(); }
+
     /// Runs once, when the last reference has gone and before destruction begins, with the whole
     /// object still there: the place to drop what may call back.
     virtual void FinalRelease() noexcept {}
@@ -178,8 +181,8 @@ void CreateInstance(IUnknown* outer, REFIID iid, void** result) {
     InstanceClaim claim = InstanceClaim::ForThisThread();
     T* const object = new T(outer);
     const auto inner = ComPtr<IUnknown>::Attach(object->InnerUnknown());
-    object->Hold(std::move(claim));
     Check(inner->QueryInterface(iid, result));
+    object->Hold(std::move(claim));
 }
 
 /// Keeps an object alive through a call in which a host may release it.

@@ -63,6 +63,8 @@ class InstanceClaim {
     InstanceClaim& operator=(InstanceClaim&& other) noexcept;
     ~InstanceClaim();
 
+    bool IsHeld() const noexcept { return held_; }
+
   private:
     bool held_ = false;
 };

@@ -60,6 +60,9 @@ class ErrorInformation : public ControlTest {
 TEST_F(ErrorInformation, IsSupportedForTheControlsInterface) {
     const auto support = As<ISupportErrorInfo>(New(true));
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(_FISControl)), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IPersistPropertyBag)), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IPersistStreamInit)), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IPersistStorage)), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(IOleObject)), S_FALSE);
 }
 

@@ -39,6 +39,16 @@ TEST_F(SharedSystem, IsEmptiedByTheEndOfAnyControl) {
     EXPECT_EQ(FireWith(placed, 2), 130);
 }
 
+TEST_F(SharedSystem, OutlivesACreationThatAskedForAnUnknownInterface) {
+    const auto placed = Run(Adder);
+    constexpr IID Unknown{
+        0x5f9b2d10, 0x7c43, 0x4a6e, {0x91, 0x0d, 0x3b, 0x52, 0x6e, 0x88, 0x14, 0xc7}};
+    void* object = &object;
+    EXPECT_EQ(CreateInstance(nullptr, Unknown, &object), E_NOINTERFACE);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(FireWith(placed, 5), 133);
+}
+
 TEST_F(SharedSystem, TakesNewInputsAfterTheEndOfAControl) {
     const auto placed = Run(Adder);
     Create();

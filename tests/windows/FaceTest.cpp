@@ -12,8 +12,10 @@
 #include "shared/Definition.h"
 #include "tests/com/support/Systems.h"
 #include "tests/com/support/TestBag.h"
+#include "tests/com/support/Values.h"
 #include "tests/windows/support/Form.h"
 #include "tests/windows/support/Picture.h"
+#include "win/Handle.h"
 #include "win/WindowText.h"
 
 namespace Quorvane {
@@ -214,6 +216,21 @@ TEST(Display, ColoursTheStripByTheHostsBackground) {
     }
 }
 
+TEST(Display, TakesAColourOfTheHostInAnyNumberType) {
+    COLORREF title = 0;
+    ::OleTranslateColor(0x80000002, nullptr, &title);
+    for (const VARTYPE type : {VT_UI4, VT_R8, VT_I8}) {
+        Form form;
+        form.Place();
+        form.Activate();
+        form.SetAmbient(DISPID_AMBIENT_BACKCOLOR, Typed(type, 2147483649.0),
+                        DISPID_AMBIENT_BACKCOLOR);
+        ::RedrawWindow(form.Strip(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        const Win::WindowDc context(form.Strip());
+        EXPECT_EQ(::GetPixel(context.Get(), 2, 2), title) << type;
+    }
+}
+
 TEST(Display, LooksUpLocaleAndColourWhereSeveralAmbientsChanged) {
     Form form;
     form.Place(Start::New, false);
@@ -362,6 +379,32 @@ TEST(Display, ShowsWhatIsLoadedAfterTheActivation) {
     EXPECT_EQ(ListView_GetTextColor(form.Output()), COLORREF{0x00112233});
     EXPECT_FALSE(::IsWindowEnabled(form.Input()));
     EXPECT_EQ(CellText(form.Input(), 0, 0), u"Error [-1, 1]");
+}
+
+TEST(Display, ShowsWhatWasReadBeforeALoadFailed) {
+    Form form;
+    form.Place(Start::Not);
+    form.Activate();
+    const auto bag = Com::MakeObject<TestBag>();
+    bag->Values[u"Caption"] = Com::Variant(TextView(u"Half"));
+    bag->Values[u"ForeColor"] = Com::Variant(LONG{0x00112233});
+    bag->Values[u"Inputs"] = Com::Variant(TextView(u"no system"));
+    ASSERT_TRUE(FAILED(form.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr)));
+    EXPECT_EQ(Win::TextOf(form.Label()), u"Half");
+    EXPECT_EQ(ListView_GetTextColor(form.Output()), COLORREF{0x00112233});
+}
+
+TEST(Display, TellsAHostThatDrawsItOfNewValues) {
+    Form form;
+    form.Place();
+    ASSERT_EQ(form.As<IViewObject>()->SetAdvise(DVASPECT_CONTENT, 0, &form.TheSite()), S_OK);
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    EXPECT_EQ(form.Calls().Count("OnViewChange"), 0) << "no values are shown";
+    form.Control()->put_DataShow(VARIANT_TRUE);
+    ASSERT_EQ(form.Control()->Fire(), S_OK);
+    EXPECT_EQ(form.Calls().Count("OnViewChange"), 1);
+    ASSERT_EQ(form.Control()->Refresh(), S_OK);
+    EXPECT_EQ(form.Calls().Count("OnViewChange"), 2);
 }
 
 TEST(Display, LeavesOutAVariableThatCameAfterTheListsWereFilled) {
