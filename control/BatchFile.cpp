@@ -42,7 +42,6 @@ BatchFile::~BatchFile() {
     } catch (...) {
         // Nobody is left to be told; a run that succeeded has called Flush itself.
     }
-    ::CloseHandle(file_);
 }
 
 void BatchFile::Write(std::string_view text) {
@@ -68,7 +67,7 @@ void BatchFile::Write(TextView text) {
 void BatchFile::Flush() {
     while (!buffer_.empty()) {
         DWORD written = 0;
-        if (!::WriteFile(file_, buffer_.data(), static_cast<DWORD>(buffer_.size()), &written,
+        if (!::WriteFile(file_.Get(), buffer_.data(), static_cast<DWORD>(buffer_.size()), &written,
                          nullptr)) {
             ThrowLastError();
         }

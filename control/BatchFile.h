@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "shared/Text.h"
+#include "win/Handle.h"
 
 namespace Quorvane {
 
@@ -33,7 +34,12 @@ class BatchFile {
     void Flush();
 
   private:
-    HANDLE file_;
+    struct FileKind {
+        using Type = HANDLE;
+        static void Close(HANDLE file) noexcept { ::CloseHandle(file); }
+    };
+
+    Win::Handle<FileKind> file_;
     std::string buffer_;
 };
 

@@ -206,10 +206,10 @@ void DisplayWindow::OnDestroy() noexcept {
 
 /// The children cover the surface, but for what a control lower than its strip leaves uncovered.
 void DisplayWindow::Paint() noexcept {
-    PAINTSTRUCT paint;
-    HDC const context = ::BeginPaint(Get(), &paint);
-    ::FillRect(context, &paint.rcPaint, ::GetSysColorBrush(COLOR_BTNFACE));
-    ::EndPaint(Get(), &paint);
+    const Win::PaintDc paint(Get());
+    RECT area{};
+    ::GetClientRect(Get(), &area);
+    ::FillRect(paint.Get(), &area, ::GetSysColorBrush(COLOR_BTNFACE));
 }
 
 LRESULT DisplayWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {

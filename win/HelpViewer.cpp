@@ -4,6 +4,8 @@
 
 #include <htmlhelp.h>
 
+#include <string_view>
+
 #include "win/WideText.h"
 
 namespace Quorvane::Win {
@@ -14,7 +16,15 @@ using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
 /// The viewer's one function, null where the system has no viewer. The viewer stays loaded, as it
 /// must once it has a window.
 HtmlHelpFunction FindViewer() noexcept {
-    HMODULE const viewer = ::LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    // By its full path: a name alone would be looked for beside the host's program first.
+    wchar_t path[MAX_PATH];
+    constexpr std::wstring_view File = L"\\hhctrl.ocx";
+    const UINT length = ::GetSystemDirectoryW(path, MAX_PATH);
+    if (length == 0 || length + File.size() >= MAX_PATH) {
+        return nullptr;
+    }
+    path[length + File.copy(path + length, File.size())] = L'\0';
+    HMODULE const viewer = ::LoadLibraryW(path);
     if (!viewer) {
         return nullptr;
     }

@@ -8,6 +8,7 @@
 
 #include "control/com/ControlCore.h"
 #include "control/com/ErrorBoundary.h"
+#include "win/Dpi.h"
 
 namespace Quorvane::Com {
 namespace {
@@ -28,13 +29,8 @@ DWORD KeyModifiers() noexcept {
 
 /// The control's own size at the corner of its parent, for a host that names no place.
 RECT NaturalPosition(const SIZEL& extent) noexcept {
-    HDC const screen = ::GetDC(nullptr);
-    constexpr int HimetricPerInch = 2540;
-    const RECT position{0, 0,
-                        ::MulDiv(extent.cx, ::GetDeviceCaps(screen, LOGPIXELSX), HimetricPerInch),
-                        ::MulDiv(extent.cy, ::GetDeviceCaps(screen, LOGPIXELSY), HimetricPerInch)};
-    ::ReleaseDC(nullptr, screen);
-    return position;
+    const int dpi = Win::DpiOf(HWND{nullptr});
+    return {0, 0, Win::PixelsOfHimetric(extent.cx, dpi), Win::PixelsOfHimetric(extent.cy, dpi)};
 }
 
 } // namespace
