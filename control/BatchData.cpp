@@ -121,7 +121,7 @@ class BatchRun final : public RunTime::GridVisitor {
 STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<_FISControl>([&] {
-        const TextView givenPath = Com::View(Com::Out(path));
+        const TextView givenPath = Com::View(Com::In(path));
         const LONG givenPart = Com::Out(part);
         try {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);

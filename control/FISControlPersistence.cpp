@@ -113,7 +113,7 @@ STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistPropertyBag>([&] {
         const ShowAtEnd shown(*this);
-        ReadProperties(Com::Out(bag), log);
+        ReadProperties(Com::In(bag), log);
         isDirty_ = false;
     });
 }
@@ -121,7 +121,7 @@ STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
 STDMETHODIMP FISControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistPropertyBag>([&] {
-        WriteProperties(Com::Out(bag), saveAll);
+        WriteProperties(Com::In(bag), saveAll);
         isDirty_ = isDirty_ && !clearDirty;
     });
 }
@@ -129,7 +129,7 @@ STDMETHODIMP FISControl::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) 
 STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
-        const auto bag = StreamPropertyBag::ReadFrom(Com::Out(stream));
+        const auto bag = StreamPropertyBag::ReadFrom(Com::In(stream));
         const ShowAtEnd shown(*this);
         ReadProperties(*bag, nullptr);
         isDirty_ = false;
@@ -141,7 +141,7 @@ STDMETHODIMP FISControl::Save(IStream* stream, BOOL clearDirty) noexcept {
     return Com::Guard<IPersistStreamInit>([&] {
         const auto bag = Com::MakeObject<StreamPropertyBag>();
         WriteProperties(*bag, false);
-        bag->WriteTo(Com::Out(stream));
+        bag->WriteTo(Com::In(stream));
         isDirty_ = isDirty_ && !clearDirty;
     });
 }

@@ -17,7 +17,7 @@ constexpr GUID ScriptingLibrary = {
     0x420b2830, 0xe718, 0x11cf, {0x89, 0x3d, 0x00, 0xa0, 0xc9, 0x05, 0x42, 0x28}};
 
 Value ItemValue(VARIANT* item) {
-    return FromVariant(Com::Out(item));
+    return FromVariant(Com::In(item));
 }
 
 Com::Variant KeyVariant(const Text& key, const Item& item) {
@@ -25,7 +25,7 @@ Com::Variant KeyVariant(const Text& key, const Item& item) {
 }
 
 void PutItem(OwnValueDictionary& dictionary, VARIANT* key, VARIANT* item) {
-    const DictionaryKey name(Com::Out(key));
+    const DictionaryKey name(Com::In(key));
     Value value = ItemValue(item);
     if (Item* const present = dictionary.Items.Find(name.View())) {
         // Swapped, so that the former value goes only after the item is whole again.
@@ -101,7 +101,7 @@ STDMETHODIMP ScriptingDictionary::put_Item(VARIANT* key, VARIANT* item) noexcept
 STDMETHODIMP ScriptingDictionary::get_Item(VARIANT* key, VARIANT* item) noexcept {
     return Com::Guard<IDictionary>([&] {
         Com::Out(item).vt = VT_EMPTY;
-        const DictionaryKey name(Com::Out(key));
+        const DictionaryKey name(Com::In(key));
         if (const Item* const found = dictionary_->Items.Find(name.View())) {
             *item = ToVariant(found->Content).Detach();
         } else {
@@ -112,7 +112,7 @@ STDMETHODIMP ScriptingDictionary::get_Item(VARIANT* key, VARIANT* item) noexcept
 
 STDMETHODIMP ScriptingDictionary::Add(VARIANT* key, VARIANT* item) noexcept {
     return Com::Guard<IDictionary>([&] {
-        const DictionaryKey name(Com::Out(key));
+        const DictionaryKey name(Com::In(key));
         dictionary_->Items.Add(Text(name.View()), {ItemValue(item), name.HostKey()});
     });
 }
@@ -124,7 +124,7 @@ STDMETHODIMP ScriptingDictionary::get_Count(LONG* count) noexcept {
 
 STDMETHODIMP ScriptingDictionary::Exists(VARIANT* key, VARIANT_BOOL* exists) noexcept {
     return Com::Guard<IDictionary>([&] {
-        const bool found = dictionary_->Items.Exists(DictionaryKey(Com::Out(key)).View());
+        const bool found = dictionary_->Items.Exists(DictionaryKey(Com::In(key)).View());
         Com::Out(exists) = found ? VARIANT_TRUE : VARIANT_FALSE;
     });
 }
@@ -138,7 +138,7 @@ STDMETHODIMP ScriptingDictionary::Items(VARIANT* items) noexcept {
 
 STDMETHODIMP ScriptingDictionary::put_Key(VARIANT* key, VARIANT* newKey) noexcept {
     return Com::Guard<IDictionary>([&] {
-        const DictionaryKey name(Com::Out(key));
+        const DictionaryKey name(Com::In(key));
         const DictionaryKey newName(Com::Out(newKey));
         dictionary_->Items.Rekey(name.View(), Text(newName.View()));
         dictionary_->Items.At(newName.View()).HostKey = newName.HostKey();
@@ -151,7 +151,7 @@ STDMETHODIMP ScriptingDictionary::Keys(VARIANT* keys) noexcept {
 
 STDMETHODIMP ScriptingDictionary::Remove(VARIANT* key) noexcept {
     return Com::Guard<IDictionary>(
-        [&] { dictionary_->Items.Remove(DictionaryKey(Com::Out(key)).View()); });
+        [&] { dictionary_->Items.Remove(DictionaryKey(Com::In(key)).View()); });
 }
 
 STDMETHODIMP ScriptingDictionary::RemoveAll() noexcept {
@@ -188,7 +188,7 @@ STDMETHODIMP ScriptingDictionary::_NewEnum(IUnknown** enumerator) noexcept {
 
 STDMETHODIMP ScriptingDictionary::get_HashVal(VARIANT* key, VARIANT* hash) noexcept {
     return Com::Guard<IDictionary>([&] {
-        const LONG value = DictionaryKey(Com::Out(key)).Hash(dictionary_->Items.Comparison());
+        const LONG value = DictionaryKey(Com::In(key)).Hash(dictionary_->Items.Comparison());
         Com::Out(hash) = Com::Variant(value).Detach();
     });
 }

@@ -59,6 +59,12 @@ T& Out(T* parameter) {
     return *parameter;
 }
 
+/// The same for what a caller must bring along, such as a bag to load from.
+template <class T>
+T& In(T* parameter) {
+    return Out(parameter);
+}
+
 /// Called inside a catch block: the HRESULT of the current exception, whose source and
 /// description become the thread's error information. `iid` names the interface that failed.
 ///   FisError       its number

@@ -29,14 +29,14 @@ STDMETHODIMP PersistStorage::InitNew(IStorage*) noexcept {
 STDMETHODIMP PersistStorage::Load(IStorage* storage) noexcept {
     return Guard<IPersistStorage>([&] {
         ComPtr<IStream> stream;
-        Check(Out(storage).OpenStream(StreamName, nullptr, STGM_READ | Exclusive, 0, stream.Put()));
+        Check(In(storage).OpenStream(StreamName, nullptr, STGM_READ | Exclusive, 0, stream.Put()));
         return Core().StreamForm().Load(stream.Get());
     });
 }
 
 STDMETHODIMP PersistStorage::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
     return Guard<IPersistStorage>([&] {
-        Check(::WriteClassStg(&Out(storage), *Core().Traits().Clsid));
+        Check(::WriteClassStg(&In(storage), *Core().Traits().Clsid));
         ComPtr<IStream> stream;
         Check(storage->CreateStream(StreamName, STGM_CREATE | STGM_WRITE | Exclusive, 0, 0,
                                     stream.Put()));

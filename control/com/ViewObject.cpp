@@ -30,7 +30,7 @@ STDMETHODIMP ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, H
             throw HresultError(E_INVALIDARG);
         }
         const auto alive = Core().SelfReference();
-        const RECTL& given = Out(bounds);
+        const RECTL& given = In(bounds);
         DrawIn(Core(), context, {given.left, given.top, given.right, given.bottom});
     });
 }
@@ -96,7 +96,7 @@ STDMETHODIMP ViewObject::QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point
     return Guard<IViewObjectEx>([&] {
         Out(result) = HITRESULT_OUTSIDE;
         RequireDrawn(aspect);
-        *result = ::PtInRect(&Out(bounds), point) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+        *result = ::PtInRect(&In(bounds), point) ? HITRESULT_HIT : HITRESULT_OUTSIDE;
     });
 }
 
@@ -106,8 +106,8 @@ STDMETHODIMP ViewObject::QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT rect
         Out(result) = HITRESULT_OUTSIDE;
         RequireDrawn(aspect);
         RECT common;
-        *result = ::IntersectRect(&common, &Out(bounds), &Out(rectangle)) ? HITRESULT_HIT
-                                                                          : HITRESULT_OUTSIDE;
+        *result = ::IntersectRect(&common, &In(bounds), &Out(rectangle)) ? HITRESULT_HIT
+                                                                         : HITRESULT_OUTSIDE;
     });
 }
 

@@ -129,7 +129,7 @@ STDMETHODIMP FIS_IO::SetPageSite(IPropertyPageSite* site) noexcept {
 
 STDMETHODIMP FIS_IO::Activate(HWND parent, LPCRECT position, BOOL) noexcept {
     return Com::Guard<IPropertyPage>([&] {
-        Com::Out(position);
+        Com::In(position);
         view_.Destroy();
         view_.Create(parent, *position);
     });
@@ -174,7 +174,7 @@ STDMETHODIMP FIS_IO::Show(UINT command) noexcept {
 }
 
 STDMETHODIMP FIS_IO::Move(LPCRECT position) noexcept {
-    return Com::Guard<IPropertyPage>([&] { view_.Move(Com::Out(position)); });
+    return Com::Guard<IPropertyPage>([&] { view_.Move(Com::In(position)); });
 }
 
 STDMETHODIMP FIS_IO::IsPageDirty() noexcept {
