@@ -2,11 +2,13 @@
 // Doubles as texts and texts as Doubles.
 #include "shared/NumberText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <optional>
 
+#include "shared/DecimalDigits.h"
 #include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 #include "shared/FisError.h"
@@ -20,6 +22,35 @@ constexpr int SignificantDigits = 15;
 std::size_t Copy(std::string_view text, std::array<char, 24>& target) noexcept {
     text.copy(target.data(), target.size());
     return text.size();
+}
+
+/// Writes a number without an exponent and returns its end.
+char* WriteEveryday(double everyday, char* target) noexcept {
+    constexpr std::uint64_t LowPart = 100000000;
+    const auto [number, exponent] = DigitsOf(everyday);
+    std::array<char, SignificantDigits> digits{};
+    char* const first = digits.data();
+    char* last = first + digits.size();
+    // With a one before them, the last eight digits keep their zeros; the first seven replace it.
+    std::to_chars(first + 6, last, static_cast<std::uint32_t>(number % LowPart + LowPart));
+    std::to_chars(first, first + 7, static_cast<std::uint32_t>(number / LowPart));
+    while (last[-1] == '0') {
+        --last;
+    }
+    if (exponent < 0) {
+        *target++ = '0';
+        *target++ = '.';
+        target = std::fill_n(target, -exponent - 1, '0');
+        return std::copy(first, last, target);
+    }
+    char* const point = first + exponent + 1;
+    if (last <= point) {
+        target = std::copy(first, last, target);
+        return std::fill_n(target, point - last, '0');
+    }
+    target = std::copy(first, point, target);
+    *target++ = '.';
+    return std::copy(point, last, target);
 }
 
 TextView Trimmed(TextView text) {
@@ -125,6 +156,11 @@ NumberCharacters::NumberCharacters(double value) noexcept {
         size_ = Copy(value < 0 ? "-INF" : "INF", characters_);
     } else if (value == 0) {
         size_ = Copy("0", characters_);
+    } else if (IsEveryday(std::abs(value))) {
+        char* const first = characters_.data();
+        *first = '-';
+        char* const end = WriteEveryday(std::abs(value), first + (value < 0 ? 1 : 0));
+        size_ = static_cast<std::size_t>(end - first);
     } else {
         char* const first = characters_.data();
         char* const end = std::to_chars(first, first + characters_.size(), value,

@@ -87,6 +87,36 @@ TEST(NumberRoundTrip, WritesWhatPrintfWrites) {
     EXPECT_EQ(digest.Value(), 10152504022708808348U);
 }
 
+/// A number that is written without an exponent, or just beyond: any; with a tie at the last digit
+/// or next to it; or next to a power of ten.
+double MakeEveryday(Random& random) {
+    const double sign = random.Percent(50) ? -1 : 1;
+    const double decade = std::pow(10, random.Between(-4, 15));
+    const double share = static_cast<double>(random.Bits() >> 11) * 0x1p-53;
+    switch (random.Below(3)) {
+    case 0:
+        return sign * decade * (1 + 9 * share);
+    case 1: {
+        // So many whole digits that those of the eighths end around the fifteenth.
+        const double whole =
+            std::floor(1e11 * std::pow(10, random.Between(0, 3)) * (1 + 9 * share));
+        return sign * (whole + random.Between(0, 8) / 8.0);
+    }
+    default:
+        return sign * std::nextafter(decade, random.Percent(50) ? 0 : 2 * decade);
+    }
+}
+
+TEST(NumberRoundTrip, WritesEverydayNumbersAsPrintfDoes) {
+    Random random(5);
+    for (int i = 0; i < 4 * Runs; ++i) {
+        const double number = MakeEveryday(random);
+        char expected[40];
+        std::snprintf(expected, sizeof expected, "%.15G", number);
+        ASSERT_EQ(NumberCharacters(number).View(), expected) << std::hexfloat << number;
+    }
+}
+
 TEST(NumberRoundTrip, ReadsWhatStrtodReads) {
     Random random(2);
     Digest digest;
