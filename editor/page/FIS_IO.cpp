@@ -8,6 +8,7 @@
 #include "control/WindowsTextServices.h"
 #include "control/com/ClientSite.h"
 #include "control/com/Scoped.h"
+#include "control/com/TaskMemory.h"
 #include "editor/TextIds.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
@@ -90,18 +91,6 @@ bool IsInRunMode(IUnknown* control) {
     return site.UserMode();
 }
 
-/// A copy of a text for the caller to free with CoTaskMemFree.
-LPOLESTR TaskMemoryCopy(const Text& text) {
-    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
-    auto* const copy = static_cast<LPOLESTR>(::CoTaskMemAlloc(size));
-    if (!copy) {
-        throw std::bad_alloc();
-    }
-    std::char_traits<char>::copy(reinterpret_cast<char*>(copy),
-                                 reinterpret_cast<const char*>(text.c_str()), size);
-    return copy;
-}
-
 } // namespace
 
 FIS_IO::FIS_IO(IUnknown* outer)
@@ -149,7 +138,7 @@ STDMETHODIMP FIS_IO::GetPageInfo(PROPPAGEINFO* info) noexcept {
         result.pszHelpFile = nullptr;
         result.dwHelpContext = 0;
         result.size = PageView::NaturalSize();
-        result.pszTitle = TaskMemoryCopy(Main::GetText(TextIds::InferenceSystem));
+        result.pszTitle = Com::NewTaskText(Main::GetText(TextIds::InferenceSystem));
     });
 }
 
