@@ -84,8 +84,19 @@ void PageView::Create(HWND frame, const RECT& position) {
                                          .Id = 0});
     prompt_.SetOwner(Get());
     MakeControls();
+    ShowSelection();
     Arrange();
     Reflect();
+}
+
+/// Trees that are made anew show their roots selected; the buttons and the graph are for the nodes
+/// that the logic has.
+void PageView::ShowSelection() {
+    for (const Side side : {Side::Input, Side::Output}) {
+        if (const TreeNode* const selected = page_.Selected(side)) {
+            tree(side).Select(*selected);
+        }
+    }
 }
 
 void PageView::Destroy() noexcept {

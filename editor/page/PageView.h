@@ -111,6 +111,7 @@ class PageView final : private Win::Window {
     TreeView& tree(Side side) { return side == Side::Input ? treInput_ : treOutput_; }
 
     void MakeControls();
+    void ShowSelection();
     std::array<HWND, PageLayout::ButtonCount> Buttons() const;
     void Arrange();
     LRESULT OnNotify(NMHDR& header);

@@ -27,7 +27,7 @@ class TreeControl {
     virtual void UpdateCaption(TreeNode& node) = 0;
 
     /// Selects a node and scrolls it into view.
-    virtual void Select(TreeNode& node) = 0;
+    virtual void Select(const TreeNode& node) = 0;
 
     /// Takes the focus and starts the in-place editing of a node's label.
     virtual void EditLabel(TreeNode& node) = 0;

@@ -117,7 +117,7 @@ void TreeView::UpdateCaption(TreeNode& node) {
     }
 }
 
-void TreeView::Select(TreeNode& node) {
+void TreeView::Select(const TreeNode& node) {
     if (window_) {
         const Win::Raised showing(isShowing_);
         TreeView_SelectItem(Window(), ItemOf(node));

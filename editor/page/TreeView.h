@@ -60,7 +60,7 @@ class TreeView final : public TreeControl {
     void Insert(TreeNode& node) override;
     void Remove(TreeNode& node) override;
     void UpdateCaption(TreeNode& node) override;
-    void Select(TreeNode& node) override;
+    void Select(const TreeNode& node) override;
     void EditLabel(TreeNode& node) override;
 
   private:

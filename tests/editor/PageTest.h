@@ -18,7 +18,7 @@ class TreeRecorder final : public TreeControl {
     void Insert(TreeNode& node) override { Note(u"Insert", node); }
     void Remove(TreeNode& node) override { Note(u"Remove", node); }
     void UpdateCaption(TreeNode& node) override { Note(u"UpdateCaption", node); }
-    void Select(TreeNode& node) override {
+    void Select(const TreeNode& node) override {
         Note(u"Select", node);
         Selection = &node;
     }

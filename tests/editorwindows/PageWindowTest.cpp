@@ -352,6 +352,24 @@ TEST_F(PageTest, LivesThroughOddOrdersOfItsFrame) {
     page_.Reset();
 }
 
+TEST_F(PageTest, APageThatIsActivatedAnewShowsTheNodesThatItsButtonsMean) {
+    const Placed control = Design(TwoOutputs);
+    Open({control.Control.Get()});
+    Click(Tree(false), Item(Tree(false), {u"Z"}));
+    Click(Tree(true), Item(Tree(true), {u"X", u"High"}));
+    const Texts captions = ButtonCaptions();
+    const RECT place{0, 0, 400, 370};
+    ASSERT_EQ(page_->Deactivate(), S_OK);
+    ASSERT_EQ(page_->Activate(frame_, &place, FALSE), S_OK);
+    ASSERT_EQ(page_->Show(SW_SHOW), S_OK);
+    Pump();
+    EXPECT_EQ(TreeView_GetSelection(Tree(true)), Item(Tree(true), {u"X", u"High"}));
+    EXPECT_EQ(TreeView_GetSelection(Tree(false)), Item(Tree(false), {u"Z"}));
+    EXPECT_EQ(ButtonCaptions(), captions);
+    Push(Button(u"Delete Term"));
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"X"})), (Texts{u"128", u"-128", u"Low"}));
+}
+
 TEST_F(PageTest, RootsAreBoldTealAndExpanded) {
     const Placed control = Design(TwoOutputs);
     Open({control.Control.Get()});
