@@ -89,6 +89,7 @@ void RuleEditor::SelectRow(std::size_t row) {
     ShowTerms(Side::Input, rule.Antecedents);
     ShowTerms(Side::Output, rule.Consequents);
     weight_ = UserWeightText(rule.Weight);
+    hasTypedWeight_ = false;
     canDelete_ = true;
 }
 
@@ -121,6 +122,7 @@ void RuleEditor::ChooseTerm(Side side, std::size_t variable, std::size_t item) {
 
 void RuleEditor::EditWeight(Text text) {
     weight_ = std::move(text);
+    hasTypedWeight_ = true;
     canDelete_ = false;
 }
 
@@ -130,6 +132,7 @@ bool RuleEditor::ValidateWeight() {
         return false;
     }
     weight_ = std::move(normal);
+    hasTypedWeight_ = false;
     return true;
 }
 

@@ -58,8 +58,15 @@ class RuleEditor {
     /// The user has changed the text of `txtWeight`: the shown rule no longer matches a row.
     void EditWeight(Text text);
 
+    /// Whether the user has changed the text of `txtWeight`, and it has not been validated since.
+    bool HasTypedWeight() const { return hasTypedWeight_; }
+
     /// The user leaves `txtWeight`. A number from 0 to 1 is accepted and becomes its text; anything
-    /// else shows a message and returns false, and the focus is to stay.
+    /// else shows a message and returns false, and the focus is to stay. A weight that nobody has
+    /// typed is left as it is: a loaded rule can have any, and is to be selected and deleted.
+    bool LeaveWeight() { return !hasTypedWeight_ || ValidateWeight(); }
+
+    /// The same for any weight, typed or not, before its rule is added.
     bool ValidateWeight();
 
     /// `cmdAdd`: adds the rule of the chosen terms, or gives the rule that has them the new weight.
@@ -87,6 +94,7 @@ class RuleEditor {
     RuleList rows_;
     std::optional<std::size_t> selected_;
     Text weight_;
+    bool hasTypedWeight_ = false;
     bool canAdd_ = false;
     bool canDelete_ = false;
     bool changed_;

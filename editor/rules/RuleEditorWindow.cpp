@@ -23,6 +23,12 @@ namespace {
 /// The weight is checked after the focus has moved on, when a message box may appear.
 constexpr UINT ValidateWeightMessage = WM_APP + 1;
 
+/// The message loop looks at its end after each message that it is given. One that was sent, as
+/// from another thread, is handled without being given.
+void WakeLoop() noexcept {
+    ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
 class RuleEditorWindow final : public Win::Window {
   public:
     static constexpr const wchar_t* ClassName = L"QuorvaneRuleEditor";
@@ -49,7 +55,9 @@ class RuleEditorWindow final : public Win::Window {
     void OnCommand(UINT id, UINT code);
     void OnWeightChanged();
     void OnWeightLeft() const;
+    void OnRowClicked(std::size_t row);
     void ValidateWeight();
+    void Close();
     void Add();
     void Delete();
     void OnActivate(bool isActive);
@@ -57,11 +65,13 @@ class RuleEditorWindow final : public Win::Window {
     HWND owner_;
     MessagePrompt prompt_;
     RuleEditor editor_;
-    /// None until they are all made, and from the window's end on.
+    /// None until they are all made. They outlive a window that its owner's end destroys.
     std::optional<RuleEditorParts> parts_;
     /// Whether what the controls report now comes from the editor and not from the user.
     bool isShowing_ = false;
     bool isClosed_ = false;
+    /// The row that waits for the weight to be validated.
+    std::optional<std::size_t> clickedRow_;
     /// What has the keyboard when the window becomes active again.
     HWND focus_ = nullptr;
 };
@@ -86,7 +96,7 @@ RuleEditorWindow::RuleEditorWindow(HWND owner, bool changed)
     parts_.emplace(
         Get(), editor_,
         RuleListView::Events{
-            .RowClicked = [this](std::size_t row) { Act([&] { editor_.SelectRow(row); }); },
+            .RowClicked = [this](std::size_t row) { OnRowClicked(row); },
             .HeaderClicked = [this](std::size_t column) { Act([&] { editor_.SortBy(column); }); },
             .DeletePressed = [this] { Delete(); },
         });
@@ -158,21 +168,39 @@ void RuleEditorWindow::OnWeightLeft() const {
     ::PostMessageW(Get(), ValidateWeightMessage, 0, 0);
 }
 
+/// A row takes the place of what has been typed only where that is accepted.
+void RuleEditorWindow::OnRowClicked(std::size_t row) {
+    if (editor_.HasTypedWeight()) {
+        clickedRow_ = row;
+        OnWeightLeft();
+    } else {
+        Act([&] { editor_.SelectRow(row); });
+    }
+}
+
 void RuleEditorWindow::ValidateWeight() {
+    const auto row = std::exchange(clickedRow_, std::nullopt);
     HWND const focus = ::GetFocus();
     // While the mouse presses a button, the button is not done: one validates the weight itself,
     // the other closes the window. Where neither comes to it, leaving the button validates.
     const bool isPressed =
         focus == ::GetCapture() && (focus == parts_->CmdAdd() || focus == parts_->CmdClose());
-    if (isClosed_ || isPressed || focus == parts_->TxtWeight() || !::IsChild(Get(), focus)) {
+    const bool isLeft = focus != parts_->TxtWeight() && ::IsChild(Get(), focus) && !isPressed;
+    if (isClosed_ || (!isLeft && !row)) {
         return;
     }
     bool isAccepted = false;
-    Attempt(prompt_, [&] { isAccepted = editor_.ValidateWeight(); });
+    Attempt(prompt_, [&] { isAccepted = editor_.LeaveWeight(); });
+    if (isAccepted && row && *row < editor_.Rows().Count()) {
+        Act([&] { editor_.SelectRow(*row); });
+        return;
+    }
+    // Nothing else is shown anew: a list box may be under the pressed mouse.
+    const Win::Raised showing(isShowing_);
     if (isAccepted) {
-        const Win::Raised showing(isShowing_);
         parts_->ReflectWeight();
     } else {
+        parts_->LvwRule().Reflect();
         parts_->GoToWeight();
     }
 }
@@ -194,7 +222,7 @@ void RuleEditorWindow::OnCommand(UINT id, UINT code) {
             Delete();
             break;
         case RuleEditorParts::CmdCloseId: // and Esc
-            isClosed_ = true;
+            Close();
             break;
         default:
             break;
@@ -202,12 +230,19 @@ void RuleEditorWindow::OnCommand(UINT id, UINT code) {
     }
 }
 
+void RuleEditorWindow::Close() {
+    isClosed_ = true;
+    WakeLoop();
+}
+
 /// As dialogs do it: a message box gives the keyboard back to the field that it interrupted.
 void RuleEditorWindow::OnActivate(bool isActive) {
-    if (isActive) {
-        ::SetFocus(focus_);
-    } else {
-        focus_ = ::GetFocus();
+    HWND const focus = ::GetFocus();
+    if (!isActive && ::IsChild(Get(), focus)) {
+        focus_ = focus;
+    } else if (isActive) {
+        const bool isUsable = ::IsChild(Get(), focus_) && ::IsWindowEnabled(focus_);
+        ::SetFocus(isUsable ? focus_ : parts_->LvwRule().Window());
     }
 }
 
@@ -244,7 +279,10 @@ LRESULT RuleEditorWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case DM_GETDEFID:
         return MAKELRESULT(RuleEditorParts::CmdAddId, DC_HASDEFID);
     case WM_CLOSE:
-        isClosed_ = true;
+        Close();
+        return 0;
+    case WM_DESTROY:
+        WakeLoop();
         return 0;
     default:
         return Window::OnMessage(message, first, second);

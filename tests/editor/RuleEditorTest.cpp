@@ -147,6 +147,24 @@ TEST_F(RuleEditorTest, ValidatesTheWeight) {
     }
 }
 
+TEST_F(RuleEditorTest, LeavesAWeightAloneThatNobodyHasTyped) {
+    RuleEditor editor = Open(u"A>X;B>X/C<P:2|A>Y;B>X/C<P:1");
+    editor.SelectRow(0);
+    EXPECT_FALSE(editor.HasTypedWeight());
+    EXPECT_TRUE(editor.LeaveWeight());
+    EXPECT_EQ(editor.Weight(), u"2");
+    EXPECT_EQ(Prompts.Take(), ShownPrompts());
+    editor.Add();
+    EXPECT_EQ(Prompts.Take(), Refusal(u"Enter a number less than 1!")) << "not to be added";
+    editor.EditWeight(u"3");
+    EXPECT_TRUE(editor.HasTypedWeight());
+    EXPECT_FALSE(editor.LeaveWeight());
+    EXPECT_EQ(Prompts.Take(), Refusal(u"Enter a number less than 1!"));
+    editor.SelectRow(0);
+    editor.Delete();
+    EXPECT_EQ(RuleTexts(), Texts({u"A>Y;B>X/C<P:1"}));
+}
+
 TEST_F(RuleEditorTest, AddingValidatesTheWeightFirst) {
     RuleEditor editor = Open(u"");
     for (const TextView weight : {u"1.5", u"-1", u"abc", u""}) {

@@ -60,6 +60,59 @@ TEST_F(RuleEditorKeysTest, ABadWeightIsNotLeftThroughAButtonThatIsNotPressed) {
     });
 }
 
+/// Two inputs with a rule whose weight no one could type.
+constexpr System HeavyRule = {TwoInputs.Inputs, TwoInputs.Outputs,
+                              u"A>Low;B>Low/Sum<None:2|A>Low;B>High/Sum<Four:1"};
+
+TEST_F(RuleEditorKeysTest, ALoadedRuleOfAnyWeightIsSelectedAndDeleted) {
+    Work(HeavyRule, [](const RuleEditorHands& editor) {
+        MessageBoxes boxes;
+        editor.AddRule({{u"lstInA", u"High"}}, u"1");
+        ASSERT_EQ(::GetFocus(), editor.Weight());
+        editor.ClickRow(0);
+        EXPECT_EQ(WindowText(editor.Weight()), u"2");
+        editor.Push(RuleEditorHands::CmdDelete);
+        EXPECT_TRUE(boxes.Shown.empty());
+        EXPECT_EQ(editor.Column(3), (Texts{u"Four", u"Four"}));
+    });
+}
+
+TEST_F(RuleEditorKeysTest, ABadWeightIsNotLeftForARow) {
+    Work(TwoInputs, [](const RuleEditorHands& editor) {
+        MessageBoxes boxes;
+        editor.TypeWeight(u"abc");
+        editor.ClickRow(0);
+        ASSERT_EQ(boxes.Shown.size(), 1U);
+        EXPECT_EQ(boxes.Shown[0].Message, u"Should be a number!");
+        EXPECT_EQ(::GetFocus(), editor.Weight());
+        EXPECT_EQ(WindowText(editor.Weight()), u"abc");
+        EXPECT_EQ(editor.SelectedRow(), 3) << "the row whose terms are shown";
+        editor.TypeWeight(u"0.5");
+        editor.ClickRow(0);
+        EXPECT_EQ(boxes.Shown.size(), 1U);
+        EXPECT_EQ(editor.SelectedRow(), 0);
+        EXPECT_EQ(editor.Chosen(u"lstInA"), u"Low");
+        EXPECT_EQ(WindowText(editor.Weight()), u"1");
+    });
+}
+
+TEST_F(RuleEditorKeysTest, TheKeyboardComesBackToWhereItWas) {
+    Work(TwoInputs, [](const RuleEditorHands& editor) {
+        HWND const window = ::GetParent(editor.Rules());
+        ::SetFocus(editor.Weight());
+        // The desktop is shown: nothing has the focus when the window hears that it is inactive.
+        ::SetFocus(nullptr);
+        ::SendMessageW(window, WM_ACTIVATE, WA_INACTIVE, 0);
+        ::SendMessageW(window, WM_ACTIVATE, WA_ACTIVE, 0);
+        EXPECT_EQ(::GetFocus(), editor.Rules()) << "where it was when it was last known";
+        ::SetFocus(editor.Weight());
+        ::SendMessageW(window, WM_ACTIVATE, WA_INACTIVE, 0);
+        ::SetFocus(nullptr);
+        ::SendMessageW(window, WM_ACTIVATE, WA_ACTIVE, 0);
+        EXPECT_EQ(::GetFocus(), editor.Weight());
+    });
+}
+
 TEST_F(RuleEditorKeysTest, CloseLeavesABadWeightBehind) {
     MessageBoxes boxes;
     Work(TwoInputs, [](const RuleEditorHands& editor) {

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The rule editor's window, worked with mouse and keyboard, and a whole design.
+#include <atomic>
+#include <optional>
+#include <thread>
+
 #include <gtest/gtest.h>
 
 #include "control/com/Scoped.h"
@@ -83,6 +87,49 @@ TEST_F(PageTest, RuleEditorLeavesWithAFrameThatIsDestroyed) {
     Open({control.Control.Get()});
     InRuleEditor([&](HWND) { ::DestroyWindow(std::exchange(frame_, nullptr)); });
     EXPECT_EQ(::FindWindowW(L"QuorvaneRuleEditor", nullptr), nullptr);
+}
+
+/// Sends a message to a window of this thread from another one, once this one waits for messages.
+class OtherThread {
+  public:
+    OtherThread(HWND window, UINT message)
+        : thread_([this, window, message, self = ::GetCurrentThreadId()] {
+              ::Sleep(100);
+              ::SendMessageW(window, message, 0, 0);
+              for (int i = 0; i < 200 && !hasEnded_; ++i) {
+                  ::Sleep(10);
+              }
+              hasHung_ = !hasEnded_;
+              ::PostThreadMessageW(self, WM_NULL, 0, 0);
+          }) {}
+    ~OtherThread() { thread_.join(); }
+    OtherThread(const OtherThread&) = delete;
+    OtherThread& operator=(const OtherThread&) = delete;
+
+    /// Whether what the message is to end has ended by it alone.
+    bool Ended() {
+        hasEnded_ = true;
+        return !hasHung_;
+    }
+
+  private:
+    std::atomic<bool> hasEnded_ = false;
+    std::atomic<bool> hasHung_ = false;
+    std::thread thread_;
+};
+
+TEST_F(PageTest, RuleEditorLeavesAtOnceWhenAnotherThreadClosesIt) {
+    const Placed control = Design(TwoInputs);
+    for (const bool closesFrame : {false, true}) {
+        Open({control.Control.Get()});
+        std::optional<OtherThread> other;
+        InRuleEditor([&](HWND window) {
+            other.emplace(closesFrame ? std::exchange(frame_, nullptr) : window, WM_CLOSE);
+        });
+        EXPECT_TRUE(other->Ended()) << (closesFrame ? "the frame" : "the editor");
+        EXPECT_EQ(::FindWindowW(L"QuorvaneRuleEditor", nullptr), nullptr);
+        Close();
+    }
 }
 
 TEST_F(PageTest, RuleEditorLeavesWithAPageThatIsReleased) {
