@@ -25,7 +25,7 @@ class TreeRecorder final : public TreeControl {
     void EditLabel(TreeNode& node) override { Note(u"EditLabel", node); }
 
     TreeNode* Root = nullptr;
-    TreeNode* Selection = nullptr;
+    const TreeNode* Selection = nullptr;
 
     /// What was asked since the last call.
     std::vector<Text> Take() { return std::exchange(requests_, {}); }
