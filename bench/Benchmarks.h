@@ -18,8 +18,15 @@ inline std::string CycleName(const std::string& workload, const std::string& str
 void RegisterCycleBenchmarks();
 void PrintCycleTable(const Medians& medians);
 
+/// For the plot of how cost grows: "growth/" what grows, "/" its size, and "/all" or "/one" for the
+/// inputs that change, or "/dense".
+void RegisterGrowthBenchmarks();
+
 void RegisterPreparationBenchmarks();
 void PrintPreparationTable(const Medians& medians);
+
+void RegisterNumberBenchmarks();
+void PrintNumberTable(const Medians& medians);
 
 void RegisterBatchBenchmarks();
 void PrintBatchTable(const Medians& medians);

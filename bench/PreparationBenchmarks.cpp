@@ -66,6 +66,9 @@ void PrintPreparationTable(const Medians& medians) {
             const auto found = medians.find(Name(ruleCount, work));
             return found == medians.end() ? 0 : found->second / NanosecondsPerMillisecond;
         };
+        if (time("both") == 0) {
+            continue; // left out by a filter
+        }
         std::printf("%u rules: parse %.1f  prepare %.1f  both %.1f\n", ruleCount, time("parse"),
                     time("prepare"), time("both"));
     }

@@ -38,7 +38,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     Quorvane::Bench::RegisterCycleBenchmarks();
+    Quorvane::Bench::RegisterGrowthBenchmarks();
     Quorvane::Bench::RegisterPreparationBenchmarks();
+    Quorvane::Bench::RegisterNumberBenchmarks();
     Quorvane::Bench::RegisterBatchBenchmarks();
 #ifdef _WIN32
     Quorvane::Bench::RegisterComBenchmarks();
@@ -47,6 +49,7 @@ int main(int argc, char** argv) {
     benchmark::RunSpecifiedBenchmarks(&reporter);
     Quorvane::Bench::PrintCycleTable(reporter.Medians);
     Quorvane::Bench::PrintPreparationTable(reporter.Medians);
+    Quorvane::Bench::PrintNumberTable(reporter.Medians);
     Quorvane::Bench::PrintBatchTable(reporter.Medians);
 #ifdef _WIN32
     Quorvane::Bench::PrintComTable(reporter.Medians);

@@ -65,6 +65,9 @@ std::optional<RuleGrid> RuleGrid::Build(const RuleTables& tables) {
     }
     RuleGrid grid(std::move(axes));
     grid.PlaceRules(grid.CellsOfRules(tables), cellCount);
+    if (!grid.isInRuleOrder_ && cellCount < tables.RuleCount()) {
+        return std::nullopt;
+    }
     for (std::size_t input = 0; input < tables.UsedInputs.size(); ++input) {
         grid.Update(tables, input);
     }

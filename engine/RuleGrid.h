@@ -21,7 +21,8 @@ class RuleGrid {
   public:
     /// Nothing where there are fewer than two inputs, where the grid would have many more cells
     /// than there are rules, or where rules name the inputs in different orders: degrees are
-    /// multiplied in the order of the axes.
+    /// multiplied in the order of the axes. Nothing either where rules in no order share cells: so
+    /// many fire that putting them in order would take too long.
     static std::optional<RuleGrid> Build(const RuleTables& tables);
 
     /// An input has new degrees.

@@ -42,6 +42,13 @@ bench_one() {
     sed -n '/^Ratios/,$p' "out/bench/$suite.txt"
 }
 
+# The picture of how the cost of a cycle grows.
+plot_growth() {
+    need plot
+    logged plot-growth python3 tools/plot_growth.py out/bench/native.json docs/pictures/growth.svg &&
+        say "Drawn: docs/pictures/growth.svg"
+}
+
 # run_bench [SUITE...]: all three unless some are named.
 run_bench() {
     local suite
@@ -51,7 +58,7 @@ run_bench() {
     [ $# -gt 0 ] || set -- native x64 x86
     for suite in "$@"; do
         case $suite in
-            native) bench_one native native ;;
+            native) bench_one native native && plot_growth ;;
             x64) need windows wine && wine_start x64 && bench_one x64 mingw64 in_wine x64 3600 wine ;;
             x86) need windows wine i386 && wine_start x86 && bench_one x86 mingw32 in_wine x86 3600 wine ;;
             *) die "unknown suite '$suite'" ;;

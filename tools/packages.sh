@@ -8,6 +8,7 @@ packages_of() {
         wine) echo wine wine64 fonts-wine fonts-wqy-microhei xvfb openbox ;;
         check) echo clang libclang-rt-dev llvm clang-format clang-tidy ;;
         i386) echo debootstrap ;;
+        plot) echo python3 ;;
     esac
 }
 

@@ -217,6 +217,20 @@ TEST_F(RuleSelectionTest, RulesOfOneOutputEachWithSoManyInputs) {
     }
 }
 
+TEST_F(RuleSelectionTest, ManyRulesForEachOfAFewCombinations) {
+    Random random(13);
+    StringKeyedDictionary<bool> shuffled(KeyComparison::Exact);
+    while (shuffled.Count() < 400) {
+        shuffled.Put(SparseRule(random, 3, 3, 3, 1), true);
+    }
+    std::vector<Text> rules = KeysOf(shuffled);
+    for (int order = 0; order < 2; ++order) {
+        Load(3, 3, OutputWithTerms(u"Y0"), rules);
+        RunCycles(random, 200);
+        std::ranges::sort(rules);
+    }
+}
+
 TEST_F(RuleSelectionTest, TheLargestRuleBaseOfTheEditors) {
     Random random(10);
     std::vector<Text> rules = FullGrid(5, 8, 12);
