@@ -42,11 +42,11 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
     /// Forgets the container and releases every sink.
     void Disconnect() noexcept;
 
-    /// Calls `call(sink)` with every sink there is now, in the order in which they came; each is
-    /// the pointer that answered to the outgoing interface (IDispatch for a dispinterface). A sink
-    /// may unadvise itself or others, or release the container, meanwhile; one that has been
-    /// unadvised is not called any more, one that came during the call not yet.
-    template <class F>
+    /// Calls `call(I&)` with every sink there is now, in the order in which they came. I is the
+    /// outgoing interface, which each has answered to, or IDispatch for a dispinterface. A sink may
+    /// unadvise itself or others, or release the container, meanwhile; one that has been unadvised
+    /// is not called any more, one that came during the call not yet.
+    template <class I, class F>
     void ForEach(F&& call) {
         const ComPtr<ConnectionPoint> self(this);
         const DWORD newest = lastCookie_;
@@ -57,7 +57,8 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
             }
             done = next->Cookie;
             const ComPtr<IUnknown> sink = next->Sink;
-            call(*sink);
+            // NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast): Advise asked for it
+            call(static_cast<I&>(*sink));
         }
     }
 
@@ -138,16 +139,15 @@ class ConnectionPoints : public IConnectionPointContainer {
     template <class Source>
     void Raise(DISPID event, std::initializer_list<Variant> arguments = {}) {
         if (freezes_ == 0) {
-            Point<Source>().ForEach([&](IUnknown& sink) {
-                RaiseEvent(static_cast<IDispatch&>(sink), event, arguments);
-            });
+            Point<Source>().template ForEach<IDispatch>(
+                [&](IDispatch& sink) { RaiseEvent(sink, event, arguments); });
         }
     }
 
     /// Calls `call(Source&)` for every sink of a custom interface such as IPropertyNotifySink.
     template <class Source, class F>
     void Notify(F&& call) {
-        Point<Source>().ForEach([&](IUnknown& sink) { call(static_cast<Source&>(sink)); });
+        Point<Source>().template ForEach<Source>(call);
     }
 
   private:
