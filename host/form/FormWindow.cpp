@@ -5,14 +5,11 @@
 #include "host/HResult.h"
 #include "host/Wide.h"
 #include "host/form/Automation.h"
+#include "host/form/FileDialogs.h"
 #include "host/form/PropertyFrame.h"
 #include "host/form/Texts.h"
 
 #include <algorithm>
-#include <array>
-
-#include <commctrl.h>
-#include <commdlg.h>
 
 namespace Quorvane::Host {
 
@@ -20,25 +17,6 @@ namespace {
 
 constexpr const char16_t* ControlClass = u"QuorvaneAxEditor.FISControl";
 constexpr int PanelWidth = 372;
-
-/// Asks for a form file; empty when the user gives none.
-std::filesystem::path AskForFile(HWND owner, const std::filesystem::path& offered, bool saving) {
-    std::array<wchar_t, MAX_PATH> path{};
-    offered.wstring().copy(path.data(), path.size() - 1);
-    OPENFILENAMEW ask{};
-    ask.lStructSize = sizeof ask;
-    ask.hwndOwner = owner;
-    const std::wstring filter = GetText(TextId::FormFiles) + std::wstring(L"\0*.form\0", 8) +
-                                GetText(TextId::AllFiles) + std::wstring(L"\0*.*\0", 5);
-    ask.lpstrFilter = filter.c_str();
-    ask.lpstrFile = path.data();
-    ask.nMaxFile = static_cast<DWORD>(path.size());
-    ask.lpstrDefExt = L"form";
-    ask.Flags =
-        OFN_NOCHANGEDIR | OFN_HIDEREADONLY | (saving ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-    const BOOL chosen = saving ? GetSaveFileNameW(&ask) : GetOpenFileNameW(&ask);
-    return chosen ? std::filesystem::path(path.data()) : std::filesystem::path();
-}
 
 FormFile EmptyForm() {
     FormFile form;
@@ -215,7 +193,7 @@ void FormWindow::OpenForm() {
     if (!MayDiscard()) {
         return;
     }
-    const auto path = AskForFile(Handle(), {}, false);
+    const auto path = AskForFormFile(Handle(), {}, false);
     if (!path.empty()) {
         OpenForm(path);
     }
@@ -234,7 +212,7 @@ bool FormWindow::SaveForm() {
 }
 
 bool FormWindow::SaveFormAs() {
-    const auto path = AskForFile(Handle(), path_, true);
+    const auto path = AskForFormFile(Handle(), path_, true);
     return !path.empty() && SaveTo(path);
 }
 

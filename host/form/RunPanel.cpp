@@ -2,8 +2,8 @@
 // RunPanel: what a person does with a running control: set inputs, fire, watch, tabulate.
 #include "host/form/RunPanel.h"
 
-#include "host/HResult.h"
 #include "host/form/Automation.h"
+#include "host/form/FileDialogs.h"
 #include "host/form/ListColumns.h"
 #include "host/form/Texts.h"
 
@@ -11,7 +11,6 @@
 #include <cmath>
 
 #include <commctrl.h>
-#include <shobjidl.h>
 
 namespace Quorvane::Host {
 
@@ -32,6 +31,7 @@ enum ChildId {
 
 constexpr int MostDivisions = 1000;
 constexpr std::size_t MostVisibleInputs = 4;
+constexpr std::size_t MostDrawnInputs = 2;
 
 // At 96 dots per inch.
 constexpr int FieldHeight = 21;
@@ -57,6 +57,18 @@ std::vector<std::wstring> NamesOf(const std::vector<StoredVariable>& variables) 
     }
     return names;
 }
+
+/// Shows the pointer that asks for patience, while it lives.
+class WaitPointer {
+  public:
+    WaitPointer() : former_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    WaitPointer(const WaitPointer&) = delete;
+    WaitPointer& operator=(const WaitPointer&) = delete;
+    ~WaitPointer() { SetCursor(former_); }
+
+  private:
+    HCURSOR former_;
+};
 
 } // namespace
 
@@ -179,8 +191,9 @@ void RunPanel::Clear() {
     SendMessageW(dataShow_, BM_SETCHECK, BST_UNCHECKED, 0);
     ListView_DeleteAllItems(outputList_);
     ListView_DeleteAllItems(eventLog_);
+    showingData_.clear();
     inputRows_->SetInputs({});
-    picture_->Clear();
+    picture_->ShowMessage(TextId::NoBatchYet);
 }
 
 void RunPanel::SelectControl(const std::wstring& name) {
@@ -207,6 +220,10 @@ void RunPanel::ShowCurrent() {
         SendMessageW(outputChoice_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(output.Name.c_str()));
     }
     SendMessageW(outputChoice_, CB_SETCURSEL, 0, 0);
+    // A control tells nobody whether it shows its data.
+    SendMessageW(dataShow_, BM_SETCHECK,
+                 showingData_.contains(current_) ? BST_CHECKED : BST_UNCHECKED, 0);
+    picture_->ShowMessage(TextId::NoBatchYet);
     Arrange();
     ShowInputs();
     ShowOutputs();
@@ -217,7 +234,7 @@ void RunPanel::OnCommand(int id, int code) {
         const auto chosen = SendMessageW(controlChoice_, CB_GETCURSEL, 0, 0);
         SelectControl(controls_[static_cast<std::size_t>(chosen)]->Name());
     } else if (id == OutputChoiceId && code == CBN_SELCHANGE) {
-        ShowPicture();
+        ShowChosenOutput();
     } else if (code == BN_CLICKED && current_) {
         switch (id) {
         case FireId:
@@ -274,7 +291,13 @@ void RunPanel::ShowOutputs() {
 }
 
 void RunPanel::SetDataShow() {
-    SetProperty(current_->Dispatch().Get(), L"DataShow", Variant(IsChecked(dataShow_)));
+    const bool shows = IsChecked(dataShow_);
+    SetProperty(current_->Dispatch().Get(), L"DataShow", Variant(shows));
+    if (shows) {
+        showingData_.insert(current_);
+    } else {
+        showingData_.erase(current_);
+    }
 }
 
 void RunPanel::OnEvent(const std::wstring& control, const std::wstring& event) {
@@ -282,17 +305,8 @@ void RunPanel::OnEvent(const std::wstring& control, const std::wstring& event) {
     if (count++ == 0) {
         row = AddRow(eventLog_, {control + L"." + event, L""});
     }
-    // A batch raises very many events; following a hundredth of them is enough for the eye.
-    const bool isInBatch = pointsLeft_ > 0;
-    if (isInBatch) {
-        --pointsLeft_;
-        const auto step = static_cast<long long>(std::max(1.0, pointsInAll_ / 100));
-        if (count % step != 0 && pointsLeft_ > 0) {
-            return;
-        }
-        const double done = (pointsInAll_ - pointsLeft_) / pointsInAll_;
-        SendMessageW(progress_, PBM_SETPOS, static_cast<WPARAM>(done * 100), 0);
-        UpdateWindow(progress_);
+    if (batchProgress_ && !batchProgress_->OnPoint()) {
+        return;
     }
     SetCell(eventLog_, row, 1, std::to_wstring(count));
     UpdateWindow(eventLog_);
@@ -301,50 +315,51 @@ void RunPanel::OnEvent(const std::wstring& control, const std::wstring& event) {
 void RunPanel::RunBatch() {
     const int divisions = std::clamp(_wtoi(TextOf(divisions_).c_str()), 1, MostDivisions);
     SetWindowTextW(divisions_, std::to_wstring(divisions).c_str());
-    if (!ChooseFolder()) {
+    const auto folder = AskForBatchFolder(GetAncestor(Handle(), GA_ROOT), batchFolder_);
+    if (folder.empty()) {
         return;
     }
-    pointsInAll_ = std::pow(divisions + 1, static_cast<double>(inputs_.size()));
-    pointsLeft_ = pointsInAll_;
-    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-    CallMember(current_->Dispatch().Get(), L"BatchData",
-               {Variant(std::wstring_view(batchFolder_.wstring())), Variant(LONG{divisions})},
-               DISPATCH_METHOD);
-    SetCursor(LoadCursorW(nullptr, IDC_ARROW));
-    pointsLeft_ = 0;
-    SendMessageW(progress_, PBM_SETPOS, 0, 0);
+    batchFolder_ = folder;
+    const bool isComplete = Tabulate(divisions);
     ShowInputs();
     ShowOutputs();
-    ShowPicture();
+    ShowBatch(isComplete);
 }
 
-void RunPanel::ShowPicture() {
+bool RunPanel::Tabulate(int divisions) {
+    const double points = std::pow(divisions + 1, static_cast<double>(inputs_.size()));
+    const WaitPointer waiting;
+    batchProgress_ = std::make_unique<BatchProgress>(progress_, points);
+    try {
+        CallMember(current_->Dispatch().Get(), L"BatchData",
+                   {Variant(std::wstring_view(batchFolder_.wstring())), Variant(LONG{divisions})},
+                   DISPATCH_METHOD);
+    } catch (...) {
+        batchProgress_.reset();
+        throw;
+    }
+    const bool isComplete = batchProgress_->IsComplete();
+    batchProgress_.reset();
+    return isComplete;
+}
+
+void RunPanel::ShowBatch(bool isComplete) {
+    const bool canBeDrawn = inputs_.size() <= MostDrawnInputs;
+    picture_->ShowMessage(isComplete && !canBeDrawn ? TextId::TooManyInputs
+                                                    : TextId::IncompleteBatch);
+    if (isComplete && canBeDrawn) {
+        picture_->SetPoints(ReadBatch(batchFolder_, inputs_.size(), outputs_.size()),
+                            NamesOf(inputs_));
+        ShowChosenOutput();
+    }
+}
+
+void RunPanel::ShowChosenOutput() {
     const auto output = SendMessageW(outputChoice_, CB_GETCURSEL, 0, 0);
-    if (output >= 0 && std::filesystem::exists(batchFolder_ / L"OutData.txt")) {
+    if (output >= 0) {
         const auto index = static_cast<std::size_t>(output);
-        picture_->Show(ReadBatch(batchFolder_), NamesOf(inputs_), outputs_[index].Name, index);
+        picture_->ShowOutput(index, outputs_[index].Name);
     }
-}
-
-bool RunPanel::ChooseFolder() {
-    ComPtr<IFileDialog> dialog;
-    Check(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
-                           __uuidof(IFileDialog), dialog.ReceiveVoid()),
-          L"ask for a folder");
-    dialog->SetOptions(FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR);
-    dialog->SetTitle(GetText(TextId::BatchFolder));
-    // The whole path as the offered name: it can be accepted, or typed over.
-    dialog->SetFileName(batchFolder_.c_str());
-    ComPtr<IShellItem> chosen;
-    wchar_t* path = nullptr;
-    if (dialog->Show(GetAncestor(Handle(), GA_ROOT)) != S_OK ||
-        dialog->GetResult(chosen.Receive()) != S_OK ||
-        chosen->GetDisplayName(SIGDN_FILESYSPATH, &path) != S_OK) {
-        return false;
-    }
-    batchFolder_ = path;
-    CoTaskMemFree(path);
-    return true;
 }
 
 } // namespace Quorvane::Host

@@ -2,6 +2,7 @@
 // RunPanel: what a person does with a running control: set inputs, fire, watch, tabulate.
 #pragma once
 
+#include "host/form/BatchProgress.h"
 #include "host/form/InputRows.h"
 #include "host/form/PlacedControl.h"
 #include "host/form/SurfacePicture.h"
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -50,8 +52,11 @@ class RunPanel final : public Window {
     void ShowInputs();
     void SetDataShow();
     void RunBatch();
-    void ShowPicture();
-    bool ChooseFolder();
+    /// Writes the batch files; whether every point of the batch has been computed.
+    bool Tabulate(int divisions);
+    /// Draws the batch that has just been written.
+    void ShowBatch(bool isComplete);
+    void ShowChosenOutput();
 
     PlacedControl* current_ = nullptr;
     std::vector<PlacedControl*> controls_;
@@ -60,8 +65,10 @@ class RunPanel final : public Window {
     std::filesystem::path batchFolder_;
     /// "Control.Event" with its count and its row in the log.
     std::map<std::wstring, std::pair<long long, int>> counts_;
-    double pointsLeft_ = 0;
-    double pointsInAll_ = 0;
+    /// The controls that show their values themselves.
+    std::set<const PlacedControl*> showingData_;
+    /// Only while a batch runs.
+    std::unique_ptr<BatchProgress> batchProgress_;
 
     HWND controlChoice_ = nullptr;
     std::unique_ptr<InputRows> inputRows_;

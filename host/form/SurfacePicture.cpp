@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
-// SurfacePicture: the control surface drawn from the two batch files.
+// SurfacePicture: the control surface, drawn from the points of a batch.
 #include "host/form/SurfacePicture.h"
 
+#include "host/form/Automation.h"
 #include "host/form/Drawing.h"
-#include "host/form/Texts.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
-#include <fstream>
-#include <stdexcept>
+#include <cwchar>
 
 namespace Quorvane::Host {
 
@@ -19,35 +17,8 @@ namespace {
 /// How wide a surface may be, in quarters of its height.
 constexpr int WidestShape = 12;
 
-/// Reads the numbers of a line; anything else in it is skipped as a separator or left out.
-std::vector<double> ReadNumbers(std::string_view line) {
-    std::vector<double> numbers;
-    while (!line.empty()) {
-        const auto start = line.find_first_not_of(", \r");
-        if (start == std::string_view::npos) {
-            break;
-        }
-        line.remove_prefix(start);
-        const auto end = std::min(line.find_first_of(", \r"), line.size());
-        double number = 0;
-        std::from_chars(line.data(), line.data() + end, number);
-        numbers.push_back(number);
-        line.remove_prefix(end);
-    }
-    return numbers;
-}
-
-std::vector<std::vector<double>> ReadRows(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    if (!file) {
-        throw std::runtime_error("The batch wrote no file " + path.filename().string() + ".");
-    }
-    std::vector<std::vector<double>> rows;
-    for (std::string line; std::getline(file, line);) {
-        rows.push_back(ReadNumbers(line));
-    }
-    return rows;
-}
+/// The least width of a tile in pixels; smaller ones would be drawn upon each other.
+constexpr int LeastTile = 3;
 
 /// From deep blue (0) over green to yellow (1).
 COLORREF ShadeOf(double share) {
@@ -71,34 +42,45 @@ void PrintCentred(HDC context, const std::wstring& text, RECT area, UINT vertica
     DrawTextW(context, text.c_str(), -1, &area, DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | vertical);
 }
 
+/// A number with four digits, as the user writes it.
 std::wstring Short(double number) {
     std::array<wchar_t, 32> text{};
     swprintf(text.data(), text.size(), L"%.4g", number);
-    return text.data();
+    return ValueText(Variant(std::wcstod(text.data(), nullptr)));
+}
+
+/// The lines of a square grid that are drawn: all, or every so many and the last one.
+std::vector<std::size_t> DrawnLines(std::size_t side, int width) {
+    const auto most = static_cast<std::size_t>(std::max(1, width / LeastTile));
+    const std::size_t step = (side - 1 + most - 1) / most;
+    std::vector<std::size_t> lines;
+    for (std::size_t line = 0; line + 1 < side; line += step) {
+        lines.push_back(line);
+    }
+    lines.push_back(side - 1);
+    return lines;
 }
 
 } // namespace
-
-BatchPoints ReadBatch(const std::filesystem::path& folder) {
-    BatchPoints points{ReadRows(folder / L"InData.txt"), ReadRows(folder / L"OutData.txt")};
-    if (points.Inputs.empty() || points.Inputs.size() != points.Outputs.size()) {
-        throw std::runtime_error("The two batch files do not fit together.");
-    }
-    return points;
-}
 
 SurfacePicture::SurfacePicture(HWND parent) {
     Create(L"QuorvaneSurfacePicture", L"Response surface", WS_CHILD | WS_VISIBLE, parent);
 }
 
-void SurfacePicture::Show(BatchPoints points, std::vector<std::wstring> inputs,
-                          std::wstring outputName, std::size_t output) {
+void SurfacePicture::SetPoints(BatchPoints points, std::vector<std::wstring> inputs) {
     points_ = std::move(points);
     inputs_ = std::move(inputs);
-    outputName_ = std::move(outputName);
     values_.clear();
-    for (const auto& row : points_.Outputs) {
-        values_.push_back(output < row.size() ? row[output] : 0);
+}
+
+void SurfacePicture::ShowOutput(std::size_t output, std::wstring name) {
+    if (output >= points_.OutputCount) {
+        return;
+    }
+    outputName_ = std::move(name);
+    values_.clear();
+    for (std::size_t point = 0; point < points_.Size(); ++point) {
+        values_.push_back(points_.Output(point, output));
     }
     const auto [low, high] = std::ranges::minmax_element(values_);
     lowest_ = *low;
@@ -106,7 +88,8 @@ void SurfacePicture::Show(BatchPoints points, std::vector<std::wstring> inputs,
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 
-void SurfacePicture::Clear() {
+void SurfacePicture::ShowMessage(TextId message) {
+    message_ = message;
     points_ = {};
     values_.clear();
     InvalidateRect(Handle(), nullptr, FALSE);
@@ -139,13 +122,11 @@ void SurfacePicture::Paint() {
 
 void SurfacePicture::Draw(HDC context, const RECT& area) const {
     if (values_.empty()) {
-        PrintCentred(context, GetText(TextId::NoBatchYet), area, DT_VCENTER);
+        PrintCentred(context, GetText(message_), area, DT_VCENTER);
     } else if (inputs_.size() == 1) {
         DrawCurve(context, area);
-    } else if (inputs_.size() == 2) {
-        DrawSurface(context, area);
     } else {
-        PrintCentred(context, GetText(TextId::TooManyInputs), area, DT_VCENTER);
+        DrawSurface(context, area);
     }
 }
 
@@ -153,11 +134,11 @@ void SurfacePicture::DrawCurve(HDC context, const RECT& area) const {
     RECT plot = area;
     InflateRect(&plot, -Scaled(36), -Scaled(24));
     FrameRect(context, &plot, GetSysColorBrush(COLOR_BTNSHADOW));
-    const double first = points_.Inputs.front().front();
-    const double last = points_.Inputs.back().front();
+    const double first = points_.Inputs.front();
+    const double last = points_.Inputs.back();
     std::vector<POINT> line;
     for (std::size_t i = 0; i < values_.size(); ++i) {
-        const double across = (points_.Inputs[i].front() - first) / (last - first);
+        const double across = last == first ? 0 : (points_.Inputs[i] - first) / (last - first);
         const double up = (values_[i] - lowest_) / (highest_ - lowest_);
         line.push_back({plot.left + std::lround(across * (plot.right - plot.left)),
                         plot.bottom - std::lround(up * (plot.bottom - plot.top))});
@@ -191,22 +172,27 @@ void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
                      area.bottom - Scaled(24) - std::lround(((a + b) * 0.27 + z * 0.46) * height)};
     };
     const Selected pen(context, CreatePen(PS_SOLID, 1, RGB(70, 70, 70)));
+    const auto value = [&](std::size_t i, std::size_t j) { return values_[i * side + j]; };
+    const std::vector<std::size_t> lines = DrawnLines(side, width);
     // The far tiles first, so that near ones cover them.
-    for (std::size_t i = side - 1; i-- > 0;) {
-        for (std::size_t j = side - 1; j-- > 0;) {
-            const double mean = (values_[i * side + j] + values_[(i + 1) * side + j] +
-                                 values_[i * side + j + 1] + values_[(i + 1) * side + j + 1]) /
-                                4;
-            const std::array<POINT, 4> tile = {project(i, j), project(i + 1, j),
-                                               project(i + 1, j + 1), project(i, j + 1)};
+    for (std::size_t a = lines.size() - 1; a-- > 0;) {
+        for (std::size_t b = lines.size() - 1; b-- > 0;) {
+            const std::size_t i = lines[a];
+            const std::size_t j = lines[b];
+            const std::size_t beyondI = lines[a + 1];
+            const std::size_t beyondJ = lines[b + 1];
+            const double mean =
+                (value(i, j) + value(beyondI, j) + value(i, beyondJ) + value(beyondI, beyondJ)) / 4;
+            const std::array<POINT, 4> tile = {project(i, j), project(beyondI, j),
+                                               project(beyondI, beyondJ), project(i, beyondJ)};
             const Selected brush(
                 context, CreateSolidBrush(ShadeOf((mean - lowest_) / (highest_ - lowest_))));
             Polygon(context, tile.data(), static_cast<int>(tile.size()));
         }
     }
     const auto range = [&](std::size_t axis) {
-        return inputs_[axis] + L"  " + Short(points_.Inputs.front()[axis]) + L" \x2026 " +
-               Short(points_.Inputs.back()[axis]);
+        return inputs_[axis] + L"  " + Short(points_.Input(0, axis)) + L" \x2026 " +
+               Short(points_.Input(points_.Size() - 1, axis));
     };
     RECT left = area;
     left.right = (area.left + area.right) / 2;

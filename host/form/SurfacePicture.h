@@ -1,36 +1,30 @@
 // SPDX-License-Identifier: MIT
-// SurfacePicture: the control surface drawn from the two batch files.
+// SurfacePicture: the control surface, drawn from the points of a batch.
 #pragma once
 
+#include "host/BatchFiles.h"
+#include "host/form/Texts.h"
 #include "host/form/Window.h"
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace Quorvane::Host {
 
-/// The points of a batch: one row of inputs and one of outputs for each.
-struct BatchPoints {
-    std::vector<std::vector<double>> Inputs;
-    std::vector<std::vector<double>> Outputs;
-};
-
-/// Reads InData.txt and OutData.txt. Throws std::runtime_error for files that cannot be read or do
-/// not fit together.
-BatchPoints ReadBatch(const std::filesystem::path& folder);
-
 /// Draws one output over one input as a curve, or over two inputs as a surface seen from above its
-/// near corner. Systems of more inputs get a line of text.
+/// near corner.
 class SurfacePicture final : public Window {
   public:
     explicit SurfacePicture(HWND parent);
 
-    /// Shows the points; `output` counts from 0. The names caption the axes.
-    void Show(BatchPoints points, std::vector<std::wstring> inputs, std::wstring outputName,
-              std::size_t output);
+    /// Takes the points of a batch over one or two inputs, whose names caption the axes.
+    void SetPoints(BatchPoints points, std::vector<std::wstring> inputs);
 
-    void Clear();
+    /// Draws an output of the points, counted from 0; without points it does nothing.
+    void ShowOutput(std::size_t output, std::wstring name);
+
+    /// Forgets the points and shows a line of text.
+    void ShowMessage(TextId message);
 
   protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -41,6 +35,7 @@ class SurfacePicture final : public Window {
     void DrawCurve(HDC context, const RECT& area) const;
     void DrawSurface(HDC context, const RECT& area) const;
 
+    TextId message_ = TextId::NoBatchYet;
     BatchPoints points_;
     std::vector<std::wstring> inputs_;
     std::wstring outputName_;

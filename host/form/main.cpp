@@ -46,6 +46,9 @@ int Run() {
     // Without arguments it begins with an empty form.
     const Options options = __argc > 1 ? ParseOptions({__wargv + 1, __wargv + __argc}) : Options();
     const Apartment apartment;
+    // While a control computes a batch, the window answers nothing; the system would put a dead
+    // picture in its place after some seconds, and nobody would see the progress.
+    DisableProcessWindowsGhosting();
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     InitCommonControlsEx(&controls);
     FormWindow window(SettingsFrom(options));

@@ -257,6 +257,12 @@ TEST_F(DesignMode, TwoControlsShareTheSystem) {
     EXPECT_TRUE(WaitFor([&] { return program_.EventCount(L"FIS.InferComplate") == 1; }, 5000));
     // The control loaded last has made its system that of both.
     EXPECT_EQ(program_.Output(L"Action"), L"-1");
+    const auto showsData = [&] {
+        return SendMessageW(Child(program_.RunPanel(), Id::DataShow), BM_GETCHECK, 0, 0) ==
+               BST_CHECKED;
+    };
+    Click(Child(program_.RunPanel(), Id::DataShow));
+    Expect("the first control shows its data", showsData);
     FocusByClick(choice);
     Press(VK_ESCAPE);
     Press(VK_DOWN);
@@ -265,6 +271,11 @@ TEST_F(DesignMode, TwoControlsShareTheSystem) {
     Click(Child(program_.RunPanel(), Id::Fire));
     EXPECT_TRUE(WaitFor([&] { return program_.EventCount(L"FIS1.InferComplate") == 1; }, 5000));
     EXPECT_EQ(program_.EventCount(L"FIS.InferComplate"), 1);
+    EXPECT_FALSE(showsData()) << "the other control does not";
+    FocusByClick(choice);
+    Press(VK_ESCAPE);
+    Press(VK_UP);
+    EXPECT_TRUE(WaitFor(showsData, 5000)) << "the first still does";
 }
 
 TEST_F(DesignMode, RemovesAControlByDelete) {

@@ -3,6 +3,8 @@
 #include "tests/form/FormTest.h"
 #include "tests/form/driving/Picture.h"
 
+#include <fstream>
+
 namespace Quorvane {
 namespace {
 
@@ -101,6 +103,24 @@ TEST_F(RunMode, ABatchWritesItsFilesAndDrawsTheirSurface) {
     Press(VK_DOWN);
     EXPECT_TRUE(WaitFor([&] { return PictureOfClient(picture).Pixels != valve.Pixels; }, 5000))
         << "the other output has another surface";
+}
+
+TEST_F(RunMode, ThePictureIsThatOfABatchOfItsOwn) {
+    // Left in the folder by a system of one input, and broken.
+    std::ofstream(Folder() / L"InData.txt") << "1\n\n2\n";
+    std::ofstream(Folder() / L"OutData.txt") << "5\n\n6\n";
+    HWND const picture = ChildOfClass(program_.RunPanel(), WindowClass::Picture);
+    const Picture before = PictureOfClient(picture);
+    HWND const choice = Panel(Id::OutputChoice);
+    FocusByClick(choice);
+    Press(VK_ESCAPE);
+    Press(VK_DOWN);
+    Expect("the other output is chosen",
+           [&] { return SendMessageW(choice, CB_GETCURSEL, 0, 0) == 1; });
+    EXPECT_EQ(PictureOfClient(picture).Pixels, before.Pixels);
+    EXPECT_TRUE(TopWindows(program_.ProcessId(), WindowClass::Dialog).empty());
+    program_.RunBatch(10, Folder());
+    EXPECT_TRUE(WaitFor([&] { return PictureOfClient(picture).ColorCount() > 30; }, 5000));
 }
 
 TEST_F(RunMode, ABatchShowsItsProgress) {
