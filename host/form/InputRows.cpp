@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include <commctrl.h>
 
@@ -31,9 +32,18 @@ std::wstring TextOfNumber(double number) {
     return std::wstring(ViewBstr(value.bstrVal));
 }
 
-/// A number with no more places than the slider can tell apart.
-double Rounded(double number, double range) {
-    const double unit = std::pow(10.0, std::floor(std::log10(range / SliderSteps)));
+/// What a step of the slider stands for: a bound exactly, else a number with no more places than
+/// the slider can tell apart.
+double ValueAt(const StoredVariable& input, int step) {
+    const double range = input.Upper - input.Lower;
+    if (step == 0 || range == 0) {
+        return input.Lower;
+    }
+    if (step == SliderSteps) {
+        return input.Upper;
+    }
+    const double number = input.Lower + range * step / SliderSteps;
+    const double unit = std::pow(10.0, std::floor(std::log10(std::abs(range) / SliderSteps)));
     return std::round(number / unit) * unit;
 }
 
@@ -66,6 +76,9 @@ void InputRows::SetInputs(const std::vector<StoredVariable>& inputs) {
                                         WS_TABSTOP | TBS_NOTICKS, -1);
         SendMessageW(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, SliderSteps));
         SendMessageW(slider, TBM_SETPAGESIZE, 0, SliderSteps / 20);
+        for (const HWND child : {field, slider}) {
+            SetWindowSubclass(child, ChildProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+        }
         rows_.push_back({input, label, field, slider});
     }
     Arrange();
@@ -89,6 +102,9 @@ LRESULT InputRows::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_VSCROLL:
         Scroll(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    case WM_MOUSEWHEEL:
+        ScrollTo(offset_ - MulDiv(GET_WHEEL_DELTA_WPARAM(wParam), Scaled(RowHeight), WHEEL_DELTA));
         return 0;
     case WM_HSCROLL:
         OnSlider(reinterpret_cast<HWND>(lParam));
@@ -136,39 +152,65 @@ void InputRows::Scroll(int code, int position) {
     GetClientRect(Handle(), &area);
     switch (code) {
     case SB_LINEUP:
-        offset_ -= Scaled(RowHeight);
+        ScrollTo(offset_ - Scaled(RowHeight));
         break;
     case SB_LINEDOWN:
-        offset_ += Scaled(RowHeight);
+        ScrollTo(offset_ + Scaled(RowHeight));
         break;
     case SB_PAGEUP:
-        offset_ -= area.bottom;
+        ScrollTo(offset_ - area.bottom);
         break;
     case SB_PAGEDOWN:
-        offset_ += area.bottom;
+        ScrollTo(offset_ + area.bottom);
         break;
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
-        offset_ = position;
+        ScrollTo(position);
         break;
     default:
-        return;
+        break;
     }
-    SetScrollPos(Handle(), SB_VERT, offset_, TRUE);
-    offset_ = GetScrollPos(Handle(), SB_VERT);
-    Arrange();
+}
+
+void InputRows::ScrollTo(int offset) {
+    // The scroll bar knows how far it goes.
+    SetScrollPos(Handle(), SB_VERT, offset, TRUE);
+    const int reached = GetScrollPos(Handle(), SB_VERT);
+    if (std::exchange(offset_, reached) != reached) {
+        Arrange();
+    }
+}
+
+void InputRows::Reveal(HWND child) {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    const auto row = std::ranges::find_if(
+        rows_, [child](const Row& each) { return each.Field == child || each.Slider == child; });
+    const int top = static_cast<int>(row - rows_.begin()) * Scaled(RowHeight);
+    const int bottom = top + Scaled(RowHeight);
+    ScrollTo(std::clamp(offset_, std::min(bottom - static_cast<int>(area.bottom), top), top));
+}
+
+LRESULT CALLBACK InputRows::ChildProcedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
+                                           UINT_PTR id, DWORD_PTR rows) {
+    auto& self = *reinterpret_cast<InputRows*>(rows);
+    if (message == WM_MOUSEWHEEL) {
+        // The wheel scrolls the rows, and changes no input on the way.
+        return SendMessageW(self.Handle(), message, wParam, lParam);
+    }
+    if (message == WM_SETFOCUS) {
+        self.Reveal(child);
+    } else if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(child, ChildProcedure, id);
+    }
+    return DefSubclassProc(child, message, wParam, lParam);
 }
 
 void InputRows::OnSlider(HWND slider) {
     for (const Row& row : rows_) {
         if (row.Slider == slider) {
-            const auto step = static_cast<double>(SendMessageW(slider, TBM_GETPOS, 0, 0));
-            const double range = row.Input.Upper - row.Input.Lower;
-            const double value =
-                step == SliderSteps
-                    ? row.Input.Upper
-                    : Rounded(row.Input.Lower + step / SliderSteps * range, std::abs(range));
-            const std::wstring text = TextOfNumber(value);
+            const auto step = static_cast<int>(SendMessageW(slider, TBM_GETPOS, 0, 0));
+            const std::wstring text = TextOfNumber(ValueAt(row.Input, step));
             isShowing_ = true;
             SetWindowTextW(row.Field, text.c_str());
             isShowing_ = false;
@@ -187,7 +229,8 @@ void InputRows::OnField(std::size_t row) {
 void InputRows::PlaceSlider(const Row& row) {
     if (const auto value = NumberOf(TextOf(row.Field))) {
         const double share = (*value - row.Input.Lower) / (row.Input.Upper - row.Input.Lower);
-        const auto step = std::lround(std::clamp(share, 0.0, 1.0) * SliderSteps);
+        // Bounds that are equal give no share at all.
+        const auto step = std::lround(share > 0 ? std::min(share, 1.0) * SliderSteps : 0.0);
         SendMessageW(row.Slider, TBM_SETPOS, TRUE, step);
     }
 }

@@ -40,9 +40,15 @@ class InputRows final : public Window {
 
     void Arrange();
     void Scroll(int code, int position);
+    void ScrollTo(int offset);
+    /// Scrolls as far as it takes to see the whole row of a child.
+    void Reveal(HWND child);
     void OnSlider(HWND slider);
     void OnField(std::size_t row);
     static void PlaceSlider(const Row& row);
+
+    static LRESULT CALLBACK ChildProcedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
+                                           UINT_PTR id, DWORD_PTR rows);
 
     Changed changed_;
     std::vector<Row> rows_;
