@@ -36,8 +36,7 @@ FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) 
     surface_ = std::make_unique<FormSurface>(Handle(), *this);
     grid_ = std::make_unique<PropertyGrid>(Handle());
     runPanel_ = std::make_unique<RunPanel>(Handle(), settings.BatchFolder);
-    RECT desktop{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
+    const RECT desktop = WorkAreaOf(Handle());
     SetWindowPos(Handle(), nullptr, 0, 0, std::min<int>(Scaled(960), desktop.right - desktop.left),
                  std::min<int>(Scaled(720), desktop.bottom - desktop.top),
                  SWP_NOMOVE | SWP_NOZORDER);

@@ -2,9 +2,9 @@
 // PropertyFrame: a dialog that shows the property pages of a control.
 #include "host/form/PropertyFrame.h"
 
-#include "host/ComObject.h"
 #include "host/HResult.h"
 #include "host/form/KeptFocus.h"
+#include "host/form/PropertyPage.h"
 #include "host/form/Texts.h"
 #include "host/form/Window.h"
 
@@ -30,71 +30,34 @@ constexpr int ButtonCount = 4;
 /// What a page gets of its own size at first.
 constexpr int RoomyPercent = 140;
 
-class Frame;
-
-/// What a page tells its frame.
-class PageSite final : public ComObject<IPropertyPageSite> {
-  public:
-    PageSite(Frame& frame, LCID locale) : frame_(&frame), locale_(locale) {}
-    void Detach() { frame_ = nullptr; }
-
-    HRESULT STDMETHODCALLTYPE OnStatusChange(DWORD flags) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetLocaleID(LCID* locale) noexcept override {
-        *locale = locale_;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetPageContainer(IUnknown** container) noexcept override {
-        *container = nullptr;
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*) noexcept override { return S_FALSE; }
-
-  private:
-    ~PageSite() override = default;
-
-    Frame* frame_;
-    LCID locale_;
-};
-
-/// A page in the frame, from its creation to its release.
-struct Page {
-    ComPtr<IPropertyPage> Object;
-    ComPtr<PageSite> Site;
-    std::wstring Title;
-    SIZE Size{};
-    bool IsActive = false;
-};
-
 class Frame final : public Window {
   public:
     Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale);
-    ~Frame() override;
 
     bool HasPages() const { return !pages_.empty(); }
 
     /// Runs until the user closes the frame.
     void Run();
 
-    void OnPageStatus();
-
   protected:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
-    void AddPage(const CLSID& clsid, IUnknown* object, LCID locale);
+    void AddPage(std::unique_ptr<PropertyPage> page);
     SIZE SizeFor(const SIZE& page) const;
     void Place();
     void CreateChildren();
     void Arrange();
     RECT PageRectangle() const;
     void ShowPage(std::size_t index);
+    void TurnPage(bool isBackward);
     bool ApplyPages();
     void OnCommand(int id);
     bool TranslateKey(MSG& message);
     void UpdateButtons();
 
     HWND owner_;
-    std::vector<Page> pages_;
+    std::vector<std::unique_ptr<PropertyPage>> pages_;
     std::size_t shown_ = 0;
     SIZE pageSize_{};
     HWND tabs_ = nullptr;
@@ -102,13 +65,6 @@ class Frame final : public Window {
     bool isDone_ = false;
     KeptFocus focus_;
 };
-
-HRESULT STDMETHODCALLTYPE PageSite::OnStatusChange(DWORD) noexcept {
-    if (frame_) {
-        frame_->OnPageStatus();
-    }
-    return S_OK;
-}
 
 Frame::Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale) : owner_(owner) {
     const auto specify = Query<ISpecifyPropertyPages>(object);
@@ -118,7 +74,11 @@ Frame::Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID local
     }
     const std::unique_ptr<GUID, decltype(&CoTaskMemFree)> memory(classes.pElems, CoTaskMemFree);
     for (ULONG i = 0; i < classes.cElems; ++i) {
-        AddPage(classes.pElems[i], object, locale);
+        AddPage(PropertyPage::Open(classes.pElems[i], object, locale, [this] {
+            if (Handle()) {
+                UpdateButtons();
+            }
+        }));
     }
     if (HasPages()) {
         Create(L"QuorvanePropertyFrame", title.c_str(),
@@ -129,38 +89,12 @@ Frame::Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID local
     }
 }
 
-Frame::~Frame() {
-    for (Page& page : pages_) {
-        if (page.IsActive) {
-            page.Object->Deactivate();
-        }
-        page.Object->SetObjects(0, nullptr);
-        page.Object->SetPageSite(nullptr);
-        page.Site->Detach();
+void Frame::AddPage(std::unique_ptr<PropertyPage> page) {
+    if (page) {
+        pageSize_.cx = std::max(pageSize_.cx, page->Size().cx);
+        pageSize_.cy = std::max(pageSize_.cy, page->Size().cy);
+        pages_.push_back(std::move(page));
     }
-}
-
-void Frame::AddPage(const CLSID& clsid, IUnknown* object, LCID locale) {
-    Page page;
-    if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IPropertyPage),
-                                page.Object.ReceiveVoid()))) {
-        return;
-    }
-    page.Site = MakeCom<PageSite>(*this, locale);
-    Check(page.Object->SetPageSite(page.Site.Get()), L"open a property page");
-    pages_.push_back(std::move(page));
-    Page& added = pages_.back();
-    PROPPAGEINFO info{};
-    info.cb = sizeof info;
-    Check(added.Object->GetPageInfo(&info), L"open a property page");
-    added.Title = info.pszTitle ? info.pszTitle : L"";
-    added.Size = info.size;
-    CoTaskMemFree(info.pszTitle);
-    CoTaskMemFree(info.pszDocString);
-    CoTaskMemFree(info.pszHelpFile);
-    Check(added.Object->SetObjects(1, &object), L"open a property page");
-    pageSize_.cx = std::max(pageSize_.cx, added.Size.cx);
-    pageSize_.cy = std::max(pageSize_.cy, added.Size.cy);
 }
 
 SIZE Frame::SizeFor(const SIZE& page) const {
@@ -174,28 +108,27 @@ SIZE Frame::SizeFor(const SIZE& page) const {
 }
 
 /// Opens beside the owner's upper left corner, with more room than the pages need at least, as far
-/// as the screen has it.
+/// as the owner's screen has it.
 void Frame::Place() {
     RECT around{};
     GetWindowRect(owner_, &around);
-    RECT desktop{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
+    const RECT desktop = WorkAreaOf(owner_);
     const SIZE roomy =
         SizeFor({pageSize_.cx * RoomyPercent / 100, pageSize_.cy * RoomyPercent / 100});
     const LONG width = std::min(roomy.cx, desktop.right - desktop.left);
     const LONG height = std::min(roomy.cy, desktop.bottom - desktop.top);
-    const LONG left = std::min(around.left + Scaled(40), desktop.right - width);
-    const LONG top = std::min(around.top + Scaled(40), desktop.bottom - height);
+    const LONG left = std::clamp(around.left + Scaled(40), desktop.left, desktop.right - width);
+    const LONG top = std::clamp(around.top + Scaled(40), desktop.top, desktop.bottom - height);
     SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER);
 }
 
 void Frame::CreateChildren() {
     tabs_ = CreateChild(Handle(), WC_TABCONTROLW, L"", WS_TABSTOP | WS_CLIPSIBLINGS, TabsId);
     int index = 0;
-    for (const Page& page : pages_) {
+    for (const auto& page : pages_) {
         TCITEMW item{};
         item.mask = TCIF_TEXT;
-        item.pszText = const_cast<wchar_t*>(page.Title.c_str());
+        item.pszText = const_cast<wchar_t*>(page->Title().c_str());
         SendMessageW(tabs_, TCM_INSERTITEMW, static_cast<WPARAM>(index++),
                      reinterpret_cast<LPARAM>(&item));
     }
@@ -225,10 +158,8 @@ void Frame::Arrange() {
         left += width + gap;
     }
     const RECT area = PageRectangle();
-    for (const Page& page : pages_) {
-        if (page.IsActive) {
-            page.Object->Move(&area);
-        }
+    for (const auto& page : pages_) {
+        page->Move(area);
     }
 }
 
@@ -245,7 +176,12 @@ void Frame::Run() {
     EnableWindow(owner_, FALSE);
     ShowWindow(Handle(), SW_SHOW);
     MSG message{};
-    while (!isDone_ && Handle() && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (!isDone_ && Handle()) {
+        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+            // The end of the program is for the loop of the main window, too.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
         if (!TranslateKey(message) && !IsDialogMessageW(Handle(), &message)) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
@@ -256,52 +192,51 @@ void Frame::Run() {
 }
 
 bool Frame::TranslateKey(MSG& message) {
-    return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST &&
-           pages_[shown_].Object->TranslateAccelerator(&message) == S_OK;
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
+        return false;
+    }
+    if (pages_[shown_]->TranslateKey(message)) {
+        return true;
+    }
+    // What the page does not take is the frame's.
+    const bool turnsPage =
+        message.message == WM_KEYDOWN && message.wParam == VK_TAB && GetKeyState(VK_CONTROL) < 0;
+    if (turnsPage) {
+        TurnPage(GetKeyState(VK_SHIFT) < 0);
+    }
+    return turnsPage;
 }
 
 void Frame::ShowPage(std::size_t index) {
     const RECT area = PageRectangle();
-    Page& former = pages_[shown_];
-    if (former.IsActive) {
-        former.Object->Show(SW_HIDE);
-    }
+    pages_[shown_]->Hide();
     shown_ = index;
-    Page& page = pages_[index];
-    if (!page.IsActive) {
-        Check(page.Object->Activate(Handle(), &area, FALSE), L"open a property page");
-        page.IsActive = true;
+    if (const HWND made = pages_[index]->Show(Handle(), area)) {
         // The page comes last of all children; it belongs over the tabs, and first for the Tab key.
-        HWND const made = GetWindow(GetWindow(Handle(), GW_CHILD), GW_HWNDLAST);
         SetWindowPos(made, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         SetWindowPos(tabs_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
-    page.Object->Move(&area);
-    page.Object->Show(SW_SHOW);
+    SendMessageW(tabs_, TCM_SETCURSEL, index, 0);
     UpdateButtons();
 }
 
-void Frame::OnPageStatus() {
-    if (Handle()) {
-        UpdateButtons();
-    }
+void Frame::TurnPage(bool isBackward) {
+    const std::size_t count = pages_.size();
+    ShowPage((shown_ + (isBackward ? count - 1 : 1)) % count);
 }
 
 void Frame::UpdateButtons() {
-    const bool isDirty = std::ranges::any_of(
-        pages_, [](const Page& page) { return page.Object->IsPageDirty() == S_OK; });
+    const bool isDirty =
+        std::ranges::any_of(pages_, [](const auto& page) { return page->IsDirty(); });
     EnableWindow(GetDlgItem(Handle(), ApplyId), isDirty);
 }
 
 bool Frame::ApplyPages() {
-    for (Page& page : pages_) {
-        if (page.Object->IsPageDirty() == S_OK && FAILED(page.Object->Apply())) {
-            // The page has told the user why; the edits stay in it.
-            return false;
-        }
-    }
+    // A page that refuses has told the user why; the edits stay in it.
+    const bool areApplied =
+        std::ranges::all_of(pages_, [](const auto& page) { return page->Apply(); });
     UpdateButtons();
-    return true;
+    return areApplied;
 }
 
 void Frame::OnCommand(int id) {
@@ -316,7 +251,7 @@ void Frame::OnCommand(int id) {
         ApplyPages();
         break;
     case HelpButtonId:
-        pages_[shown_].Object->Help(nullptr);
+        pages_[shown_]->Help();
         break;
     default:
         break;

@@ -95,6 +95,13 @@ int DpiOf(HWND window) {
     return dpi;
 }
 
+RECT WorkAreaOf(HWND window) {
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+    return screen.rcWork;
+}
+
 HWND CreateChild(HWND parent, const wchar_t* className, const wchar_t* text, DWORD style, int id,
                  DWORD extendedStyle) {
     const HWND child = CreateWindowExW(

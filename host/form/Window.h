@@ -40,6 +40,9 @@ class Window {
 /// The dots per inch of a window's screen.
 int DpiOf(HWND window);
 
+/// The part of a window's screen that no task bar covers.
+RECT WorkAreaOf(HWND window);
+
 /// A child window of a system class, in the font of the user's message boxes.
 HWND CreateChild(HWND parent, const wchar_t* className, const wchar_t* text, DWORD style, int id,
                  DWORD extendedStyle = 0);
