@@ -6,13 +6,13 @@
 #include "host/HResult.h"
 #include "host/form/Automation.h"
 #include "host/form/ListColumns.h"
+#include "host/form/PropertyDialogs.h"
 #include "host/form/Texts.h"
 
 #include <algorithm>
 #include <array>
 
 #include <commctrl.h>
-#include <commdlg.h>
 #include <olectl.h>
 
 namespace Quorvane::Host {
@@ -283,51 +283,20 @@ LRESULT CALLBACK PropertyGrid::FieldProcedure(HWND field, UINT message, WPARAM w
 }
 
 void PropertyGrid::EditColor(const Property& property) {
-    static std::array<COLORREF, 16> custom{};
     Variant number = Read(property);
     number.ChangeType(VT_I4, LOCALE_USER_DEFAULT);
-    CHOOSECOLORW choose{};
-    choose.lStructSize = sizeof choose;
-    choose.hwndOwner = GetAncestor(Handle(), GA_ROOT);
-    choose.rgbResult = ToColorref(number.lVal);
-    choose.lpCustColors = custom.data();
-    choose.Flags = CC_RGBINIT | CC_FULLOPEN;
-    if (ChooseColorW(&choose)) {
-        SetProperty(object_.Get(), property.Name.c_str(),
-                    Variant(static_cast<LONG>(choose.rgbResult)));
+    if (const auto chosen = AskForColor(GetAncestor(Handle(), GA_ROOT), ToColorref(number.lVal))) {
+        SetProperty(object_.Get(), property.Name.c_str(), Variant(static_cast<LONG>(*chosen)));
     }
 }
 
 void PropertyGrid::EditFont(const Property& property) {
     const Variant value = Read(property);
     const auto font = Query<IFont>(value.vt == VT_DISPATCH ? value.pdispVal : nullptr);
-    HFONT handle = nullptr;
-    LOGFONTW description{};
-    if (font && SUCCEEDED(font->get_hFont(&handle))) {
-        GetObjectW(handle, sizeof description, &description);
+    if (const auto chosen = AskForFont(GetAncestor(Handle(), GA_ROOT), font.Get())) {
+        SetProperty(object_.Get(), property.Name.c_str(),
+                    Variant(static_cast<IDispatch*>(chosen.Get())));
     }
-    CHOOSEFONTW choose{};
-    choose.lStructSize = sizeof choose;
-    choose.hwndOwner = GetAncestor(Handle(), GA_ROOT);
-    choose.lpLogFont = &description;
-    choose.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS;
-    if (!ChooseFontW(&choose)) {
-        return;
-    }
-    FONTDESC chosen{};
-    chosen.cbSizeofstruct = sizeof chosen;
-    chosen.lpstrName = description.lfFaceName;
-    chosen.cySize.int64 = choose.iPointSize * 1000LL; // tenths of a point to ten-thousandths
-    chosen.sWeight = static_cast<SHORT>(description.lfWeight);
-    chosen.sCharset = description.lfCharSet;
-    chosen.fItalic = description.lfItalic;
-    chosen.fUnderline = description.lfUnderline;
-    chosen.fStrikethrough = description.lfStrikeOut;
-    ComPtr<IFontDisp> replacement;
-    Check(OleCreateFontIndirect(&chosen, __uuidof(IFontDisp), replacement.ReceiveVoid()),
-          L"make a font");
-    SetProperty(object_.Get(), property.Name.c_str(),
-                Variant(static_cast<IDispatch*>(replacement.Get())));
 }
 
 } // namespace Quorvane::Host
