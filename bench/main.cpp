@@ -11,6 +11,8 @@ namespace {
 /// Shows progress as the library does, and keeps the medians.
 class MedianReporter final : public benchmark::ConsoleReporter {
   public:
+    MedianReporter() : ConsoleReporter(OO_None) {}
+
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median") {

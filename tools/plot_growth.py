@@ -12,7 +12,7 @@ SERIES = [("dense", "dense engine", "#8a8f98"), ("all", "all inputs change", "#d
 WIDTH, HEIGHT = 960, 384
 LEFT, TOP, PANEL_WIDTH, PANEL_HEIGHT, GAP = 66, 62, 270, 272, 30
 BOTTOM = TOP + PANEL_HEIGHT
-SLOWEST, FASTEST = 200_000, 20  # nanoseconds at the top and the bottom
+SLOWEST, FASTEST = 400_000, 20  # nanoseconds at the top and the bottom
 
 STYLE = """
     text { fill: #223; }
