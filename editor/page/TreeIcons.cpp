@@ -75,12 +75,20 @@ class Picture {
     }
 
     static void Blend(std::uint32_t& pixel, Color color, double share) {
-        const auto mix = [&](int shift, int value) {
-            const auto below = static_cast<double>(pixel >> shift & 0xFF);
-            return static_cast<std::uint32_t>(std::lround(below * (1 - share) + value * share))
-                   << shift;
+        const auto channel = [&pixel](int shift) {
+            return static_cast<double>(pixel >> shift & 0xFF);
         };
-        pixel = mix(24, 255) | mix(16, color.Red) | mix(8, color.Green) | mix(0, color.Blue);
+        const auto packed = [](double value, int shift) {
+            return static_cast<std::uint32_t>(std::lround(value)) << shift;
+        };
+        // What is below keeps its part of the opacity, and the same part of the colour.
+        const double below = channel(24) / 255 * (1 - share);
+        const double opacity = below + share;
+        const auto mix = [&](int shift, int value) {
+            return packed((channel(shift) * below + value * share) / opacity, shift);
+        };
+        pixel = packed(opacity * 255, 24) | mix(16, color.Red) | mix(8, color.Green) |
+                mix(0, color.Blue);
     }
 
     int side_;

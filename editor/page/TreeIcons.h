@@ -14,8 +14,8 @@ inline constexpr TextView TreeIconKeys[] = {u"Inputs", u"Outputs", u"Input", u"O
                                             u"UBound", u"LBound",  u"MF",    u"MF_P1",
                                             u"MF_P2",  u"MF_P3",   u"MF_P4", u"MF_P"};
 
-/// An icon as side x side pixels, 0xAARRGGBB with the colours premultiplied, the top row first. An
-/// unknown key gives a transparent icon.
+/// An icon as side x side pixels, the top row first. They are 0xAARRGGBB with the colours as they
+/// are, not multiplied by the opacity. An unknown key gives a transparent icon.
 std::vector<std::uint32_t> DrawTreeIcon(TextView key, int side);
 
 } // namespace Quorvane::Editor

@@ -35,6 +35,8 @@ Win::Handle<Win::ImageListKind> MakeTreeImages(int side) {
     if (!images) {
         Win::ThrowLastError();
     }
+    // A list of 32 bits takes the opacity from bitmaps that come without a mask. It multiplies the
+    // colours by it when it draws, so they must not be multiplied before.
     for (const TextView key : TreeIconKeys) {
         if (::ImageList_Add(images.Get(), MakeBitmap(key, side).Get(), nullptr) < 0) {
             Win::ThrowLastError();

@@ -46,16 +46,41 @@ TEST(TreeIcons, HavePicturesOnATransparentGround) {
     }
 }
 
-TEST(TreeIcons, AreBlendedWithTheirOpacity) {
+TEST(TreeIcons, HaveTheirColoursInSoftEdgesToo) {
+    // Whatever is mixed of the icons' colours lies between the least and the most of each channel.
+    constexpr struct {
+        int Shift;
+        std::uint32_t Least;
+        std::uint32_t Most;
+    } ranges[] = {{16, 38, 214}, {8, 90, 180}, {0, 40, 200}};
+    int softPixels = 0;
     for (const TextView key : TreeIconKeys) {
         for (const std::uint32_t pixel : DrawTreeIcon(key, 24)) {
             const std::uint32_t alpha = Channel(pixel, 24);
-            for (const int shift : {0, 8, 16}) {
-                // Each channel is rounded by itself.
-                EXPECT_LE(Channel(pixel, shift), alpha + 1) << Narrow(key);
+            softPixels += alpha > 0 && alpha < 255 ? 1 : 0;
+            for (const auto& [shift, least, most] : ranges) {
+                if (alpha > 0) {
+                    EXPECT_GE(Channel(pixel, shift), least) << Narrow(key);
+                    EXPECT_LE(Channel(pixel, shift), most) << Narrow(key);
+                }
             }
         }
     }
+    EXPECT_GT(softPixels, 100);
+}
+
+TEST(TreeIcons, ASoftEdgeOfOneColourIsThatColour) {
+    // The dots of the input's list are laid on nothing.
+    const auto pixels = DrawTreeIcon(u"Inputs", 32);
+    int softPixels = 0;
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        const std::uint32_t alpha = Channel(pixels[i], 24);
+        if (i % 32 < 11 && alpha > 0 && alpha < 255) {
+            ++softPixels;
+            EXPECT_EQ(pixels[i] & 0xFFFFFF, 0x2678B2U) << i;
+        }
+    }
+    EXPECT_GT(softPixels, 10);
 }
 
 TEST(TreeIcons, MarkThePointThatTheyStandFor) {
