@@ -11,9 +11,6 @@
 namespace Quorvane {
 namespace {
 
-/// Sent to child windows when their monitor's resolution has changed; newer than our headers.
-constexpr UINT DpiChangedAfterParent = 0x02E3;
-
 /// The side of a status picture in pixels: 16 at 96 dots per inch.
 int PictureSide(int dpi) noexcept {
     constexpr int SideInTwips = 240;
@@ -248,7 +245,7 @@ LRESULT DisplayWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
             Reflect();
         }
         return 0;
-    case DpiChangedAfterParent:
+    case Win::DpiChangedAfterParent:
         if (children_) {
             UseDpi();
             Arrange();

@@ -15,7 +15,7 @@ constexpr int PointsPerInch = 72;
 HFONT MakeDialogFont(int dpi, int weight) {
     return ::CreateFontW(-::MulDiv(PointSize, dpi, PointsPerInch), 0, 0, 0, weight, FALSE, FALSE,
                          FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                         CLEARTYPE_QUALITY, DEFAULT_PITCH, L"MS Shell Dlg 2");
+                         DEFAULT_QUALITY, DEFAULT_PITCH, L"MS Shell Dlg 2");
 }
 
 /// The size of the average character, of which dialog units are a quarter and an eighth.
@@ -64,6 +64,13 @@ Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& 
     ::SendMessageW(control.Get(), WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
     Win::ShowText(control.Get(), text);
     return control;
+}
+
+void ShowFont(HWND parent, const DialogFont& font) noexcept {
+    for (HWND child = ::GetWindow(parent, GW_CHILD); child;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+        ::SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
+    }
 }
 
 void FillBackground(HWND window, HDC context) noexcept {

@@ -9,6 +9,11 @@ namespace Quorvane::Win {
 inline constexpr int TwipsPerInch = 1440;
 inline constexpr int HimetricPerInch = 2540;
 
+/// Sent to top-level windows, and to child windows after their parents, when the resolution of
+/// their monitor has changed. Newer than the headers for the oldest Windows.
+inline constexpr UINT DpiChanged = 0x02E0;
+inline constexpr UINT DpiChangedAfterParent = 0x02E3;
+
 /// The dots per inch that a window is drawn with: of its monitor where the process knows of that,
 /// else of the system. Never 0.
 int DpiOf(HWND window) noexcept;

@@ -137,7 +137,7 @@ STDMETHODIMP FIS_IO::GetPageInfo(PROPPAGEINFO* info) noexcept {
         result.pszDocString = nullptr;
         result.pszHelpFile = nullptr;
         result.dwHelpContext = 0;
-        result.size = PageView::NaturalSize();
+        result.size = view_.NaturalSize();
         result.pszTitle = Com::NewTaskText(Main::GetText(TextIds::InferenceSystem));
     });
 }

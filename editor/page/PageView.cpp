@@ -71,8 +71,8 @@ bool PageView::Apply(SelectedControl& control) {
     return isApplied;
 }
 
-SIZE PageView::NaturalSize() {
-    return PageLayout::NaturalSize(DialogFont(Win::DpiOf(static_cast<HWND>(nullptr))));
+SIZE PageView::NaturalSize() const {
+    return PageLayout::NaturalSize(DialogFont(Win::DpiOf(Get() ? Get() : ::GetActiveWindow())));
 }
 
 void PageView::Create(HWND frame, const RECT& position) {
@@ -128,10 +128,11 @@ void PageView::ShowFailure() noexcept {
     Editor::ShowFailure(prompt_);
 }
 
+PageView::Controls::Controls(int dpi)
+    : Font(dpi), imgIO(MakeTreeImages(::MulDiv(IconSide, dpi, USER_DEFAULT_SCREEN_DPI))) {}
+
 void PageView::MakeControls() {
-    const int dpi = Win::DpiOf(Get());
-    Controls& made = controls_.emplace(dpi);
-    made.imgIO = MakeTreeImages(::MulDiv(IconSide, dpi, USER_DEFAULT_SCREEN_DPI));
+    Controls& made = controls_.emplace(Win::DpiOf(Get()));
     treInput_.Create(Get(), TreInputId, made.Font, made.imgIO.Get());
     treOutput_.Create(Get(), TreOutputId, made.Font, made.imgIO.Get());
     const auto button = [&](UINT id) {
@@ -143,6 +144,23 @@ void PageView::MakeControls() {
     made.cmdRule = button(CmdRuleId);
     made.picMF = std::make_unique<GraphWindow>(
         Get(), PicMFId, made.Font, [this](GraphSurface& surface) { page_.DrawGraph(surface); });
+}
+
+/// Scales what there is, so that neither focus nor an open edit is lost.
+void PageView::UseDpi() {
+    if (!controls_ || !controls_->picMF) {
+        return;
+    }
+    const int dpi = Win::DpiOf(Get());
+    Controls scaled(dpi);
+    // The former font and images go once nothing shows them any more.
+    std::swap(controls_->Font, scaled.Font);
+    std::swap(controls_->imgIO, scaled.imgIO);
+    ShowFont(Get(), controls_->Font);
+    treInput_.ShowImages(controls_->imgIO.Get());
+    treOutput_.ShowImages(controls_->imgIO.Get());
+    Arrange();
+    controls_->picMF->Redraw();
 }
 
 std::array<HWND, PageLayout::ButtonCount> PageView::Buttons() const {
@@ -197,6 +215,9 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_SIZE:
         Arrange();
+        return 0;
+    case Win::DpiChangedAfterParent:
+        UseDpi();
         return 0;
     case WM_ERASEBKGND:
         FillBackground(Get(), reinterpret_cast<HDC>(first));

@@ -41,8 +41,9 @@ class PageView final : private Win::Window {
 
     bool Changed() const { return page_.Changed(); }
 
-    /// The size that the page is laid out for, in pixels of the main screen.
-    static SIZE NaturalSize();
+    /// The size that the page is laid out for, in pixels of the screen that it is on, or that the
+    /// host's active window is on, over which frames open.
+    SIZE NaturalSize() const;
 
     /// Makes the windows as children of the frame. Throws std::system_error.
     void Create(HWND frame, const RECT& position);
@@ -95,7 +96,7 @@ class PageView final : private Win::Window {
 
     /// What exists while there is a window.
     struct Controls {
-        explicit Controls(int dpi) : Font(dpi) {}
+        explicit Controls(int dpi);
 
         DialogFont Font;
         Win::Handle<Win::ImageListKind> imgIO;
@@ -112,6 +113,7 @@ class PageView final : private Win::Window {
 
     void MakeControls();
     void ShowSelection();
+    void UseDpi();
     std::array<HWND, PageLayout::ButtonCount> Buttons() const;
     void Arrange();
     LRESULT OnNotify(NMHDR& header);

@@ -22,10 +22,14 @@ void TreeView::Create(HWND parent, UINT id, const DialogFont& font, HIMAGELIST i
                           WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT |
                               TVS_EDITLABELS | TVS_SHOWSELALWAYS,
                           id, font, WS_EX_CLIENTEDGE);
-    TreeView_SetImageList(Window(), images, TVSIL_NORMAL);
+    ShowImages(images);
     if (root_) {
         Show(*root_);
     }
+}
+
+void TreeView::ShowImages(HIMAGELIST images) const noexcept {
+    TreeView_SetImageList(Window(), images, TVSIL_NORMAL);
 }
 
 void TreeView::Destroy() noexcept {

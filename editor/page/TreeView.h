@@ -44,6 +44,9 @@ class TreeView final : public TreeControl {
 
     HWND Window() const noexcept { return window_.Get(); }
 
+    /// Shows other images in place of those it has; they outlive the window.
+    void ShowImages(HIMAGELIST images) const noexcept;
+
     /// Ends an edit of a label as if the user had pressed Enter. False where it was refused, true
     /// where it was accepted or there was none.
     bool EndEdit();

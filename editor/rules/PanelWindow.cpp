@@ -90,26 +90,39 @@ void PanelWindow::MakeRows() {
     UINT id = FirstListId;
     for (const PanelRow& row : panel_.Rows) {
         RowControls made;
-        const auto place = [&](const Win::ChildWindow& window, const TwipsArea& area) {
-            const RECT position = PixelArea(area);
-            ::MoveWindow(window.Get(), position.left, position.top, position.right - position.left,
-                         position.bottom - position.top, FALSE);
-        };
         made.Label = MakeControl(picCtrl_->Get(), WC_STATICW, row.LabelCaption,
                                  SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, 0, font_);
         names_.emplace_back(made.Label.Get(), row.LabelName);
-        place(made.Label, row.LabelArea);
         made.List = MakeControl(picCtrl_->Get(), WC_LISTBOXW, row.ListName,
                                 WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, id++,
                                 font_, WS_EX_CLIENTEDGE);
-        place(made.List, row.ListArea);
         for (const Text& item : row.Items) {
             ::SendMessageW(made.List.Get(), LB_ADDSTRING, 0,
                            reinterpret_cast<LPARAM>(Win::Wide(item)));
         }
         rows_.push_back(std::move(made));
     }
+    PlaceRows();
     ShowSelection();
+}
+
+void PanelWindow::PlaceRows() const {
+    const auto place = [this](const Win::ChildWindow& window, const TwipsArea& area) {
+        const RECT position = PixelArea(area);
+        ::MoveWindow(window.Get(), position.left, position.top, position.right - position.left,
+                     position.bottom - position.top, TRUE);
+    };
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        place(rows_[i].Label, panel_.Rows[i].LabelArea);
+        place(rows_[i].List, panel_.Rows[i].ListArea);
+    }
+}
+
+void PanelWindow::UseDpi(int dpi) {
+    dpi_ = dpi;
+    ShowFont(picCtrl_->Get(), font_);
+    PlaceRows();
+    UpdateScroll();
 }
 
 void PanelWindow::ShowSelection() {

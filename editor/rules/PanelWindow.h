@@ -31,6 +31,9 @@ class PanelWindow final : public Win::Window {
     /// The width that shows labels, list boxes and the scroll bar, in pixels.
     int NaturalWidth() const;
 
+    /// Scales what stands on the panel to another resolution; the font has been scaled before.
+    void UseDpi(int dpi);
+
     /// Selects in each list box what the panel says.
     void ShowSelection();
 
@@ -70,6 +73,7 @@ class PanelWindow final : public Win::Window {
     int Pixels(int twips) const;
     RECT PixelArea(const TwipsArea& area) const;
     void MakeRows();
+    void PlaceRows() const;
     void UpdateScroll();
     int ThumbPosition(WORD lower) const;
     void OnScroll(int code, WORD position);

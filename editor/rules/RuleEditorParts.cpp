@@ -75,6 +75,19 @@ void RuleEditorParts::MakeList(RuleListView::Events events) {
                                               dpi_, std::move(events));
 }
 
+void RuleEditorParts::UseDpi(int dpi) {
+    DialogFont font(dpi);
+    DialogFont rowFont(dpi, FW_BOLD);
+    // The former fonts go once nothing shows them any more.
+    std::swap(font_, font);
+    std::swap(rowFont_, rowFont);
+    ShowFont(window_, font_);
+    picInput_->UseDpi(dpi);
+    picOutput_->UseDpi(dpi);
+    lvwRule_->Scale(dpi, dpi_);
+    dpi_ = dpi;
+}
+
 int RuleEditorParts::SidePanelsWidth() const {
     return std::max(picInput_->NaturalWidth(), picOutput_->NaturalWidth());
 }

@@ -41,6 +41,9 @@ class RuleEditorParts {
     /// The smallest size of the window in which everything can be used.
     SIZE SmallestSize() const;
 
+    /// Scales the controls to another resolution. The layout is left to the caller.
+    void UseDpi(int dpi);
+
     /// Shows terms, weight, rules and buttons as the editor has them.
     void Reflect() const;
 

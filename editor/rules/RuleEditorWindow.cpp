@@ -58,6 +58,7 @@ class RuleEditorWindow final : public Win::Window {
     void OnRowClicked(std::size_t row);
     void ValidateWeight();
     void Close();
+    void OnDpiChanged(int dpi, const RECT& place);
     void Add();
     void Delete();
     void OnActivate(bool isActive);
@@ -235,6 +236,14 @@ void RuleEditorWindow::Close() {
     WakeLoop();
 }
 
+void RuleEditorWindow::OnDpiChanged(int dpi, const RECT& place) {
+    parts_->UseDpi(dpi);
+    ::SetWindowPos(Get(), nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    // Also where the place is the same.
+    parts_->Arrange();
+}
+
 /// As dialogs do it: a message box gives the keyboard back to the field that it interrupted.
 void RuleEditorWindow::OnActivate(bool isActive) {
     HWND const focus = ::GetFocus();
@@ -253,6 +262,9 @@ LRESULT RuleEditorWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_SIZE:
         parts_->Arrange();
+        return 0;
+    case Win::DpiChanged:
+        OnDpiChanged(LOWORD(first), *reinterpret_cast<const RECT*>(second));
         return 0;
     case WM_GETMINMAXINFO: {
         const SIZE smallest = parts_->SmallestSize();

@@ -38,6 +38,14 @@ void RuleListView::AddColumns(const std::vector<RuleColumn>& columns, int dpi) {
     }
 }
 
+void RuleListView::Scale(int dpi, int formerDpi) const {
+    const int count = Header_GetItemCount(ListView_GetHeader(Window()));
+    for (int column = 0; column < count; ++column) {
+        const int width = ListView_GetColumnWidth(Window(), column);
+        ListView_SetColumnWidth(Window(), column, ::MulDiv(width, dpi, formerDpi));
+    }
+}
+
 int RuleListView::NaturalWidth() const {
     int width = ::GetSystemMetrics(SM_CXVSCROLL) + 2 * ::GetSystemMetrics(SM_CXEDGE);
     const int count = Header_GetItemCount(ListView_GetHeader(Window()));
@@ -131,6 +139,15 @@ LRESULT RuleListView::CustomDraw(NMLVCUSTOMDRAW& draw) const {
         return CDRF_DODEFAULT;
     }
     draw.clrText = RuleRowColor();
+    if ((draw.nmcd.uItemState & CDIS_SELECTED) != 0 && ::GetFocus() != Window()) {
+        // The list would give the selected row another colour of text. In the colours of the
+        // selection it needs that; while the focus is elsewhere, the rule keeps its own.
+        draw.nmcd.uItemState &= ~UINT{CDIS_SELECTED};
+        const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
+        const bool isSelected =
+            ListView_GetItemState(Window(), row, LVIS_SELECTED) == LVIS_SELECTED;
+        draw.clrTextBk = ::GetSysColor(isSelected ? COLOR_BTNFACE : COLOR_WINDOW);
+    }
     ::SelectObject(draw.nmcd.hdc, rowFont_.Get());
     return CDRF_NEWFONT;
 }

@@ -38,6 +38,9 @@ class RuleListView {
     /// The width in which no column is cut off, with room for a scroll bar.
     int NaturalWidth() const;
 
+    /// Scales the columns, which the user may have changed, from one resolution to another.
+    void Scale(int dpi, int formerDpi) const;
+
     /// Shows the rows as the editor has them, the selected one in view.
     void Reflect();
 

@@ -370,6 +370,42 @@ TEST_F(PageTest, APageThatIsActivatedAnewShowsTheNodesThatItsButtonsMean) {
     EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {u"X"})), (Texts{u"128", u"-128", u"Low"}));
 }
 
+TEST_F(PageTest, AScreenOfAnotherResolutionLeavesAnOpenEditAsItIs) {
+    const Placed control = Design(TwoOutputs);
+    Open({control.Control.Get()});
+    Click(Tree(true), Item(Tree(true), {u"X"}));
+    const auto fontOf = [](HWND window) { return ::SendMessageW(window, WM_GETFONT, 0, 0); };
+    const LRESULT formerFont = fontOf(Tree(true));
+    HIMAGELIST const formerImages = TreeView_GetImageList(Tree(true), TVSIL_NORMAL);
+    Press(Tree(true), VK_F2);
+    ::SetWindowTextW(TreeView_GetEditControl(Tree(true)), L"Level");
+    constexpr UINT DpiChangedAfterParent = 0x02E3;
+    ::SendMessageW(::GetParent(Tree(true)), DpiChangedAfterParent, 0, 0);
+    Pump();
+    EXPECT_NE(fontOf(Tree(true)), formerFont);
+    EXPECT_EQ(fontOf(Button(u"Rule Editor...")), fontOf(Tree(true)));
+    EXPECT_NE(TreeView_GetImageList(Tree(true), TVSIL_NORMAL), formerImages);
+    EXPECT_EQ(TreeView_GetImageList(Tree(false), TVSIL_NORMAL),
+              TreeView_GetImageList(Tree(true), TVSIL_NORMAL));
+    HWND const field = TreeView_GetEditControl(Tree(true));
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(WindowText(field), u"Level");
+    Press(field, VK_RETURN);
+    EXPECT_EQ(ChildTexts(Tree(true), Item(Tree(true), {})), (Texts{u"Level"}));
+}
+
+TEST_F(PageTest, SaysInChineseWhatTheControlRefuses) {
+    const Placed control = Place(true);
+    ASSERT_EQ(LoadSystem(control, Adder), S_OK);
+    control.Site->Ambients[DISPID_AMBIENT_LOCALEID] = Com::Variant(LONG{2052});
+    As<IOleControl>(control)->OnAmbientPropertyChange(DISPID_AMBIENT_LOCALEID);
+    Open({control.Control.Get()});
+    MessageBoxes boxes;
+    EXPECT_EQ(page_->Apply(), static_cast<HRESULT>(0x800A017E));
+    ASSERT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(boxes.Shown[0].Message, u"运行时不能设置 (382)");
+}
+
 TEST_F(PageTest, RootsAreBoldTealAndExpanded) {
     const Placed control = Design(TwoOutputs);
     Open({control.Control.Get()});

@@ -270,6 +270,46 @@ TEST_F(RuleEditorKeysTest, AListBoxThatTheKeyboardReachesComesIntoView) {
     });
 }
 
+LONG FontHeight(HWND window) {
+    LOGFONTW font{};
+    ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font,
+                 &font);
+    return -font.lfHeight;
+}
+
+TEST_F(RuleEditorKeysTest, GrowsOnAScreenOfAnotherResolution) {
+    Work(TwoInputs, [](const RuleEditorHands& editor) {
+        constexpr UINT DpiChanged = 0x02E0;
+        HWND const window = ::GetParent(editor.Rules());
+        HWND const list = editor.Find(u"lstInB");
+        HWND const controls[] = {list, editor.Find(u"A ="), editor.Weight(), editor.Rules(),
+                                 editor.Part(RuleEditorHands::CmdAdd)};
+        editor.TypeWeight(u"0.");
+        for (const UINT dpi : {192U, 96U}) {
+            const auto scaled = [dpi](LONG pixels) { return pixels * static_cast<LONG>(dpi) / 96; };
+            RECT place{0, 0, scaled(645), scaled(340)};
+            ::SendMessageW(window, DpiChanged, MAKEWPARAM(dpi, dpi),
+                           reinterpret_cast<LPARAM>(&place));
+            Pump();
+            const RECT around = ScreenArea(window);
+            EXPECT_EQ(around.right - around.left, place.right) << dpi;
+            EXPECT_EQ(around.bottom - around.top, place.bottom) << dpi;
+            for (HWND const control : controls) {
+                EXPECT_EQ(FontHeight(control), ::MulDiv(8, static_cast<int>(dpi), 72))
+                    << Narrow(WindowText(control));
+            }
+            // 1500 twips wide, and a row of 750 twips below the first.
+            const RECT area = ScreenArea(list);
+            EXPECT_EQ(area.right - area.left, scaled(100));
+            EXPECT_EQ(area.top - ScreenArea(editor.Find(u"lstInA")).top, scaled(50));
+            EXPECT_LE(ScreenArea(editor.Part(RuleEditorHands::CmdClose)).right, around.right);
+        }
+        EXPECT_EQ(WindowText(editor.Weight()), u"0.");
+        EXPECT_EQ(::GetFocus(), editor.Weight());
+        EXPECT_EQ(editor.Chosen(u"lstInB"), u"High");
+    });
+}
+
 TEST_F(RuleEditorKeysTest, TheScrollBarIsThereWhileTheFrameIsTooLow) {
     Work(FourInputs, [](const RuleEditorHands& editor) {
         HWND const window = ::GetParent(editor.Rules());
