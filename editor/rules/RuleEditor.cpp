@@ -110,9 +110,9 @@ void RuleEditor::UpdateButtons() {
     canDelete_ = rules > 0;
 }
 
-void RuleEditor::SortBy(std::size_t column) {
+void RuleEditor::Sort(RuleOrder order) {
     const std::size_t number = selected_ ? rows_.Number(*selected_) : 0;
-    rows_.SortBy(column);
+    rows_.Sort(order);
     selected_ = rows_.FindNumber(number);
 }
 

@@ -49,8 +49,11 @@ class RuleEditor {
     /// The user has clicked a row, or moved to it: shows its terms and its weight.
     void SelectRow(std::size_t row);
 
-    /// The user has clicked the header of a column. The selection stays with its rule.
-    void SortBy(std::size_t column);
+    /// The user has clicked the header of a column.
+    void SortBy(std::size_t column) { Sort(rows_.NextOrder(column)); }
+
+    /// The user has chosen an order. The selection stays with its rule.
+    void Sort(RuleOrder order);
 
     /// The user has chosen an item of a variable's list box.
     void ChooseTerm(Side side, std::size_t variable, std::size_t item);

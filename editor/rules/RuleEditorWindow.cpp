@@ -99,6 +99,7 @@ RuleEditorWindow::RuleEditorWindow(HWND owner, bool changed)
         RuleListView::Events{
             .RowClicked = [this](std::size_t row) { OnRowClicked(row); },
             .HeaderClicked = [this](std::size_t column) { Act([&] { editor_.SortBy(column); }); },
+            .OrderChosen = [this](RuleOrder order) { Act([&] { editor_.Sort(order); }); },
             .DeletePressed = [this] { Delete(); },
         });
     TakeRoom();

@@ -60,8 +60,12 @@ void RuleList::Replace(std::size_t row, Text rule) {
     rows_[row] = MakeRow(rows_[row].Number, std::move(rule));
 }
 
-void RuleList::SortBy(std::size_t column) {
-    order_ = Order{column, order_ && !order_->Descending};
+RuleOrder RuleList::NextOrder(std::size_t column) const {
+    return {column, order_ && !order_->Descending};
+}
+
+void RuleList::Sort(RuleOrder order) {
+    order_ = order;
     ApplyOrder();
 }
 

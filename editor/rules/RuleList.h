@@ -9,6 +9,14 @@
 
 namespace Quorvane::Editor {
 
+/// By which column the rows are sorted, and which way.
+struct RuleOrder {
+    std::size_t Column = 0;
+    bool Descending = false;
+
+    bool operator==(const RuleOrder&) const = default;
+};
+
 /// The rules as rows of a list that asks for its cells when it shows them. It keeps each rule's
 /// text, as the model can be replaced while the list is open.
 class RuleList {
@@ -27,8 +35,16 @@ class RuleList {
 
     /// Sorts the rows by a column: the number and the weight as numbers, a weight that is none
     /// before all others; terms as texts without regard to case. Rows that are equal stay in their
-    /// order. The first call sorts up, and each further one the other way, whatever its column.
-    void SortBy(std::size_t column);
+    /// order.
+    void Sort(RuleOrder order);
+
+    /// The order that a click on the header of a column asks for: the first one sorts up, and each
+    /// further one the other way, whatever its column.
+    RuleOrder NextOrder(std::size_t column) const;
+    void SortBy(std::size_t column) { Sort(NextOrder(column)); }
+
+    /// The chosen order; none before the first.
+    const std::optional<RuleOrder>& Order() const { return order_; }
 
     std::size_t Count() const { return rows_.size(); }
     std::size_t ColumnCount() const { return inputs_.size() + outputs_.size() + 2; }
@@ -56,11 +72,6 @@ class RuleList {
         std::size_t HeadHash;
     };
 
-    struct Order {
-        std::size_t Column;
-        bool Descending;
-    };
-
     static Row MakeRow(std::size_t number, Text rule);
     TextView Term(const Row& row, std::size_t column) const;
     static double Weight(const Row& row);
@@ -71,7 +82,7 @@ class RuleList {
     std::vector<Text> inputs_;
     std::vector<Text> outputs_;
     std::vector<Row> rows_;
-    std::optional<Order> order_;
+    std::optional<RuleOrder> order_;
 };
 
 } // namespace Quorvane::Editor

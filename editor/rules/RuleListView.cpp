@@ -23,6 +23,37 @@ RuleListView::RuleListView(HWND parent, UINT id, const RuleEditor& editor, const
     ListView_SetExtendedListViewStyle(Window(), LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES |
                                                     LVS_EX_DOUBLEBUFFER);
     AddColumns(columns, dpi);
+    keys_.emplace(Window(), [this](UINT message, WPARAM first, LPARAM) -> std::optional<LRESULT> {
+        return message == WM_KEYDOWN && TakesKey(first) ? std::optional<LRESULT>(0) : std::nullopt;
+    });
+}
+
+/// Ctrl with Left and Right sorts by the column beside, with Up and Down up and down. The list
+/// itself has little use for them: it would move the focus away from the selected row.
+bool RuleListView::TakesKey(WPARAM key) const {
+    if (::GetKeyState(VK_CONTROL) >= 0) {
+        return false;
+    }
+    RuleOrder order = editor_.Rows().Order().value_or(RuleOrder());
+    switch (key) {
+    case VK_LEFT:
+        order.Column -= order.Column > 0 ? 1 : 0;
+        break;
+    case VK_RIGHT:
+        order.Column += order.Column + 1 < editor_.Rows().ColumnCount() ? 1 : 0;
+        break;
+    case VK_UP:
+        order.Descending = false;
+        break;
+    case VK_DOWN:
+        order.Descending = true;
+        break;
+    default:
+        return false;
+    }
+    events_.OrderChosen(order);
+    ShowColumn(order.Column);
+    return true;
 }
 
 void RuleListView::AddColumns(const std::vector<RuleColumn>& columns, int dpi) {
@@ -61,8 +92,43 @@ void RuleListView::Reflect() {
     if (ListView_GetItemCount(Window()) != count) {
         ListView_SetItemCountEx(Window(), count, LVSICF_NOSCROLL);
     }
+    ShowOrder();
     SelectRow(editor_.SelectedRow());
     ::InvalidateRect(Window(), nullptr, FALSE);
+}
+
+/// An arrow in the header of the column that the rows are sorted by.
+void RuleListView::ShowOrder() const {
+    HWND const header = ListView_GetHeader(Window());
+    const auto& order = editor_.Rows().Order();
+    const int count = Header_GetItemCount(header);
+    for (int column = 0; column < count; ++column) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        const auto index = static_cast<WPARAM>(column);
+        ::SendMessageW(header, HDM_GETITEMW, index, reinterpret_cast<LPARAM>(&item));
+        int format = item.fmt & ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (order && order->Column == index) {
+            format |= order->Descending ? HDF_SORTDOWN : HDF_SORTUP;
+        }
+        if (std::exchange(item.fmt, format) != format) {
+            ::SendMessageW(header, HDM_SETITEMW, index, reinterpret_cast<LPARAM>(&item));
+        }
+    }
+}
+
+void RuleListView::ShowColumn(std::size_t column) const {
+    HWND const header = ListView_GetHeader(Window());
+    RECT room{};
+    RECT area{};
+    ::GetClientRect(Window(), &room);
+    ::SendMessageW(header, HDM_GETITEMRECT, column, reinterpret_cast<LPARAM>(&area));
+    ::MapWindowPoints(header, Window(), reinterpret_cast<POINT*>(&area), 2);
+    if (area.left < 0 || area.right - area.left > room.right) {
+        ListView_Scroll(Window(), area.left, 0);
+    } else if (area.right > room.right) {
+        ListView_Scroll(Window(), area.right - room.right, 0);
+    }
 }
 
 void RuleListView::SelectRow(std::optional<std::size_t> row) const {

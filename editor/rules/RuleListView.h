@@ -13,6 +13,7 @@
 #include "editor/Controls.h"
 #include "editor/rules/RuleColumns.h"
 #include "editor/rules/RuleEditor.h"
+#include "win/Subclass.h"
 
 namespace Quorvane::Editor {
 
@@ -24,6 +25,8 @@ class RuleListView {
     struct Events {
         std::function<void(std::size_t row)> RowClicked;
         std::function<void(std::size_t column)> HeaderClicked;
+        /// By keyboard: Ctrl with an arrow key.
+        std::function<void(RuleOrder order)> OrderChosen;
         std::function<void()> DeletePressed;
     };
 
@@ -49,6 +52,9 @@ class RuleListView {
 
   private:
     void AddColumns(const std::vector<RuleColumn>& columns, int dpi);
+    void ShowOrder() const;
+    void ShowColumn(std::size_t column) const;
+    bool TakesKey(WPARAM key) const;
     void SelectRow(std::optional<std::size_t> row) const;
     void FillCell(LVITEMW& item);
     LRESULT CustomDraw(NMLVCUSTOMDRAW& draw) const;
@@ -57,6 +63,7 @@ class RuleListView {
     Events events_;
     const DialogFont& rowFont_;
     Win::ChildWindow window_;
+    std::optional<Win::Subclass> keys_;
     /// The text of the cell that was asked for last; the list copies it.
     Text cell_;
     /// Whether what the list reports now comes from the editor and not from the user.

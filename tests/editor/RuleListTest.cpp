@@ -156,6 +156,19 @@ TEST_F(RuleListTest, SortsUpAndThenDown) {
     }
 }
 
+TEST_F(RuleListTest, AnOrderThatIsChosenIsTheOneThatTheNextClickTurns) {
+    Fill({u"A>a;B>X/C<P:1", u"A>b;B>Y/C<P:1"});
+    EXPECT_EQ(List.Order(), std::nullopt);
+    EXPECT_EQ(List.NextOrder(2), (RuleOrder{2, false}));
+    List.Sort({1, true});
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 1}));
+    List.Sort({1, true});
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 1})) << "chosen again it stays";
+    EXPECT_EQ(List.Order(), (RuleOrder{1, true}));
+    List.Sort({2, false});
+    EXPECT_EQ(List.NextOrder(2), (RuleOrder{2, true}));
+}
+
 TEST_F(RuleListTest, SortsNumbersBeyondNineAsNumbers) {
     std::vector<Text> rules;
     for (char16_t letter = u'a'; letter <= u'l'; ++letter) {

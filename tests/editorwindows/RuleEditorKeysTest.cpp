@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "control/com/Scoped.h"
+#include "tests/com/support/HeldKey.h"
 #include "tests/editorwindows/PageTest.h"
 #include "tests/editorwindows/RuleEditorHands.h"
 
@@ -175,6 +176,52 @@ TEST_F(RuleEditorKeysTest, AClickOnAHeaderSortsUpAndThenDown) {
         editor.ClickHeader(3);
         EXPECT_EQ(editor.Column(3), (Texts{u"Twelve", u"None", u"Four", u"Eight"}));
         EXPECT_EQ(editor.SelectedRow(), 1);
+    });
+}
+
+/// The column with an arrow in its header, negative where it points down; 0 for none.
+int ArrowColumn(const RuleEditorHands& editor) {
+    HWND const header = ListView_GetHeader(editor.Rules());
+    int found = 0;
+    for (int column = 0; column < Header_GetItemCount(header); ++column) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        ::SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column),
+                       reinterpret_cast<LPARAM>(&item));
+        if ((item.fmt & (HDF_SORTUP | HDF_SORTDOWN)) != 0) {
+            EXPECT_EQ(found, 0) << "one arrow at a time";
+            found = (item.fmt & HDF_SORTUP) != 0 ? column + 1 : -column - 1;
+        }
+    }
+    return found;
+}
+
+TEST_F(RuleEditorKeysTest, ControlAndTheArrowKeysSort) {
+    Work(TwoInputs, [](const RuleEditorHands& editor) {
+        editor.ClickRow(0);
+        EXPECT_EQ(ArrowColumn(editor), 0);
+        const HeldKey held(VK_CONTROL);
+        editor.Type(VK_DOWN);
+        EXPECT_EQ(editor.Column(0), (Texts{u"4", u"3", u"2", u"1"}));
+        EXPECT_EQ(editor.SelectedRow(), 3) << "the selection stays with its rule";
+        EXPECT_EQ(ArrowColumn(editor), -1);
+        for (int i = 0; i < 3; ++i) {
+            editor.Type(VK_RIGHT);
+        }
+        EXPECT_EQ(editor.Column(3), (Texts{u"Twelve", u"None", u"Four", u"Eight"}));
+        EXPECT_EQ(ArrowColumn(editor), -4);
+        editor.Type(VK_UP);
+        EXPECT_EQ(editor.Column(3), (Texts{u"Eight", u"Four", u"None", u"Twelve"}));
+        EXPECT_EQ(ArrowColumn(editor), 4);
+        editor.Type(VK_RIGHT);
+        editor.Type(VK_RIGHT);
+        EXPECT_EQ(ArrowColumn(editor), 5) << "the last column";
+        for (int i = 0; i < 9; ++i) {
+            editor.Type(VK_LEFT);
+        }
+        EXPECT_EQ(editor.Column(0), (Texts{u"1", u"2", u"3", u"4"}));
+        EXPECT_EQ(ArrowColumn(editor), 1);
+        EXPECT_EQ(::GetFocus(), editor.Rules());
     });
 }
 
