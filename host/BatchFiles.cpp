@@ -51,8 +51,8 @@ std::vector<double> ReadRows(const std::filesystem::path& path, std::size_t widt
 
 BatchPoints ReadBatch(const std::filesystem::path& folder, std::size_t inputCount,
                       std::size_t outputCount) {
-    const BatchPoints points{inputCount, outputCount, ReadRows(folder / "InData.txt", inputCount),
-                             ReadRows(folder / "OutData.txt", outputCount)};
+    BatchPoints points{inputCount, outputCount, ReadRows(folder / "InData.txt", inputCount),
+                       ReadRows(folder / "OutData.txt", outputCount)};
     if (points.Size() == 0 || points.Outputs.size() != points.Size() * outputCount) {
         throw std::runtime_error("The two batch files do not fit together.");
     }

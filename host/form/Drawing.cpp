@@ -14,15 +14,22 @@ RECT ClientArea(HWND window) {
 
 } // namespace
 
-BufferedPaint::BufferedPaint(HWND window, int background)
-    : window_(window), area_(ClientArea(window)), screen_(BeginPaint(window, &paint_)),
-      memory_(screen_),
-      bitmap_(memory_.Handle, CreateCompatibleBitmap(screen_, area_.right, area_.bottom)) {
-    FillRect(memory_.Handle, &area_, GetSysColorBrush(background));
+MemoryBitmap::MemoryBitmap(HDC screen, const RECT& area, int background)
+    : area_(area), context_(screen),
+      bitmap_(context_.Handle, CreateCompatibleBitmap(screen, area_.right, area_.bottom)) {
+    FillRect(context_.Handle, &area_, GetSysColorBrush(background));
 }
 
+void MemoryBitmap::CopyTo(HDC target) const {
+    BitBlt(target, 0, 0, area_.right, area_.bottom, context_.Handle, 0, 0, SRCCOPY);
+}
+
+BufferedPaint::BufferedPaint(HWND window, int background)
+    : window_(window), screen_(BeginPaint(window, &paint_)),
+      memory_(screen_, ClientArea(window), background) {}
+
 BufferedPaint::~BufferedPaint() {
-    BitBlt(screen_, 0, 0, area_.right, area_.bottom, memory_.Handle, 0, 0, SRCCOPY);
+    memory_.CopyTo(screen_);
     EndPaint(window_, &paint_);
 }
 

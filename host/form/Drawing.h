@@ -24,19 +24,17 @@ class Selected {
     HGDIOBJ former_;
 };
 
-/// Answers WM_PAINT without flicker: what is drawn in Context() appears at once when this ends.
-class BufferedPaint {
+/// A bitmap in memory with a context to draw in it.
+class MemoryBitmap {
   public:
-    /// `background` is a system colour, such as COLOR_WINDOW.
-    BufferedPaint(HWND window, int background);
-    BufferedPaint(const BufferedPaint&) = delete;
-    BufferedPaint& operator=(const BufferedPaint&) = delete;
-    ~BufferedPaint();
+    /// As large as `area`, which begins at 0, 0; filled with a system colour, such as COLOR_WINDOW.
+    MemoryBitmap(HDC screen, const RECT& area, int background);
+    MemoryBitmap(const MemoryBitmap&) = delete;
+    MemoryBitmap& operator=(const MemoryBitmap&) = delete;
 
-    HDC Context() const { return memory_.Handle; }
-
-    /// The client area of the window.
+    HDC Context() const { return context_.Handle; }
     const RECT& Area() const { return area_; }
+    void CopyTo(HDC target) const;
 
   private:
     struct MemoryContext {
@@ -47,12 +45,30 @@ class BufferedPaint {
         HDC Handle;
     };
 
-    HWND window_;
     RECT area_;
+    MemoryContext context_;
+    Selected bitmap_;
+};
+
+/// Answers WM_PAINT without flicker: what is drawn in Context() appears at once when this ends.
+class BufferedPaint {
+  public:
+    /// `background` is a system colour.
+    BufferedPaint(HWND window, int background);
+    BufferedPaint(const BufferedPaint&) = delete;
+    BufferedPaint& operator=(const BufferedPaint&) = delete;
+    ~BufferedPaint();
+
+    HDC Context() const { return memory_.Context(); }
+
+    /// The client area of the window.
+    const RECT& Area() const { return memory_.Area(); }
+
+  private:
+    HWND window_;
     PAINTSTRUCT paint_{};
     HDC screen_;
-    MemoryContext memory_;
-    Selected bitmap_;
+    MemoryBitmap memory_;
 };
 
 } // namespace Quorvane::Host

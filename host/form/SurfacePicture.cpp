@@ -3,7 +3,6 @@
 #include "host/form/SurfacePicture.h"
 
 #include "host/form/Automation.h"
-#include "host/form/Drawing.h"
 
 #include <algorithm>
 #include <array>
@@ -17,8 +16,8 @@ namespace {
 /// How wide a surface may be, in quarters of its height.
 constexpr int WidestShape = 12;
 
-/// The least width of a tile in pixels; smaller ones would be drawn upon each other.
-constexpr int LeastTile = 3;
+/// The least width of a tile in pixels; among smaller ones nothing is seen but their edges.
+constexpr int LeastTile = 8;
 
 /// From deep blue (0) over green to yellow (1).
 COLORREF ShadeOf(double share) {
@@ -85,14 +84,14 @@ void SurfacePicture::ShowOutput(std::size_t output, std::wstring name) {
     const auto [low, high] = std::ranges::minmax_element(values_);
     lowest_ = *low;
     highest_ = *high > *low ? *high : *low + 1;
-    InvalidateRect(Handle(), nullptr, FALSE);
+    DrawAnew();
 }
 
 void SurfacePicture::ShowMessage(TextId message) {
     message_ = message;
     points_ = {};
     values_.clear();
-    InvalidateRect(Handle(), nullptr, FALSE);
+    DrawAnew();
 }
 
 LRESULT SurfacePicture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -103,7 +102,7 @@ LRESULT SurfacePicture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
         return 1;
     case WM_SIZE:
-        InvalidateRect(Handle(), nullptr, FALSE);
+        DrawAnew();
         return 0;
     default:
         return Window::OnMessage(message, wParam, lParam);
@@ -111,13 +110,26 @@ LRESULT SurfacePicture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void SurfacePicture::Paint() {
-    const BufferedPaint paint(Handle(), COLOR_WINDOW);
-    SetBkMode(paint.Context(), TRANSPARENT);
-    // The message font is shared: it is left selected no longer than the bitmap is drawn in, and is
-    // not deleted.
-    const HGDIOBJ former = SelectObject(paint.Context(), MessageFont(DpiOf(Handle())));
-    Draw(paint.Context(), paint.Area());
-    SelectObject(paint.Context(), former);
+    PAINTSTRUCT paint{};
+    const HDC screen = BeginPaint(Handle(), &paint);
+    if (!drawn_) {
+        RECT area{};
+        GetClientRect(Handle(), &area);
+        drawn_ = std::make_unique<MemoryBitmap>(screen, area, COLOR_WINDOW);
+        SetBkMode(drawn_->Context(), TRANSPARENT);
+        // The message font is shared: it is left selected no longer than it is drawn with, and is
+        // not deleted.
+        const HGDIOBJ former = SelectObject(drawn_->Context(), MessageFont(DpiOf(Handle())));
+        Draw(drawn_->Context(), area);
+        SelectObject(drawn_->Context(), former);
+    }
+    drawn_->CopyTo(screen);
+    EndPaint(Handle(), &paint);
+}
+
+void SurfacePicture::DrawAnew() {
+    drawn_.reset();
+    InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 void SurfacePicture::Draw(HDC context, const RECT& area) const {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "host/BatchFiles.h"
+#include "host/form/Drawing.h"
 #include "host/form/Texts.h"
 #include "host/form/Window.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,10 +33,14 @@ class SurfacePicture final : public Window {
 
   private:
     void Paint();
+    void DrawAnew();
     void Draw(HDC context, const RECT& area) const;
     void DrawCurve(HDC context, const RECT& area) const;
     void DrawSurface(HDC context, const RECT& area) const;
 
+    /// The picture as it was drawn; a fine surface takes too long to be drawn whenever it is
+    /// painted.
+    std::unique_ptr<MemoryBitmap> drawn_;
     TextId message_ = TextId::NoBatchYet;
     BatchPoints points_;
     std::vector<std::wstring> inputs_;
