@@ -243,8 +243,10 @@ LRESULT TreeView::CustomDraw(NMTVCUSTOMDRAW& draw) {
         return CDRF_NOTIFYITEMDRAW;
     }
     const auto* const node = reinterpret_cast<const TreeNode*>(draw.nmcd.lItemlParam);
-    const bool isSelected = (draw.nmcd.uItemState & CDIS_SELECTED) != 0;
-    if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && node && node->Color && !isSelected) {
+    // In the colours of the selection a node needs theirs for its text.
+    const bool isMarked =
+        (draw.nmcd.uItemState & CDIS_SELECTED) != 0 && ::GetFocus() == draw.nmcd.hdr.hwndFrom;
+    if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && node && node->Color && !isMarked) {
         draw.clrText = *node->Color;
     }
     return CDRF_DODEFAULT;

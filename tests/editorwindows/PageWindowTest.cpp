@@ -415,10 +415,14 @@ TEST_F(PageTest, RootsAreBoldTealAndExpanded) {
         const UINT state = TreeView_GetItemState(tree, root, TVIS_BOLD | TVIS_EXPANDED);
         EXPECT_EQ(state & (TVIS_BOLD | TVIS_EXPANDED), UINT{TVIS_BOLD | TVIS_EXPANDED});
         EXPECT_EQ(TreeView_GetSelection(tree), root);
-        // The colour is seen once another node is selected.
-        Click(tree, TreeView_GetChild(tree, root));
+        // The colour is seen while the focus is elsewhere, and once another node is selected.
         RECT area{};
         ASSERT_TRUE(TreeView_GetItemRect(tree, root, &area, TRUE));
+        ::SetFocus(Tree(!input));
+        EXPECT_GT(ColoredPixels(tree, area, RGB(0, 0x80, 0x80)), 10);
+        ::SetFocus(tree);
+        EXPECT_EQ(ColoredPixels(tree, area, RGB(0, 0x80, 0x80)), 0);
+        Click(tree, TreeView_GetChild(tree, root));
         EXPECT_GT(ColoredPixels(tree, area, RGB(0, 0x80, 0x80)), 10);
     }
 }
