@@ -19,6 +19,9 @@ namespace {
 
 constexpr int IconSide = 16;
 
+/// Shows what was refused, after the tree has ended its edit.
+constexpr UINT ShowRefusalMessage = WM_APP + 1;
+
 } // namespace
 
 void PageView::SideEvents::OnNodeClick(TreeNode& node) {
@@ -35,7 +38,9 @@ bool PageView::SideEvents::OnBeforeLabelEdit(TreeNode& node) {
 
 bool PageView::SideEvents::OnAfterLabelEdit(TreeNode& node, TextView label) {
     bool isAccepted = false;
-    view_.Act([&] { isAccepted = view_.page_.AfterLabelEdit(side_, node, label); });
+    view_.prompt_.Keep(
+        [&] { view_.Act([&] { isAccepted = view_.page_.AfterLabelEdit(side_, node, label); }); });
+    ::PostMessageW(view_.Get(), ShowRefusalMessage, 0, 0);
     return isAccepted;
 }
 
@@ -65,10 +70,15 @@ void PageView::Load(bool readOnly) {
 
 bool PageView::Apply(SelectedControl& control) {
     // What was refused is the user's to correct before anything is applied.
-    const bool isApplied =
-        treInput_.EndEdit() && treOutput_.EndEdit() && page_.ApplyChanges(control);
+    const bool isApplied = EndEdits() && page_.ApplyChanges(control);
     Reflect();
     return isApplied;
+}
+
+/// False where an edit was refused, also one that the user has not been told of yet.
+bool PageView::EndEdits() {
+    const bool isAccepted = treInput_.EndEdit() && treOutput_.EndEdit();
+    return !prompt_.ShowKept() && isAccepted;
 }
 
 SIZE PageView::NaturalSize() const {
@@ -115,8 +125,7 @@ void PageView::Move(const RECT& position) noexcept {
 void PageView::Show(UINT command) noexcept {
     if (command == SW_HIDE) {
         // The page of another tab takes over; the entry is not lost with the focus.
-        treInput_.EndEdit();
-        treOutput_.EndEdit();
+        EndEdits();
     }
     ::ShowWindow(Get(), static_cast<int>(command));
     if (command != SW_HIDE) {
@@ -216,6 +225,12 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_SIZE:
         Arrange();
         return 0;
+    case ShowRefusalMessage: {
+        // The message lets the frame live on, and the page go.
+        const std::shared_ptr<void> alive = keepAlive_();
+        prompt_.ShowKept();
+        return 0;
+    }
     case Win::DpiChangedAfterParent:
         UseDpi();
         return 0;
@@ -237,7 +252,7 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
 }
 
 LRESULT PageView::OnNotify(NMHDR& header) {
-    // A message box about an entry lets the frame live on, and the page go.
+    // What the frame is told of an edit may be the end of the page.
     const std::shared_ptr<void> alive = keepAlive_();
     if (header.idFrom == TreInputId) {
         return treInput_.OnNotify(header);

@@ -129,7 +129,8 @@ class PageView final : private Win::Window {
     void Reflect();
 
     TreeView* EditedTree();
-    static void TranslateEditKey(TreeView& edited, MSG& message);
+    bool EndEdits();
+    void TranslateEditKey(TreeView& edited, const MSG& message);
     bool TranslateEnter(const MSG& message);
     bool LeavesPage(const MSG& tab) const;
 

@@ -38,10 +38,10 @@ TreeView* PageView::EditedTree() {
 }
 
 /// Enter and Esc end the edit of a label instead of the dialog; all else is for its field.
-void PageView::TranslateEditKey(TreeView& edited, MSG& message) {
+void PageView::TranslateEditKey(TreeView& edited, const MSG& message) {
     const bool isKey = message.message == WM_KEYDOWN;
     if (isKey && message.wParam == VK_RETURN) {
-        edited.EndEdit();
+        EndEdits();
     } else if (isKey && message.wParam == VK_ESCAPE) {
         edited.CancelEdit();
     } else {

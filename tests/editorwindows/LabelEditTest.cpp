@@ -52,6 +52,7 @@ TEST_F(LabelEditTest, FocusLossRefusesAnEditOnceAndRestoresTheLabel) {
     Type(u"9x");
     MessageBoxes boxes;
     ::SetFocus(Button(u"Rule Editor..."));
+    EXPECT_TRUE(boxes.Shown.empty()) << "the tree has not ended its edit yet";
     Pump();
     ASSERT_EQ(boxes.Shown.size(), 1U);
     EXPECT_EQ(boxes.Shown[0].Message, u"The identiier cannot begin with a digit!");
@@ -84,6 +85,18 @@ TEST_F(LabelEditTest, ApplyEndsWithARefusedEditSoThatTheFrameStaysOpen) {
     EXPECT_EQ(Inputs(), (Texts{u"X"}));
     EXPECT_EQ(page_->Apply(), S_OK);
     EXPECT_EQ(boxes.Shown.size(), 1U);
+}
+
+TEST_F(LabelEditTest, ApplyComesNotBeforeTheMessageOfAnEditThatFocusLossEnded) {
+    Type(u"9x");
+    MessageBoxes boxes;
+    ::SetFocus(Button(u"Rule Editor..."));
+    EXPECT_TRUE(FAILED(page_->Apply()));
+    ASSERT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(boxes.Shown[0].Message, u"The identiier cannot begin with a digit!");
+    Pump();
+    EXPECT_EQ(boxes.Shown.size(), 1U);
+    EXPECT_EQ(page_->Apply(), S_OK);
 }
 
 TEST_F(LabelEditTest, AFrameThatIsDestroyedDropsARefusedEditWithoutAMessage) {
