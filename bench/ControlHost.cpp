@@ -103,24 +103,8 @@ Com::ComPtr<IDictionary> NewPlatformDictionary() {
     return dictionary;
 }
 
-class ConnectedSink::Sink final : public Com::ComObject<IDispatch> {
-  public:
-    std::size_t Count = 0;
-
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                        UINT*) noexcept override {
-        ++Count;
-        return S_OK;
-    }
-};
-
 ConnectedSink::ConnectedSink(const Com::ComPtr<_FISControl>& control)
-    : sink_(Com::MakeObject<Sink>()) {
+    : sink_(Com::MakeObject<CountingSink<>>()) {
     const auto container = control.As<IConnectionPointContainer>();
     Com::Check(container->FindConnectionPoint(__uuidof(__FISControl), point_.Put()));
     Com::Check(point_->Advise(sink_.Get(), &cookie_));

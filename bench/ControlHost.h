@@ -14,6 +14,7 @@
 #include "bench/Workload.h"
 #include "control/ScriptingRuntime.h"
 #include "control/com/ComObject.h"
+#include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane::Bench {
 
@@ -55,9 +56,7 @@ class ConnectedSink {
     std::size_t Count() const;
 
   private:
-    class Sink;
-
-    Com::ComPtr<Sink> sink_;
+    Com::ComPtr<CountingSink<>> sink_;
     Com::ComPtr<IConnectionPoint> point_;
     DWORD cookie_ = 0;
 };

@@ -4,7 +4,7 @@
 
 #include <oleauto.h>
 
-#include "control/com/ComObject.h"
+#include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane::Bench {
 namespace {
@@ -31,15 +31,10 @@ Com::ComPtr<ITypeInfo> DescribeEmpty() {
     return info;
 }
 
-class EmptyObject final : public Com::ComObject<IDispatch>, public IEmpty {
+class EmptyObject final : public InvokeOnly<>, public IEmpty {
   public:
     STDMETHODIMP Method() noexcept override { return S_OK; }
 
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
                         VARIANT* result, EXCEPINFO* exception,
                         UINT* badArgument) noexcept override {

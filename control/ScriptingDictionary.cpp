@@ -27,10 +27,7 @@ Com::Variant KeyVariant(const Text& key, const Item& item) {
 void PutItem(OwnValueDictionary& dictionary, VARIANT* key, VARIANT* item) {
     const DictionaryKey name(Com::In(key));
     Value value = ItemValue(item);
-    if (Item* const present = dictionary.Items.Find(name.View())) {
-        // Swapped, so that the former value goes only after the item is whole again.
-        std::swap(present->Content, value);
-    } else {
+    if (!dictionary.Replace(name.View(), value)) {
         dictionary.Items.Add(Text(name.View()), {std::move(value), name.HostKey()});
     }
 }

@@ -24,10 +24,6 @@ struct RuleBlock {
     Words High{};
 
     RuleBlock operator~() const { return {~Low, ~High}; }
-    RuleBlock operator&(const RuleBlock& other) const {
-        return {Low & other.Low, High & other.High};
-    }
-    RuleBlock operator&(const Words& mask) const { return {Low & mask, High & mask}; }
     RuleBlock& operator|=(const RuleBlock& other) {
         Low |= other.Low;
         High |= other.High;
@@ -58,12 +54,8 @@ struct RuleBlock {
 class RuleSets {
   public:
     RuleSets(std::size_t setCount, std::size_t ruleCount)
-        : blockCount_(BlocksFor(ruleCount)), blocks_(setCount * blockCount_) {}
-
-    /// How many blocks a set of so many rules takes.
-    static std::size_t BlocksFor(std::size_t ruleCount) {
-        return (ruleCount + RuleBlock::RuleCount - 1) / RuleBlock::RuleCount;
-    }
+        : blockCount_((ruleCount + RuleBlock::RuleCount - 1) / RuleBlock::RuleCount),
+          blocks_(setCount * blockCount_) {}
 
     std::size_t BlockCount() const { return blockCount_; }
 

@@ -53,13 +53,20 @@ class OwnValueDictionary final : public ValueDictionary {
     }
 
     void Put(TextView key, Value value) override {
-        if (Item* const item = Items.Find(key)) {
-            // Swapped, so that the former value goes only after the item is whole again: releasing
-            // an object of the host may come back to this dictionary.
-            std::swap(item->Content, value);
-        } else {
+        if (!Replace(key, value)) {
             Items.Add(Text(key), {std::move(value), nullptr});
         }
+    }
+
+    /// Swaps the value under a key with another; false where there is none. What was there is the
+    /// caller's to let go, after the item is whole again: releasing an object of the host may come
+    /// back to this dictionary.
+    bool Replace(TextView key, Value& value) {
+        Item* const item = Items.Find(key);
+        if (item) {
+            std::swap(item->Content, value);
+        }
+        return item != nullptr;
     }
 
     StringKeyedDictionary<Item> Items;

@@ -2,26 +2,10 @@
 // What the calls of a host take from the heap once they have run before: nothing.
 #include "tests/com/support/BatchTest.h"
 #include "tests/com/support/HeapWatch.h"
+#include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane {
 namespace {
-
-/// Takes nothing itself: not even a test's own calls may while they are watched.
-class CountingSink final : public Com::ComObject<IDispatch> {
-  public:
-    int Count = 0;
-
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                        UINT*) noexcept override {
-        ++Count;
-        return S_OK;
-    }
-};
 
 /// A host that holds the dictionaries, and its keys as texts.
 struct Host {
@@ -102,10 +86,10 @@ TEST_F(Allocation, NoneInARoundOfItemsAndFire) {
 
 TEST_F(Allocation, NoneWithASink) {
     const auto placed = Run(TwoInputs);
-    const auto sink = Com::MakeObject<CountingSink>();
+    const auto sink = Com::MakeObject<CountingSink<>>();
     const Connection connection(placed.Control.Get(), __uuidof(__FISControl), sink.Get());
     ExpectNoneInRounds(placed);
-    EXPECT_EQ(sink->Count, 7);
+    EXPECT_EQ(sink->Count, 7u);
 }
 
 TEST_F(Allocation, NoneInReadingTheSystemsDictionaries) {
@@ -136,7 +120,7 @@ TEST_F(Allocation, NoneInReadingTheSystemsDictionaries) {
 TEST_F(Allocation, OfABatchDoesNotDependOnTheNumberOfPoints) {
     const auto placed = Run(TwoInputs);
     const Com::Bstr path(Folder().Path());
-    const auto sink = Com::MakeObject<CountingSink>();
+    const auto sink = Com::MakeObject<CountingSink<>>();
     const Connection connection(placed.Control.Get(), __uuidof(__FISControl), sink.Get());
     struct Use {
         std::size_t Count;
@@ -153,7 +137,7 @@ TEST_F(Allocation, OfABatchDoesNotDependOnTheNumberOfPoints) {
     run(1);
     const Use few = run(20);
     const Use many = run(299);
-    EXPECT_EQ(sink->Count, 4 + 21 * 21 + 300 * 300);
+    EXPECT_EQ(sink->Count, 4u + 21 * 21 + 300 * 300);
     EXPECT_EQ(few.Count, many.Count);
     // The texts of the points of both axes are kept, but not those of the points of the grid.
     EXPECT_LT(many.Bytes - few.Bytes, std::size_t{2} * 279 * 48);

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "tests/com/plumbing/PlumbingTest.h"
+#include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane {
 namespace {
@@ -30,13 +31,8 @@ class ConnectionPoint : public PlumbingTest {
 };
 
 /// A sink that knows no interface but IDispatch.
-class PlainSink final : public Com::ComObject<IDispatch> {
+class PlainSink final : public InvokeOnly<> {
   public:
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* exception,
                         UINT*) noexcept override {
         ++Calls;
@@ -48,7 +44,7 @@ class PlainSink final : public Com::ComObject<IDispatch> {
 };
 
 /// A sink of the events whose IDispatch is that of another object of its host.
-class TwoFacedSink final : public Com::ComObject<TrialEvents> {
+class TwoFacedSink final : public CountingSink<TrialEvents> {
   public:
     explicit TwoFacedSink(Com::ComPtr<PlainSink> other) : other_(std::move(other)) {}
 
@@ -56,18 +52,6 @@ class TwoFacedSink final : public Com::ComObject<TrialEvents> {
         return iid == __uuidof(IDispatch) ? other_->QueryInterface(iid, result)
                                           : ComObject::QueryInterface(iid, result);
     }
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                        UINT*) noexcept override {
-        ++Calls;
-        return S_OK;
-    }
-
-    int Calls = 0;
 
   private:
     Com::ComPtr<PlainSink> other_;
@@ -101,7 +85,7 @@ TEST_F(ConnectionPoint, CallsTheInterfaceThatAnsweredToTheEvents) {
     const auto sink = Com::MakeObject<TwoFacedSink>(other);
     Advise(Events(), static_cast<TrialEvents*>(sink.Get()));
     EXPECT_EQ(Happen(), S_OK);
-    EXPECT_EQ(sink->Calls, 1);
+    EXPECT_EQ(sink->Count, 1u);
     EXPECT_EQ(other->Calls, 0);
 }
 

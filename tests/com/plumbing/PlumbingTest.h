@@ -12,6 +12,7 @@
 
 #include "control/com/Module.h"
 #include "tests/com/plumbing/Trial.h"
+#include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane {
 
@@ -25,15 +26,10 @@ class PlumbingTest : public testing::Test {
 };
 
 /// A sink of TrialEvents that calls back into the test.
-class TrialSink final : public Com::ComObject<Com::Chain<TrialEvents, IDispatch>> {
+class TrialSink final : public InvokeOnly<Com::Chain<TrialEvents, IDispatch>> {
   public:
     explicit TrialSink(std::function<void()> handler = {}) : handler_(std::move(handler)) {}
 
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT*,
                         EXCEPINFO*, UINT*) noexcept override {
         Events.push_back(member);

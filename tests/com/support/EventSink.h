@@ -12,11 +12,12 @@
 #include <QuorvaneAxEditor.h>
 
 #include "control/com/ComObject.h"
+#include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane {
 
 /// A sink of InferComplate that answers to IDispatch only, as those of scripts do.
-class EventSink final : public Com::ComObject<IDispatch> {
+class EventSink final : public InvokeOnly<> {
   public:
     /// `handler` runs within each event.
     explicit EventSink(std::function<void()> handler = {}) : Handler(std::move(handler)) {}
@@ -25,11 +26,6 @@ class EventSink final : public Com::ComObject<IDispatch> {
     /// How often the event has been raised.
     int Count = 0;
 
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT*,
                         EXCEPINFO*, UINT*) noexcept override;
 };

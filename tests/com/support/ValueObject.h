@@ -6,13 +6,13 @@
 
 #include <functional>
 
-#include "control/com/ComObject.h"
 #include "control/com/Scoped.h"
+#include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane {
 
 /// An automation object whose default property gives a value, or fails.
-class ValueObject final : public Com::ComObject<IDispatch> {
+class ValueObject final : public InvokeOnly<> {
   public:
     explicit ValueObject(Com::Variant value) : Value(std::move(value)) {}
 
@@ -25,8 +25,6 @@ class ValueObject final : public Com::ComObject<IDispatch> {
     /// Holds this object, as a dictionary's item does.
     Com::Variant AsVariant() { return Com::Variant(static_cast<IDispatch*>(this)); }
 
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
         return DISP_E_UNKNOWNNAME;
     }
