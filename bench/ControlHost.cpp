@@ -6,6 +6,7 @@
 
 #include "control/com/Scoped.h"
 #include "model/TransformText.h"
+#include "tests/com/ControlModule.h"
 
 namespace Quorvane::Bench {
 namespace {
@@ -16,11 +17,8 @@ constexpr GUID PlatformDictionary = {
 constexpr int TextCompare = 1;
 
 Com::ComPtr<IClassFactory> ControlClass() {
-    const Text program = Com::ModulePath();
-    const Text path =
-        program.substr(0, program.find_last_of(u'\\') + 1) + Widen(QUORVANE_CONTROL_FROM_BENCH);
     // Never unloaded: it keeps the system as long as the program runs.
-    HMODULE const module = ::LoadLibraryW(Com::Wide(path));
+    HMODULE const module = ::LoadLibraryW(Com::Wide(ControlModulePath()));
     if (!module) {
         throw Com::HresultError(HRESULT_FROM_WIN32(::GetLastError()));
     }
