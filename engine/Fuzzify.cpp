@@ -29,25 +29,24 @@ class DegreeChange {
 
 /// Sets the degrees of an input one after the other. Raises error 80, "Invalid linguistic input
 /// variable.", at a term that the model lacks and at a flank wider than the largest Double.
-[[gnu::cold]] void SetDegreesOneByOne(PreparedRules& rules, const UsedInput& input, double x,
-                                      double upper, double lower) {
+[[gnu::cold, gnu::noinline]] void SetDegreesOneByOne(PreparedRules& rules, const UsedInput& input,
+                                                     double x, double upper, double lower) {
     for (std::size_t i = input.FirstTerm; i < input.FirstTerm + input.TermCount; ++i) {
         const LinguisticTerm* const term = rules.BoundTerms[i];
         if (!term) {
             throw EngineError(Message::InvalidInputVariable);
         }
-        MembershipPair pair{};
-        if (!(x < lower || x > upper)) {
-            pair = Membership(*term, *term, x);
-        }
-        if (!std::isfinite(pair.Widths[0])) {
+        const double degree = x < lower || x > upper ? 0 : Membership(*term, x);
+        if (std::isnan(degree)) {
             throw EngineError(Message::InvalidInputVariable);
         }
-        rules.Degrees[i] = pair.Degrees[0];
+        rules.Degrees[i] = degree;
     }
 }
 
-void SetDegrees(PreparedRules& rules, std::size_t index, double x, double upper, double lower) {
+/// In line, like what it calls: a small system has little more to do in a cycle than this.
+[[gnu::always_inline]] inline void SetDegrees(PreparedRules& rules, std::size_t index, double x,
+                                              double upper, double lower) {
     // Every used input has a term, be it "[NONE]", whose degree is not kept.
     NoteRoutine(Message::InvalidInputVariable);
     const DegreeChange change(rules, index);
@@ -61,7 +60,8 @@ void SetDegrees(PreparedRules& rules, std::size_t index, double x, double upper,
 
 /// Sets the degrees of an input from a value that differs from the one last fuzzified.
 template <class Converted>
-void FuzzifyAnew(PreparedRules& rules, std::size_t index, Converted converted) {
+[[gnu::always_inline]] inline void FuzzifyAnew(PreparedRules& rules, std::size_t index,
+                                               Converted converted) {
     UsedInput& input = rules.UsedInputs[index];
     if (!input.Variable) {
         throw FisError(RuntimeError::MissingKey);
@@ -77,8 +77,9 @@ void FuzzifyAnew(PreparedRules& rules, std::size_t index, Converted converted) {
 
 /// Fuzzifies an input whose value is no number, or is not in a dictionary of the system's own.
 /// Reading a host's dictionary, and converting a value of the host, may run code of the host that
-/// changes or replaces the dictionary: it is held, and the value is a copy.
-void FuzzifyAskingHost(RulesInUse& rules, std::size_t index) {
+/// changes or replaces the dictionary: it is held, and the value is a copy. Out of line, so that
+/// cycles that ask nobody need not save the registers for it.
+[[gnu::noinline]] void FuzzifyAskingHost(RulesInUse& rules, std::size_t index) {
     rules.Keep();
     const std::shared_ptr<ValueDictionary> values = Definition::State().InputValues;
     const Value value = Definition::Require(values).Get(rules->UsedInputs[index].Name);
@@ -101,9 +102,8 @@ void FuzzifyAskingHost(RulesInUse& rules, std::size_t index) {
 void Fuzzify(RulesInUse& rules) {
     RunRoutine(Message::InvalidInputSignal, [&rules] {
         rules.Refresh();
-        const std::span<const UsedInput> inputs = rules->UsedInputs;
-        for (std::size_t index = 0; index < inputs.size(); ++index) {
-            const UsedInput& input = inputs[index];
+        std::size_t index = 0;
+        for (const UsedInput& input : rules->UsedInputs) {
             const double* const number =
                 input.Current ? std::get_if<double>(input.Current) : nullptr;
             if (!number) {
@@ -111,6 +111,7 @@ void Fuzzify(RulesInUse& rules) {
             } else if (!input.LastInput || !SameNumberText(*input.LastInput, *number)) {
                 FuzzifyAnew(*rules, index, [number] { return *number; });
             }
+            ++index;
         }
     });
 }

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "tests/core/CoreTest.h"
 
@@ -23,18 +24,34 @@ double Above(double x) {
 
 class MembershipTest : public CoreTest {
   protected:
-    static double Degree(const std::array<double, 4>& points, double x, double upper,
-                         double lower) {
-        const LinguisticTerm term{u"T", points};
+    /// The degrees of three terms at a time, the first and the last being the same; absent where
+    /// they have to be computed one by one.
+    static std::optional<double> DegreeInPairs(const LinguisticTerm& term, double x, double upper,
+                                               double lower) {
         // The other term of a pair makes no difference.
         const LinguisticTerm other{u"U", {-1, 3, 5, 7}};
         const LinguisticTerm* const terms[] = {&term, &other, &term, &term};
         double degrees[4] = {NotANumber, NotANumber, NotANumber, NotANumber};
         if (!RunTime::SetMemberships(terms, 3, x, upper, lower, degrees)) {
-            return NotANumber;
+            return std::nullopt;
         }
         EXPECT_TRUE(SameBits(degrees[0], degrees[2]));
         return degrees[0];
+    }
+
+    /// The degree of a value inside of the universe, computed alone and, where possible, in pairs.
+    static double Degree(const std::array<double, 4>& points, double x, double upper,
+                         double lower) {
+        const LinguisticTerm term{u"T", points};
+        const double alone = x < lower || x > upper ? 0 : RunTime::Membership(term, x);
+        const std::optional<double> inPairs = DegreeInPairs(term, x, upper, lower);
+        EXPECT_TRUE(!inPairs || SameBits(*inPairs, alone));
+        return alone;
+    }
+
+    static bool CanBePaired(const std::array<double, 4>& points, double x, double upper,
+                            double lower) {
+        return DegreeInPairs({u"T", points}, x, upper, lower).has_value();
     }
 };
 
@@ -114,6 +131,7 @@ TEST_F(MembershipTest, FollowsTheShapeOverAUniverseFromZeroToSixteen) {
                      << test.Points[0] << ' ' << test.Points[1] << ' ' << test.Points[2] << ' '
                      << test.Points[3] << " at " << test.X);
         EXPECT_TRUE(SameBits(test.Degree, Degree(test.Points, test.X, 16, 0)));
+        EXPECT_TRUE(CanBePaired(test.Points, test.X, 16, 0));
     }
 }
 
@@ -122,6 +140,7 @@ TEST_F(MembershipTest, NumbersThatAreNotFiniteBelongToNoTerm) {
          {std::array<double, 4>{0, 0, 16, 16}, {2, 4, 8, 16}, {4, 4, 4, 4}}) {
         for (const double x : {Infinity, -Infinity, NotANumber, -NotANumber}) {
             EXPECT_TRUE(SameBits(0, Degree(points, x, 16, 0)));
+            EXPECT_TRUE(CanBePaired(points, x, 16, 0));
         }
     }
 }
@@ -149,12 +168,14 @@ TEST_F(MembershipTest, TakesPointsOutOfOrderStepByStep) {
     };
     for (const DegreeCase& test : cases) {
         EXPECT_TRUE(SameBits(test.Degree, Degree(test.Points, test.X, 16, 0))) << test.X;
+        EXPECT_FALSE(CanBePaired(test.Points, test.X, 16, 0)) << test.X;
     }
 }
 
 TEST_F(MembershipTest, IsNotANumberOnAFlankWiderThanTheRange) {
     constexpr std::array<double, 4> Wide = {-1.5e308, 1.5e308, 1.5e308, 1.6e308};
     EXPECT_TRUE(std::isnan(Degree(Wide, 0, 1.6e308, -1.6e308)));
+    EXPECT_FALSE(CanBePaired(Wide, 0, 1.6e308, -1.6e308));
     EXPECT_TRUE(std::isnan(Degree({-1.6e308, -1.5e308, -1.5e308, 1.5e308}, 0, 1e308, -1e308)));
     // The flank is not looked at where x is on the other side or on the shoulder.
     EXPECT_TRUE(SameBits(1, Degree(Wide, 1.5e308, 1.6e308, -1.6e308)));
