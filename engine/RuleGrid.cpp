@@ -2,11 +2,18 @@
 // Fires a large rule base that covers (nearly) all combinations of terms.
 #include "engine/RuleGrid.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace Quorvane::RunTime {
 namespace {
 
 /// The most cells that a rule base may have for each of its rules.
 constexpr std::size_t CellsPerRule = 4;
+
+/// The most axes: beyond, a value that has a degree in two terms of each makes so many rules fire
+/// that looking for them saves little.
+constexpr std::size_t MostAxes = 6;
 
 std::vector<std::uint32_t> InputsOfDegrees(const RuleTables& tables) {
     std::vector<std::uint32_t> inputs(tables.Degrees.size());
@@ -40,16 +47,17 @@ bool IsInInputOrder(const RuleTables& tables) {
 } // namespace
 
 std::optional<RuleGrid> RuleGrid::Build(const RuleTables& tables) {
-    if (tables.UsedInputs.size() < 2 || !IsInInputOrder(tables)) {
+    const std::size_t axisCount = tables.UsedInputs.size();
+    if (axisCount < 2 || axisCount > MostAxes || !IsInInputOrder(tables)) {
         return std::nullopt;
     }
     const std::size_t mostCells = CellsPerRule * tables.RuleCount();
     const auto namingRules = CountNamingRules(tables);
-    std::vector<Axis> axes(tables.UsedInputs.size());
+    std::vector<Axis> axes(axisCount);
     std::size_t cellCount = 1;
     // From the last input to the first, so that the last varies fastest: rules are commonly
     // written in that order, and then their cells are, too.
-    for (std::size_t input = axes.size(); input-- > 0;) {
+    for (std::size_t input = axisCount; input-- > 0;) {
         std::uint32_t places = tables.UsedInputs[input].TermCount;
         axes[input].Stride = static_cast<std::uint32_t>(cellCount);
         if (namingRules[input] < tables.RuleCount()) {
@@ -64,11 +72,15 @@ std::optional<RuleGrid> RuleGrid::Build(const RuleTables& tables) {
         cellCount *= places;
     }
     RuleGrid grid(std::move(axes));
-    grid.PlaceRules(grid.CellsOfRules(tables), cellCount);
-    if (!grid.isInRuleOrder_ && cellCount < tables.RuleCount()) {
-        return std::nullopt;
+    const auto cells = grid.CellsOfRules(tables);
+    grid.CountRules(cells, cellCount);
+    if (!std::ranges::is_sorted(cells)) {
+        if (cellCount < tables.RuleCount()) {
+            return std::nullopt;
+        }
+        grid.PutInCellOrder(tables, cells);
     }
-    for (std::size_t input = 0; input < tables.UsedInputs.size(); ++input) {
+    for (std::size_t input = 0; input < axisCount; ++input) {
         grid.Update(tables, input);
     }
     return grid;
@@ -92,32 +104,34 @@ std::vector<std::uint32_t> RuleGrid::CellsOfRules(const RuleTables& tables) cons
     return cells;
 }
 
-void RuleGrid::PlaceRules(const std::vector<std::uint32_t>& cells, std::size_t cellCount) {
-    firstRules_.assign(cellCount, NoRule);
-    nextRules_.assign(cells.size(), NoRule);
-    // From the last rule to the first, so that the rules of one cell are in rule order.
-    for (auto rule = static_cast<std::uint32_t>(cells.size()); rule-- > 0;) {
-        nextRules_[rule] = firstRules_[cells[rule]];
-        firstRules_[cells[rule]] = rule;
+void RuleGrid::CountRules(const std::vector<std::uint32_t>& cells, std::size_t cellCount) {
+    firstRules_.resize(cellCount + 1);
+    for (const std::uint32_t cell : cells) {
+        ++firstRules_[cell + 1];
     }
-    isInRuleOrder_ = std::ranges::is_sorted(cells);
-    fired_.resize(isInRuleOrder_ ? 0 : cells.size());
+    std::partial_sum(firstRules_.begin(), firstRules_.end(), firstRules_.begin());
 }
 
-void RuleGrid::Update(const RuleTables& tables, std::size_t input) {
-    Axis& axis = axes_[input];
-    std::size_t count = 0;
-    std::uint32_t offset = 0;
-    for (const double degree : tables.DegreesOf(input)) {
-        // Written or overwritten: whether a degree is 0 cannot be predicted.
-        axis.Places[count] = {offset, degree};
-        count += degree > 0 ? 1 : 0;
-        offset += axis.Stride;
+void RuleGrid::PutInCellOrder(const RuleTables& tables, const std::vector<std::uint32_t>& cells) {
+    rulesByCell_.resize(cells.size());
+    weightsByCell_.resize(cells.size());
+    fired_.resize(cells.size());
+    std::vector<std::uint32_t> nextPlaces(firstRules_.begin(), firstRules_.end() - 1);
+    for (std::uint32_t rule = 0; rule < cells.size(); ++rule) {
+        const std::uint32_t place = nextPlaces[cells[rule]]++;
+        rulesByCell_[place] = rule;
+        weightsByCell_[place] = tables.Weights[rule];
     }
-    if (axis.FreePlace) {
-        axis.Places[count++] = {*axis.FreePlace * axis.Stride, 1};
-    }
-    axis.ActiveCount = count;
+}
+
+std::span<const RuleGrid::FiredRule> RuleGrid::FiredInOrder() {
+    FiredRule* end = fired_.data();
+    VisitActiveCells(weightsByCell_.data(), [&](std::uint32_t place, double strength) {
+        *end++ = {rulesByCell_[place], strength};
+    });
+    const std::span fired(fired_.data(), end);
+    std::ranges::sort(fired, {}, &FiredRule::Rule);
+    return fired;
 }
 
 } // namespace Quorvane::RunTime

@@ -2,12 +2,11 @@
 // Fires a large rule base that covers (nearly) all combinations of terms.
 #pragma once
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <utility>
+#include <vector>
 
 #include "engine/RuleTables.h"
 
@@ -19,29 +18,37 @@ namespace Quorvane::RunTime {
 /// lies at a place of the axis whose degree is always 1.
 class RuleGrid {
   public:
-    /// Nothing where there are fewer than two inputs, where the grid would have many more cells
-    /// than there are rules, or where rules name the inputs in different orders: degrees are
-    /// multiplied in the order of the axes. Nothing either where rules in no order share cells: so
-    /// many fire that putting them in order would take too long.
+    /// Nothing where there are fewer than two inputs or more than six, where the grid would have
+    /// many more cells than there are rules, or where rules name the inputs in different orders:
+    /// degrees are multiplied in the order of the axes. Nothing either where rules in no order
+    /// share cells: so many fire that putting them in order would take too long.
     static std::optional<RuleGrid> Build(const RuleTables& tables);
 
     /// An input has new degrees.
-    void Update(const RuleTables& tables, std::size_t input);
+    void Update(const RuleTables& tables, std::size_t input) {
+        Axis& axis = axes_[input];
+        Place* end = axis.Places.data();
+        std::uint32_t offset = 0;
+        for (const double degree : tables.DegreesOf(input)) {
+            // Written or overwritten: whether a degree is 0 cannot be predicted.
+            *end = {offset, degree};
+            end += degree > 0 ? 1 : 0;
+            offset += axis.Stride;
+        }
+        if (axis.FreePlace) {
+            *end++ = {*axis.FreePlace * axis.Stride, 1};
+        }
+        axis.ActiveCount = static_cast<std::size_t>(end - axis.Places.data());
+    }
 
     /// Visits the rules that use no term of degree 0, in order, with their strengths.
     template <class Visit>
     void Fire(const RuleTables& tables, Visit visit) {
-        if (isInRuleOrder_) {
-            VisitActiveCells(tables, visit);
+        if (rulesByCell_.empty()) {
+            VisitActiveCells(tables.Weights.data(), visit);
             return;
         }
-        std::size_t count = 0;
-        VisitActiveCells(tables, [&](std::uint32_t rule, double strength) {
-            fired_[count++] = {rule, strength};
-        });
-        const auto fired = std::span(fired_).first(count);
-        std::ranges::sort(fired, {}, &FiredRule::Rule);
-        for (const auto& [rule, strength] : fired) {
+        for (const auto& [rule, strength] : FiredInOrder()) {
             visit(rule, strength);
         }
     }
@@ -69,109 +76,59 @@ class RuleGrid {
         double Strength;
     };
 
-    static constexpr std::uint32_t NoRule = 0xFFFFFFFF;
-
-    explicit RuleGrid(std::vector<Axis> axes)
-        : axes_(std::move(axes)), current_(axes_.size() - 2), degrees_(axes_.size() - 2),
-          cells_(axes_.size() - 1) {}
+    explicit RuleGrid(std::vector<Axis> axes) : axes_(std::move(axes)) {}
 
     std::vector<std::uint32_t> CellsOfRules(const RuleTables& tables) const;
-    void PlaceRules(const std::vector<std::uint32_t>& cells, std::size_t cellCount);
+    void CountRules(const std::vector<std::uint32_t>& cells, std::size_t cellCount);
+    void PutInCellOrder(const RuleTables& tables, const std::vector<std::uint32_t>& cells);
 
-    std::span<const Place> ActivePlaces(std::size_t axis) const {
-        return std::span(axes_[axis].Places).first(axes_[axis].ActiveCount);
-    }
+    /// The rules that fire where cells are not in the order of their rules. Lasts until the next
+    /// call.
+    std::span<const FiredRule> FiredInOrder();
 
-    /// Visits the rules of the active cells plane by plane. A plane is the cells that differ in the
-    /// places on the last two axes alone.
+    /// Visits the numbers of the rules in cell order that use no term of degree 0, with their
+    /// strengths. The weights are in cell order, too.
     template <class Visit>
-    void VisitActiveCells(const RuleTables& tables, Visit visit) {
-        switch (degrees_.size()) {
-        case 1:
-            return VisitPlanes(std::make_index_sequence<1>(), tables, visit);
+    void VisitActiveCells(const double* weights, Visit visit) const {
+        const std::uint32_t* const firstRules = firstRules_.data();
+        switch (axes_.size()) {
         case 2:
-            return VisitPlanes(std::make_index_sequence<2>(), tables, visit);
+            return VisitAxes<2>(weights, firstRules, visit);
         case 3:
-            return VisitPlanes(std::make_index_sequence<3>(), tables, visit);
+            return VisitAxes<3>(weights, firstRules, visit);
+        case 4:
+            return VisitAxes<4>(weights, firstRules, visit);
+        case 5:
+            return VisitAxes<5>(weights, firstRules, visit);
         default:
-            for (bool isPlane = FirstPlane(); isPlane; isPlane = NextPlane()) {
-                VisitPlane(visit, [&](std::uint32_t rule) {
-                    double strength = tables.Weights[rule];
-                    for (const double degree : degrees_) {
-                        strength *= degree;
-                    }
-                    return strength;
-                });
+            return VisitAxes<6>(weights, firstRules, visit);
+        }
+    }
+
+    /// Visits the cells at the active places of the axes after those whose degrees are given: as
+    /// many loops, one in the other, as there are axes. The cell is that at the places so far.
+    template <std::size_t AxisCount, class Visit, class... Degrees>
+    [[gnu::always_inline]] void VisitAxes(const double* weights, const std::uint32_t* cell,
+                                          Visit& visit, Degrees... degrees) const {
+        constexpr std::size_t Next = sizeof...(degrees);
+        if constexpr (Next == AxisCount) {
+            for (std::uint32_t rule = cell[0]; rule != cell[1]; ++rule) {
+                visit(rule, (weights[rule] * ... * degrees));
             }
-        }
-    }
-
-    /// The same with so many axes outside of the planes that their degrees stay in registers.
-    template <std::size_t... Outer, class Visit>
-    void VisitPlanes(std::index_sequence<Outer...>, const RuleTables& tables, Visit visit) {
-        for (bool isPlane = FirstPlane(); isPlane; isPlane = NextPlane()) {
-            VisitPlane(visit,
-                       [weights = tables.Weights.data(), degrees = std::array{degrees_[Outer]...}](
-                           std::uint32_t rule) { return (weights[rule] * ... * degrees[Outer]); });
-        }
-    }
-
-    /// Visits the rules of a plane. Their strengths without the degrees of the last two axes are
-    /// computed by outerStrength.
-    template <class Visit, class OuterStrength>
-    void VisitPlane(Visit& visit, OuterStrength outerStrength) {
-        const std::size_t rows = degrees_.size();
-        for (const Place& row : ActivePlaces(rows)) {
-            const std::uint32_t* const firstRules = firstRules_.data() + cells_[rows] + row.Offset;
-            for (const Place& place : ActivePlaces(rows + 1)) {
-                for (std::uint32_t rule = firstRules[place.Offset]; rule != NoRule;
-                     rule = nextRules_[rule]) {
-                    visit(rule, outerStrength(rule) * row.Degree * place.Degree);
-                }
+        } else {
+            const Axis& axis = axes_[Next];
+            for (const Place& place : std::span(axis.Places.data(), axis.ActiveCount)) {
+                VisitAxes<AxisCount>(weights, cell + place.Offset, visit, degrees..., place.Degree);
             }
-        }
-    }
-
-    bool FirstPlane() {
-        if (std::ranges::any_of(axes_, [](const Axis& axis) { return axis.ActiveCount == 0; })) {
-            return false;
-        }
-        EnterPlane(0);
-        return true;
-    }
-
-    /// Moves on like a number whose digits are the active places; at the end all are 0 again.
-    bool NextPlane() {
-        for (std::size_t axis = current_.size(); axis-- > 0;) {
-            if (++current_[axis] < axes_[axis].ActiveCount) {
-                EnterPlane(axis);
-                return true;
-            }
-            current_[axis] = 0;
-        }
-        return false;
-    }
-
-    void EnterPlane(std::size_t firstChanged) {
-        for (std::size_t axis = firstChanged; axis < current_.size(); ++axis) {
-            const Place& place = axes_[axis].Places[current_[axis]];
-            degrees_[axis] = place.Degree;
-            cells_[axis + 1] = cells_[axis] + place.Offset;
         }
     }
 
     std::vector<Axis> axes_;
-    /// The first rule of each cell, and the next rule in the cell of each rule.
+    /// The rules in cell order: those of a cell go from its number here to that of the next.
     std::vector<std::uint32_t> firstRules_;
-    std::vector<std::uint32_t> nextRules_;
-    /// Whether the cells are visited in the order of their rules.
-    bool isInRuleOrder_ = false;
-
-    // The plane being visited: for all axes but two, the number of the active place and its degree;
-    // before each axis and at the end, the cell at the places of the axes before.
-    std::vector<std::size_t> current_;
-    std::vector<double> degrees_;
-    std::vector<std::uint32_t> cells_;
+    /// Which rules these are, and their weights; nothing where they are in order themselves.
+    std::vector<std::uint32_t> rulesByCell_;
+    std::vector<double> weightsByCell_;
     // Reused from one call to the next, so that firing allocates nothing.
     std::vector<FiredRule> fired_;
 };
