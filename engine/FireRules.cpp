@@ -57,7 +57,8 @@ void AddToOneOutputAfterTheOther(PreparedRules& rules) {
     sums[output] = sum;
 }
 
-void AddToNamedOutputs(PreparedRules& rules) {
+/// Out of line: it needs many registers, which FireRules would save for the others as well.
+[[gnu::noinline]] void AddToNamedOutputs(PreparedRules& rules) {
     std::ranges::fill(rules.Sums, DoublePair{});
     DoublePair* const sums = rules.Sums.data();
     rules.Selector.Fire(rules, [&rules, sums](std::size_t rule, double strength) {

@@ -21,8 +21,9 @@ double Finite(double result) {
 }
 
 /// Sets an output that is missing or whose value is no number. The dictionary does it, as replacing
-/// a value of the host may run its code.
-void PutOutput(RulesInUse& rules, std::uint32_t index, Value value) {
+/// a value of the host may run its code. Out of line, so that other cycles need not save the
+/// registers for it.
+[[gnu::noinline]] void PutOutput(RulesInUse& rules, std::uint32_t index, Value value) {
     rules.Keep();
     const std::shared_ptr<OwnValueDictionary> values = Definition::State().OutputValues;
     Definition::Require(values).Put(rules->UsedOutputs[index].Name, std::move(value));
@@ -38,19 +39,24 @@ void SetOutput(RulesInUse& rules, std::uint32_t index, double value) {
     }
 }
 
+/// Sets an output to a default that is no number or not in a dictionary of the system's own. It is
+/// held, as reading a host's dictionary may run code that assigns another one.
+[[gnu::noinline]] void SetToDefaultOfHost(RulesInUse& rules, std::uint32_t index) {
+    rules.Keep();
+    const std::shared_ptr<ValueDictionary> defaults = Definition::State().DefaultOutputValues;
+    Value value = Definition::Require(defaults).Get(rules->UsedOutputs[index].Name);
+    rules.Refresh();
+    PutOutput(rules, index, std::move(value));
+}
+
 /// Sets an output for which no rule has fired.
 void SetToDefault(RulesInUse& rules, std::uint32_t index) {
     const Value* const bound = rules->UsedOutputs[index].Default;
     if (const double* const number = bound ? std::get_if<double>(bound) : nullptr) {
         SetOutput(rules, index, *number);
-        return;
+    } else {
+        SetToDefaultOfHost(rules, index);
     }
-    rules.Keep();
-    // Held, as reading a host's dictionary may run code that assigns another one.
-    const std::shared_ptr<ValueDictionary> defaults = Definition::State().DefaultOutputValues;
-    Value value = Definition::Require(defaults).Get(rules->UsedOutputs[index].Name);
-    rules.Refresh();
-    PutOutput(rules, index, std::move(value));
 }
 
 void SetOutputs(RulesInUse& rules) {

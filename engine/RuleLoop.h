@@ -2,7 +2,7 @@
 // Fires a rule base of a few rules.
 #pragma once
 
-#include "engine/RuleTables.h"
+#include "engine/RuleStrengths.h"
 
 namespace Quorvane::RunTime {
 
@@ -11,11 +11,15 @@ class RuleLoop {
   public:
     void Update(const RuleTables&, std::size_t) {}
 
+    /// Visits all rules, in order, with their strengths.
     template <class Visit>
-    void Fire(const RuleTables& tables, Visit visit) {
-        for (std::size_t rule = 0; rule < tables.RuleCount(); ++rule) {
-            visit(rule, tables.StrengthOf(rule));
-        }
+    void Fire(const RuleTables& tables, Visit visit) const {
+        WithStrengths(tables, [&](auto strengthOf) {
+            const std::size_t end = tables.RuleCount();
+            for (std::size_t rule = 0; rule < end; ++rule) {
+                visit(rule, strengthOf(rule));
+            }
+        });
     }
 };
 
