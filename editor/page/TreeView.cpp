@@ -4,6 +4,7 @@
 
 #include "editor/page/TreeImages.h"
 #include "win/Raised.h"
+#include "win/Unpainted.h"
 #include "win/WideText.h"
 
 namespace Quorvane::Editor {
@@ -65,12 +66,12 @@ void TreeView::Show(TreeNode& root) {
         return;
     }
     const Win::Raised showing(isShowing_);
-    ::SendMessageW(Window(), WM_SETREDRAW, FALSE, 0);
-    TreeView_DeleteAllItems(Window());
-    items_.clear();
-    InsertItem(root, TVI_ROOT);
-    ::SendMessageW(Window(), WM_SETREDRAW, TRUE, 0);
-    ::InvalidateRect(Window(), nullptr, TRUE);
+    {
+        const Win::Unpainted filling(Window());
+        TreeView_DeleteAllItems(Window());
+        items_.clear();
+        InsertItem(root, TVI_ROOT);
+    }
     TreeView_SelectItem(Window(), ItemOf(root));
 }
 
