@@ -38,7 +38,7 @@ inline double Membership(const LinguisticTerm& term, double x) {
 /// Sets the degrees of membership of a value in terms of an input variable whose universe is from
 /// lower to upper; outside, they are 0. Terms and degrees have room for an even number, the last
 /// term being there twice if count is odd. Returns false, the degrees then being of no use, where
-/// points are out of order or a flank may be wider than the largest Double.
+/// points may be out of order or a flank may be wider than the largest Double.
 ///
 /// Two at a time and without branches: into which part of a trapezoid a value falls cannot be
 /// predicted, and a wrong guess costs more than both degrees together. So a flank is evaluated
@@ -54,8 +54,8 @@ inline double Membership(const LinguisticTerm& term, double x) {
     const double inside =
         value >= lower && value <= upper ? value : std::numeric_limits<double>::infinity();
     const DoublePair x = {inside, inside};
-    // Below 0 as soon as two points are out of order.
-    DoublePair leastStep{};
+    // Negative as soon as two points are out of order, or 0 and -0: by -0 nothing is divided.
+    BitPair signs{};
     // Infinite, or not a number, as soon as one of the widths is.
     DoublePair widths{};
     for (std::size_t i = 0; i < count; i += 2) {
@@ -75,9 +75,9 @@ inline double Membership(const LinguisticTerm& term, double x) {
         degrees[i] = degree[0];
         degrees[i + 1] = degree[1];
         widths += width;
-        leastStep = Lesser(Lesser(leastStep, left), Lesser(p3 - p2, right));
+        signs |= BitPair(left) | BitPair(p3 - p2) | BitPair(right);
     }
-    return std::isfinite(widths[0] + widths[1]) && leastStep[0] + leastStep[1] == 0;
+    return std::isfinite(widths[0] + widths[1]) && (signs[0] | signs[1]) >= 0;
 }
 
 } // namespace Quorvane::RunTime

@@ -11,8 +11,7 @@ namespace {
 /// The most cells that a rule base may have for each of its rules.
 constexpr std::size_t CellsPerRule = 4;
 
-/// The most axes: beyond, a value that has a degree in two terms of each makes so many rules fire
-/// that looking for them saves little.
+/// The most axes: for each number of them there is a walk of its own.
 constexpr std::size_t MostAxes = 6;
 
 std::vector<std::uint32_t> InputsOfDegrees(const RuleTables& tables) {
@@ -63,8 +62,7 @@ std::optional<RuleGrid> RuleGrid::Build(const RuleTables& tables) {
         if (namingRules[input] < tables.RuleCount()) {
             axes[input].FreePlace = places++;
         }
-        // One more, as Update writes a place before it knows whether it matters.
-        axes[input].Places.resize(places + 1);
+        axes[input].Places.resize(places);
         // Divided, as the product of very many terms can be beyond 32 bits.
         if (places > mostCells / cellCount) {
             return std::nullopt;

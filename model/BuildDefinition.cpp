@@ -42,7 +42,7 @@ Text BuildVariables(const VariableDictionary& variables, std::size_t pointsPerTe
 
 Text BuildRules(const RuleDictionary& rules) {
     Text text;
-    for (const auto& [rule, value] : rules) {
+    for (const auto& [rule, content] : rules) {
         text += rule;
         text += u'|';
     }

@@ -74,7 +74,7 @@ void ParseRules(TextView plain, RuleDictionary& rules) {
     const auto pieces = Split(plain, u'|');
     rules.Reserve(pieces.size());
     for (const TextView rule : pieces) {
-        rules.Add(Text(rule), Text(rule));
+        rules.Add(Text(rule));
     }
 }
 

@@ -20,8 +20,9 @@ struct PreparedRules;
 /// Variables by name, without regard to case.
 using VariableDictionary = StringKeyedDictionary<LinguisticVariable>;
 
-/// A rule is held as its text alone: the key, and the same text as the value.
-using RuleDictionary = StringKeyedDictionary<Text>;
+/// A rule is held as its text alone, the key; there is nothing else to tell of it.
+struct RuleContent {};
+using RuleDictionary = StringKeyedDictionary<RuleContent>;
 
 namespace Definition {
 

@@ -49,7 +49,7 @@ class StringKeyedDictionary {
   public:
     struct Entry {
         Text Key;
-        Value Item;
+        [[no_unique_address]] Value Item;
     };
 
     using const_iterator = typename std::list<Entry>::const_iterator;
@@ -80,7 +80,7 @@ class StringKeyedDictionary {
     void Reserve(std::size_t count) { index_.reserve(count); }
 
     /// Adds an entry at the end and returns its value. Raises DuplicateKey when the key exists.
-    Value& Add(Text key, Value value) {
+    Value& Add(Text key, Value value = {}) {
         DictionaryStamp::Advance();
         entries_.push_back({std::move(key), std::move(value)});
         const auto added = std::prev(entries_.end());

@@ -6,8 +6,8 @@
 
 namespace Quorvane::Win {
 
-/// Keeps a list or a tree from painting as long as it lives, so that several changes of it are
-/// painted once, afterwards. The window outlives it.
+/// Keeps a tree or a list from painting as long as it lives, so that several changes of it are
+/// painted once, afterwards. The window is a shown one and outlives it.
 class Unpainted {
   public:
     explicit Unpainted(HWND window) noexcept : window_(window) {
@@ -15,7 +15,8 @@ class Unpainted {
     }
     ~Unpainted() {
         ::SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-        ::RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        ::RedrawWindow(window_, nullptr, nullptr,
+                       RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     }
     Unpainted(const Unpainted&) = delete;
     Unpainted& operator=(const Unpainted&) = delete;

@@ -28,7 +28,7 @@ Text ReplaceAll(TextView text, TextView oldPart, TextView newPart) {
 }
 
 bool AnyContains(TextView part) {
-    for (const auto& [rule, value] : Rules()) {
+    for (const auto& [rule, content] : Rules()) {
         if (Contains(rule, part)) {
             return true;
         }
@@ -44,13 +44,12 @@ bool RenameInRules(TextView oldText, TextView newText) {
     }
     // A new table rather than one re-keying after the other: two rules may trade texts on the way.
     RuleDictionary renamed(KeyComparison::IgnoreCase);
-    for (const auto& [rule, value] : Rules()) {
+    for (const auto& [rule, content] : Rules()) {
         Text text = ReplaceAll(rule, oldText, newText);
         if (renamed.Exists(text)) {
             return false;
         }
-        Text key = text;
-        renamed.Add(std::move(key), std::move(text));
+        renamed.Add(std::move(text));
     }
     Rules() = std::move(renamed);
     return true;

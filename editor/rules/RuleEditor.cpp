@@ -160,7 +160,7 @@ void RuleEditor::Add() {
 }
 
 void RuleEditor::AddRule(Text rule) {
-    Rules().Add(rule, rule);
+    Rules().Add(rule);
     selected_ = rows_.Append(std::move(rule));
 }
 
@@ -169,7 +169,7 @@ void RuleEditor::Reweigh(std::size_t row, Text rule) {
     // Loaded rules can differ in their weight only. Where another one has the new text, it goes.
     const bool mergesWithOther = Rules().Exists(rule);
     RemoveRule(rule);
-    Rules().Add(rule, rule);
+    Rules().Add(rule);
     if (mergesWithOther) {
         rows_.Fill(Rules());
         selected_ = rows_.FindRule(rule);

@@ -45,7 +45,7 @@ RuleList::Row RuleList::MakeRow(std::size_t number, Text rule) {
 void RuleList::Fill(const RuleDictionary& rules) {
     rows_.clear();
     rows_.reserve(rules.Count());
-    for (const auto& [rule, value] : rules) {
+    for (const auto& [rule, content] : rules) {
         Append(rule);
     }
     ApplyOrder();

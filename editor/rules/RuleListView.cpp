@@ -2,14 +2,12 @@
 // `lvwRule`: the list of the rules, which asks for its cells when it shows them.
 #include "editor/rules/RuleListView.h"
 
-#include <optional>
 #include <utility>
 
 #include "editor/TextIds.h"
 #include "text/GetText.h"
 #include "win/Dpi.h"
 #include "win/Raised.h"
-#include "win/Unpainted.h"
 #include "win/WideText.h"
 
 namespace Quorvane::Editor {
@@ -90,16 +88,14 @@ int RuleListView::NaturalWidth() const {
 
 void RuleListView::Reflect() {
     const Win::Raised showing(isShowing_);
+    // First, as the list may paint at once what it scrolls: then all of it, and once.
+    ::InvalidateRect(Window(), nullptr, FALSE);
     const auto count = static_cast<int>(editor_.Rows().Count());
-    std::optional<Win::Unpainted> resizing;
     if (ListView_GetItemCount(Window()) != count) {
-        // The list would paint all rows for the number and once more for the selection.
-        resizing.emplace(Window());
         ListView_SetItemCountEx(Window(), count, LVSICF_NOSCROLL);
     }
     ShowOrder();
     SelectRow(editor_.SelectedRow());
-    ::InvalidateRect(Window(), nullptr, FALSE);
 }
 
 /// An arrow in the header of the column that the rows are sorted by.

@@ -39,7 +39,7 @@ class MembershipTest : public CoreTest {
         return degrees[0];
     }
 
-    /// The degree of a value inside of the universe, computed alone and, where possible, in pairs.
+    /// The degree of a value, computed alone and, where possible, in pairs.
     static double Degree(const std::array<double, 4>& points, double x, double upper,
                          double lower) {
         const LinguisticTerm term{u"T", points};
@@ -148,11 +148,13 @@ TEST_F(MembershipTest, NumbersThatAreNotFiniteBelongToNoTerm) {
 TEST_F(MembershipTest, EveryValueIsOutsideBoundsTheWrongWayRound) {
     for (const double x : {-1.0, 0.0, 4.0, 8.0, 16.0, 17.0}) {
         EXPECT_TRUE(SameBits(0, Degree({0, 0, 16, 16}, x, 0, 16)));
+        EXPECT_TRUE(CanBePaired({0, 0, 16, 16}, x, 0, 16));
     }
 }
 
 TEST_F(MembershipTest, ASinglePointCanBeTheUniverse) {
     EXPECT_TRUE(SameBits(1, Degree({0, 4, 4, 8}, 4, 4, 4)));
+    EXPECT_TRUE(CanBePaired({0, 4, 4, 8}, 4, 4, 4));
     EXPECT_TRUE(SameBits(0, Degree({0, 4, 4, 8}, Above(4), 4, 4)));
 }
 
@@ -184,14 +186,18 @@ TEST_F(MembershipTest, IsNotANumberOnAFlankWiderThanTheRange) {
 
 TEST_F(MembershipTest, NeverDividesByZeroNorLeavesTheRangeOfDegrees) {
     constexpr double Tiny = std::numeric_limits<double>::denorm_min();
-    const double numbers[] = {0, Tiny, 2 * Tiny, 3 * Tiny, 1, Above(1), Above(Above(1))};
+    const double numbers[] = {-1, -0.0, 0, Tiny, 2 * Tiny, 3 * Tiny, 1, Above(1)};
     for (const double p1 : numbers) {
         for (const double p2 : numbers) {
             for (const double p3 : numbers) {
                 for (const double p4 : numbers) {
                     for (const double x : numbers) {
-                        const double degree = Degree({p1, p2, p3, p4}, x, 2, 0);
+                        const std::array points = {p1, p2, p3, p4};
+                        const double degree = Degree(points, x, 2, -2);
                         ASSERT_TRUE(degree >= 0 && degree <= 1);
+                        if (p1 < p2 && p2 < p3 && p3 < p4) {
+                            ASSERT_TRUE(CanBePaired(points, x, 2, -2));
+                        }
                     }
                 }
             }

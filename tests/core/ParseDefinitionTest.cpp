@@ -49,12 +49,7 @@ TEST_F(ParseDefinitionTest, StartsInputsAtTheirLowerBoundsAndOutputsAtTheirMidpo
 TEST_F(ParseDefinitionTest, HoldsEveryRuleAsItsText) {
     Parse(Inputs, Outputs, Rules);
     const auto pieces = Split(Rules, u'|');
-    ASSERT_EQ(State().RuleBase->Count(), 2U);
-    std::size_t index = 0;
-    for (const auto& [key, text] : *State().RuleBase) {
-        EXPECT_EQ(key, pieces[index++]);
-        EXPECT_EQ(text, key);
-    }
+    EXPECT_EQ(KeysOf(*State().RuleBase), std::vector<Text>(pieces.begin(), pieces.end()));
 }
 
 TEST_F(ParseDefinitionTest, EmptyTextsGiveEmptyDictionaries) {

@@ -128,7 +128,7 @@ TEST_P(PrepareRuleBaseTest, RaisesWhereThereIsNoModelOrNoDefaults) {
 TEST_P(PrepareRuleBaseTest, KeepsTheFormerTablesWhenItFails) {
     Load(Ramp, Steps, u"X>A/Y<P:1|X>B/Y<R:1");
     EXPECT_TRUE(IsNumber(16, InferY(8.0)));
-    State().RuleBase->Add(u"bad", u"bad");
+    State().RuleBase->Add(u"bad");
     EXPECT_EQ(RaisedByPrepare(), InvalidRule);
     EXPECT_TRUE(IsNumber(16, Output(u"Y")));
     EXPECT_TRUE(IsNumber(0, InferY(0.0)));

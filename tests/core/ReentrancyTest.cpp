@@ -51,7 +51,7 @@ const Deed Deeds[] = {
     {"Prepares", [] { RunTime::PrepareRuleBase(); }},
     {"PreparesInVain",
      [] {
-         State().RuleBase->Add(u"bad", u"bad");
+         State().RuleBase->Add(u"bad");
          EXPECT_EQ(Raised(RunTime::PrepareRuleBase), InvalidRule);
          State().RuleBase->Remove(u"bad");
      }},

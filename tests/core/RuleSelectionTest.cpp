@@ -126,7 +126,7 @@ TEST_F(RuleSelectionTest, FullGridsInAnyOrder) {
         std::uint32_t Terms;
     };
     for (const Case& shape :
-         {Case{1, 1}, {1, 7}, {2, 3}, {2, 8}, {3, 5}, {4, 4}, {5, 3}, {6, 3}, {7, 2}}) {
+         {Case{1, 1}, {1, 7}, {2, 3}, {2, 8}, {2, 11}, {3, 5}, {4, 4}, {5, 3}, {6, 3}, {7, 2}}) {
         SCOPED_TRACE(testing::Message() << shape.Inputs << " x " << shape.Terms);
         std::vector<Text> rules = FullGrid(shape.Inputs, shape.Terms, 12);
         LoadInputs(shape.Inputs, shape.Terms, rules);
@@ -158,7 +158,7 @@ TEST_F(RuleSelectionTest, GridsOfTwoOutputsOfWhichRulesNameOneOrBoth) {
 TEST_F(RuleSelectionTest, GridsWithGapsFreeInputsAndSeveralRulesOfOneCombination) {
     Random random(8);
     for (int system = 0; system < 40; ++system) {
-        std::vector<Text> rules = FullGrid(3, 4, 12);
+        std::vector<Text> rules = FullGrid(3, 6, 12);
         std::erase_if(rules, [&](const Text&) { return random.Percent(20); });
         for (Text& rule : rules) {
             if (random.Percent(15)) {
@@ -172,7 +172,7 @@ TEST_F(RuleSelectionTest, GridsWithGapsFreeInputsAndSeveralRulesOfOneCombination
             Text again = rules[i] + u"5";
             rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(i), again);
         }
-        LoadInputs(3, 4, rules);
+        LoadInputs(3, 6, rules);
         RunCycles(random, 20);
     }
 }

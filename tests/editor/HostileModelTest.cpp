@@ -127,7 +127,7 @@ TEST_F(HostileModelTest, TheRuleEditorShowsDamagedRulesAndDeletesThem) {
     Load();
     State().RuleBase->RemoveAll();
     for (const Text& rule : damaged) {
-        State().RuleBase->Add(rule, rule);
+        State().RuleBase->Add(rule);
     }
     RuleEditor editor(Prompts, false);
     ASSERT_EQ(editor.Rows().Count(), damaged.size());
@@ -185,7 +185,7 @@ TEST_F(HostileModelTest, ARuleThatAppearedBehindTheEditorIsAnErrorInTheEditorsNa
     Load(Inputs, Outputs, u"");
     RuleEditor editor(Prompts, false);
     const Text rule = u"A>[NONE];B>[NONE]/C<[NONE];D<[NONE]:1";
-    State().RuleBase->Add(rule, rule);
+    State().RuleBase->Add(rule);
     EXPECT_EQ(Raised([&] { editor.Add(); }),
               (RaisedError{0x800A01C9, u"Quorvane Inference System", u""}));
     EXPECT_EQ(editor.Rows().Count(), 0U);

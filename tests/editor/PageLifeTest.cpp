@@ -127,7 +127,7 @@ TEST_F(PageLifeTest, ApplyRefusesAnEmptyRuleBaseUntilThereIsARule) {
     EXPECT_EQ(control.Assigned, Assignments());
     EXPECT_EQ(StoredTexts(), (PlainTexts{Text(Inputs), Text(Outputs), u""}));
     Prompts.Take();
-    State().RuleBase->Add(u"A>MF_1;B>LO/Speed<MF_1;D<P:1", u"A>MF_1;B>LO/Speed<MF_1;D<P:1");
+    State().RuleBase->Add(u"A>MF_1;B>LO/Speed<MF_1;D<P:1");
     EXPECT_TRUE(Page.ApplyChanges(control));
     EXPECT_EQ(control.Assigned.size(), 3U);
     EXPECT_FALSE(Page.Changed());

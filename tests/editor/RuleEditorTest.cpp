@@ -333,7 +333,7 @@ void UseRules(std::size_t count) {
     State().RuleBase.emplace(KeyComparison::IgnoreCase);
     for (std::size_t i = 0; i < count; ++i) {
         const Text rule = u"A>T" + NumberText(static_cast<double>(i)) + u";B>X/C<P:1";
-        State().RuleBase->Add(rule, rule);
+        State().RuleBase->Add(rule);
     }
 }
 

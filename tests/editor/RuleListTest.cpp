@@ -14,7 +14,7 @@ class RuleListTest : public EditorTest {
     void Fill(const std::vector<Text>& rules) {
         RuleDictionary dictionary(KeyComparison::IgnoreCase);
         for (const Text& rule : rules) {
-            dictionary.Add(rule, rule);
+            dictionary.Add(rule);
         }
         List.Fill(dictionary);
     }

@@ -14,7 +14,7 @@ class RuleReferencesTest : public EditorTest {
     static void UseRules(const std::vector<Text>& rules) {
         State().RuleBase.emplace(KeyComparison::IgnoreCase);
         for (const Text& rule : rules) {
-            State().RuleBase->Add(rule, rule);
+            State().RuleBase->Add(rule);
         }
     }
 };

@@ -67,6 +67,8 @@ TEST_F(PageTest, TheEditorsTake32767Rules) {
         const RuleEditorHands editor(window);
         EXPECT_EQ(editor.RowCount(), 32767);
         EXPECT_EQ(editor.SelectedRow(), 32766);
+        EXPECT_TRUE(editor.IsRowInView(32766));
+        EXPECT_FALSE(editor.IsRowInView(0));
         editor.ClickRow(32766);
         editor.Choose(u"lstInA", u"T7");
         editor.TypeWeight(u"0.5");
@@ -77,12 +79,15 @@ TEST_F(PageTest, TheEditorsTake32767Rules) {
         EXPECT_EQ(editor.RowCount(), 32768);
         EXPECT_FALSE(::IsWindowEnabled(editor.Part(RuleEditorHands::CmdAdd)));
         EXPECT_EQ(editor.Cell(32767, 7), u"0.5");
+        EXPECT_EQ(editor.SelectedRow(), 32767);
+        EXPECT_TRUE(editor.IsRowInView(32767));
         editor.ClickRow(32767);
         {
             const Watch watch("deleting a rule");
             editor.Push(RuleEditorHands::CmdDelete);
         }
         EXPECT_EQ(editor.RowCount(), 32767);
+        EXPECT_TRUE(editor.IsRowInView(32766));
         {
             const Watch watch("sorting by the second condition");
             editor.ClickHeader(2);

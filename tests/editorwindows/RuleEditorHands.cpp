@@ -48,6 +48,16 @@ int RuleEditorHands::SelectedRow() const {
     return ListView_GetNextItem(Rules(), -1, LVNI_SELECTED);
 }
 
+bool RuleEditorHands::IsRowInView(int row) const {
+    RECT room{};
+    RECT header{};
+    RECT area{};
+    ::GetClientRect(Rules(), &room);
+    ::GetClientRect(ListView_GetHeader(Rules()), &header);
+    return ListView_GetItemRect(Rules(), row, &area, LVIR_BOUNDS) && area.top >= header.bottom &&
+           area.bottom <= room.bottom;
+}
+
 Text RuleEditorHands::Cell(int row, int column) const {
     wchar_t text[64]{};
     LVITEMW item{};

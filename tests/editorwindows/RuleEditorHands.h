@@ -36,6 +36,10 @@ class RuleEditorHands {
 
     int RowCount() const;
     int SelectedRow() const;
+
+    /// Whether all of a row's height is in view.
+    bool IsRowInView(int row) const;
+
     Text Cell(int row, int column) const;
 
     /// The first so many cells of a row.

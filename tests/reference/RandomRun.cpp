@@ -175,7 +175,7 @@ void RandomRun::EditRules() {
     } else if (const auto* const entry = PickEntry(choices_, rules)) {
         const Text rule = entry->Key + u'0';
         if (!rules.Exists(rule)) {
-            rules.Add(rule, rule);
+            rules.Add(rule);
         }
     }
 }
