@@ -8,13 +8,13 @@
 namespace Quorvane::Editor {
 namespace {
 
-std::array<double, 4> SpreadTrapezoid(double lower, double upper) {
+TrapezoidPoints SpreadTrapezoid(double lower, double upper) {
     const double range = upper - lower;
     return {range * 1 / 5 + lower, range * 2 / 5 + lower, range * 3 / 5 + lower,
             range * 4 / 5 + lower};
 }
 
-std::array<double, 4> MiddleSingleton(double lower, double upper) {
+TrapezoidPoints MiddleSingleton(double lower, double upper) {
     const double middle = (upper + lower) / 2;
     return {middle, middle, middle, middle};
 }

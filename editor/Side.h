@@ -27,7 +27,7 @@ struct SideTraits {
     /// Stands between a variable and its term in a rule text.
     char16_t TermMark;
     /// The points of a new term between the bounds, before rounding.
-    std::array<double, 4> (*NewTermPoints)(double lower, double upper);
+    TrapezoidPoints (*NewTermPoints)(double lower, double upper);
     /// Recomputes Max and Min of the variable with a name.
     void (*UpdateExtent)(TextView name);
     /// Whether an edited bound must differ from the other one; equal output bounds are accepted.

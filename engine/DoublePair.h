@@ -11,9 +11,6 @@ namespace Quorvane::RunTime {
 /// Each operation is done on both numbers, as on a double.
 using DoublePair [[gnu::vector_size(16)]] = double;
 
-/// The bits of two numbers. A DoublePair is converted to it as it lies in memory.
-using BitPair [[gnu::vector_size(16)]] = long long;
-
 /// The lesser of each, as left < right ? left : right: the right one where either is not a number.
 inline DoublePair Lesser(DoublePair left, DoublePair right) {
 #ifdef __SSE2__

@@ -36,7 +36,7 @@ class DegreeChange {
         if (!term) {
             throw EngineError(Message::InvalidInputVariable);
         }
-        const double degree = x < lower || x > upper ? 0 : Membership(*term, x);
+        const double degree = x < lower || x > upper ? 0 : Membership(term->Points, x);
         if (std::isnan(degree)) {
             throw EngineError(Message::InvalidInputVariable);
         }
@@ -44,25 +44,38 @@ class DegreeChange {
     }
 }
 
+/// Sets the degrees of an input two at a time.
+[[gnu::always_inline]] inline void SetDegreesInPairs(PreparedRules& rules, const UsedInput& input,
+                                                     double x, double upper, double lower) {
+    const double inside = InUniverse(x, upper, lower);
+    const TrapezoidPair* pair = rules.Trapezoids.data() + input.FirstTerm / 2;
+    double* degree = rules.Degrees.data() + input.FirstTerm;
+    for (const double* const end = degree + input.TermCount; degree < end; degree += 2) {
+        const DoublePair degrees = pair->MembershipsOf(DoublePair{inside, inside});
+        ++pair;
+        degree[0] = degrees[0];
+        degree[1] = degrees[1];
+    }
+}
+
 /// In line, like what it calls: a small system has little more to do in a cycle than this.
-[[gnu::always_inline]] inline void SetDegrees(PreparedRules& rules, std::size_t index, double x,
-                                              double upper, double lower) {
+[[gnu::always_inline]] inline void SetDegrees(PreparedRules& rules, const UsedInput& input,
+                                              std::size_t index, double x, double upper,
+                                              double lower) {
     // Every used input has a term, be it "[NONE]", whose degree is not kept.
     NoteRoutine(Message::InvalidInputVariable);
     const DegreeChange change(rules, index);
-    const UsedInput& input = rules.UsedInputs[index];
-    if (!input.HasAllTerms ||
-        !SetMemberships(rules.BoundTerms.data() + input.FirstTerm, input.TermCount, x, upper, lower,
-                        rules.Degrees.data() + input.FirstTerm)) {
+    if (input.CanBePaired) {
+        SetDegreesInPairs(rules, input, x, upper, lower);
+    } else {
         SetDegreesOneByOne(rules, input, x, upper, lower);
     }
 }
 
 /// Sets the degrees of an input from a value that differs from the one last fuzzified.
 template <class Converted>
-[[gnu::always_inline]] inline void FuzzifyAnew(PreparedRules& rules, std::size_t index,
-                                               Converted converted) {
-    UsedInput& input = rules.UsedInputs[index];
+[[gnu::always_inline]] inline void FuzzifyAnew(PreparedRules& rules, UsedInput& input,
+                                               std::size_t index, Converted converted) {
     if (!input.Variable) {
         throw FisError(RuntimeError::MissingKey);
     }
@@ -71,7 +84,7 @@ template <class Converted>
     // Empty until all degrees are set, so that an input that fails is fuzzified again.
     input.LastInput.reset();
     const double x = converted();
-    SetDegrees(rules, index, x, upper, lower);
+    SetDegrees(rules, input, index, x, upper, lower);
     input.LastInput = x;
 }
 
@@ -82,10 +95,11 @@ template <class Converted>
 [[gnu::noinline]] void FuzzifyAskingHost(RulesInUse& rules, std::size_t index) {
     rules.Keep();
     const std::shared_ptr<ValueDictionary> values = Definition::State().InputValues;
-    const Value value = Definition::Require(values).Get(rules->UsedInputs[index].Name);
-    if (!SameTextForm(rules->UsedInputs[index].LastInput, value)) {
+    UsedInput& input = rules->UsedInputs[index];
+    const Value value = Definition::Require(values).Get(input.Name);
+    if (!SameTextForm(input.LastInput, value)) {
         rules.Refresh();
-        FuzzifyAnew(*rules, index, [&] {
+        FuzzifyAnew(*rules, input, index, [&] {
             if (IsEmpty(value)) {
                 throw FisError(RuntimeError::TypeMismatch);
             }
@@ -102,14 +116,15 @@ template <class Converted>
 void Fuzzify(RulesInUse& rules) {
     RunRoutine(Message::InvalidInputSignal, [&rules] {
         rules.Refresh();
+        PreparedRules& prepared = *rules;
         std::size_t index = 0;
-        for (const UsedInput& input : rules->UsedInputs) {
+        for (UsedInput& input : prepared.UsedInputs) {
             const double* const number =
                 input.Current ? std::get_if<double>(input.Current) : nullptr;
             if (!number) {
                 FuzzifyAskingHost(rules, index);
             } else if (!input.LastInput || !SameNumberText(*input.LastInput, *number)) {
-                FuzzifyAnew(*rules, index, [number] { return *number; });
+                FuzzifyAnew(prepared, input, index, [number] { return *number; });
             }
             ++index;
         }

@@ -2,6 +2,8 @@
 // What the names in the rule tables stand for in the model and the values of the moment.
 #include "engine/ModelBinding.h"
 
+#include <algorithm>
+
 namespace Quorvane::RunTime {
 namespace {
 
@@ -11,16 +13,21 @@ Value* FindItem(OwnValueDictionary* dictionary, TextView name) {
     return item ? &item->Content : nullptr;
 }
 
-/// The addresses of the used terms of an input, the last one twice where their number is odd.
-void BindTerms(UsedInput& input, const LinguisticTerm** terms) {
-    input.HasAllTerms = true;
-    for (const Text& name : input.Terms) {
-        *terms = input.Variable ? input.Variable->MF.Find(name) : nullptr;
-        input.HasAllTerms = input.HasAllTerms && *terms;
-        ++terms;
+/// Finds the used terms of an input, the last one twice where their number is odd.
+void BindTerms(RuleTables& tables, UsedInput& input) {
+    const LinguisticTerm** const terms = tables.BoundTerms.data() + input.FirstTerm;
+    input.CanBePaired = true;
+    for (std::size_t i = 0; i < input.TermCount; ++i) {
+        terms[i] = input.Variable ? input.Variable->MF.Find(input.Terms[i]) : nullptr;
+        input.CanBePaired = input.CanBePaired && terms[i] && CanBePaired(terms[i]->Points);
     }
-    if (input.TermCount % 2 != 0) {
-        *terms = terms[-1];
+    if (!input.CanBePaired) {
+        return;
+    }
+    for (std::size_t i = 0; i < input.TermCount; i += 2) {
+        const std::size_t next = std::min<std::size_t>(i + 1, input.TermCount - 1);
+        tables.Trapezoids[(input.FirstTerm + i) / 2] =
+            TrapezoidPair(terms[i]->Points, terms[next]->Points);
     }
 }
 
@@ -28,7 +35,7 @@ void BindTerms(UsedInput& input, const LinguisticTerm** terms) {
 
 void ModelBinding::Bind(RuleTables& tables) {
     const Definition::ProcessState& state = Definition::State();
-    stamp_ = DictionaryStamp::Current();
+    stamp_ = ChangeStamp::Current();
     inputValues_ = state.InputValues.get();
     outputValues_ = state.OutputValues.get();
     defaults_ = state.DefaultOutputValues.get();
@@ -36,7 +43,7 @@ void ModelBinding::Bind(RuleTables& tables) {
     for (UsedInput& input : tables.UsedInputs) {
         input.Current = FindItem(inputs, input.Name);
         input.Variable = state.InputVariables ? state.InputVariables->Find(input.Name) : nullptr;
-        BindTerms(input, tables.BoundTerms.data() + input.FirstTerm);
+        BindTerms(tables, input);
     }
     auto* const defaults = dynamic_cast<OwnValueDictionary*>(state.DefaultOutputValues.get());
     for (UsedOutput& output : tables.UsedOutputs) {

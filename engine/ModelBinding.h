@@ -9,9 +9,9 @@
 
 namespace Quorvane::RunTime {
 
-/// Keeps the addresses of what a cycle reads and writes by name. They hold until anything changes
-/// its place, which a few comparisons tell; values, bounds and points are read where they are, so
-/// edits in place are seen at once.
+/// Keeps the addresses of what a cycle reads and writes by name, and copies of the points of terms.
+/// They hold until anything changes its place or a point is set, which a few comparisons tell;
+/// values and bounds are read where they are, so edits in place are seen at once.
 class ModelBinding {
   public:
     /// Looks all names of the tables up again unless nothing has changed since. The tables are the
@@ -19,7 +19,7 @@ class ModelBinding {
     void Refresh(RuleTables& tables) {
         // A dictionary that ends changes the stamp, so an address that is the same is the same one.
         const Definition::ProcessState& state = Definition::State();
-        if (stamp_ != DictionaryStamp::Current() || inputValues_ != state.InputValues.get() ||
+        if (stamp_ != ChangeStamp::Current() || inputValues_ != state.InputValues.get() ||
             outputValues_ != state.OutputValues.get() ||
             defaults_ != state.DefaultOutputValues.get()) {
             Bind(tables);

@@ -141,6 +141,7 @@ class TableBuilder {
         }
         tables_->Degrees.assign(next + 1, 1);
         tables_->BoundTerms.resize(next);
+        tables_->Trapezoids.resize(next / 2);
         for (std::uint32_t& antecedent : tables_->Antecedents) {
             const TermPlace& place = places_[antecedent];
             antecedent = tables_->UsedInputs[place.Input].FirstTerm + place.Term;

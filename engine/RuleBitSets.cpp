@@ -89,7 +89,7 @@ void RuleBitSets::Update(const RuleTables& tables, std::size_t input) {
             const bool isOff = !(tables.Degrees[group.FirstTerm + term] > 0);
             terms |= static_cast<std::size_t>(isOff) << term;
         }
-        ruledOut_[i] = (group.FirstSet + terms) * users_.BlockCount();
+        ruledOut_[i] = users_.Set(group.FirstSet + terms);
     }
 }
 

@@ -14,6 +14,10 @@ class RuleBitSets {
   public:
     explicit RuleBitSets(const RuleTables& tables);
 
+    // Sets keep their addresses when they move.
+    RuleBitSets(RuleBitSets&&) = default;
+    RuleBitSets& operator=(RuleBitSets&&) = default;
+
     /// An input has new degrees.
     void Update(const RuleTables& tables, std::size_t input);
 
@@ -23,8 +27,8 @@ class RuleBitSets {
         WithStrengths(tables, [&](auto strengthOf) {
             for (std::size_t block = 0; block < users_.BlockCount(); ++block) {
                 RuleBlock ruledOut = beyondLast_.Set(0)[block];
-                for (const std::size_t set : ruledOut_) {
-                    ruledOut |= users_.Set(0)[set + block];
+                for (const RuleBlock* const set : ruledOut_) {
+                    ruledOut |= set[block];
                 }
                 const std::size_t first = block * RuleBlock::RuleCount;
                 (~ruledOut).ForEach(
@@ -54,8 +58,8 @@ class RuleBitSets {
     /// found to have no strength.
     std::vector<std::size_t> firstGroups_;
     RuleSets users_;
-    /// What each group rules out, as the number of blocks before its set.
-    std::vector<std::size_t> ruledOut_;
+    /// What each group rules out: one of the sets.
+    std::vector<const RuleBlock*> ruledOut_;
     /// One set: the places beyond the last rule.
     RuleSets beyondLast_;
 };

@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "engine/DoublePair.h"
+#include "engine/Membership.h"
 #include "model/LinguisticVariable.h"
 #include "shared/Text.h"
 #include "shared/Value.h"
@@ -25,11 +25,11 @@ struct UsedInput {
     /// The value last fuzzified; absent ("[EMPTY]") until one has been.
     std::optional<double> LastInput{};
     /// Where its terms stand in RuleTables::Degrees and BoundTerms, and how many there are. There
-    /// is room for an even number, as two are computed at a time.
+    /// is room for an even number, from an even one on, as two are computed at a time.
     std::uint32_t FirstTerm = 0;
     std::uint32_t TermCount = 0;
-    /// Whether the model has all of them.
-    bool HasAllTerms = false;
+    /// Whether they are computed in pairs: the model has all of them, and each can be paired.
+    bool CanBePaired = false;
 
     Text Name{};
     /// The terms that rules use of it, in the order of their first use. Without "[NONE]", whose
@@ -96,6 +96,8 @@ struct RuleTables : RuleList {
     std::vector<double> Degrees;
     /// The same terms in the model; null where the model has no such term.
     std::vector<const LinguisticTerm*> BoundTerms;
+    /// Two terms each, of the inputs whose terms can be paired.
+    std::vector<TrapezoidPair> Trapezoids;
     std::vector<UsedOutput> UsedOutputs;
     /// The numerators and denominators of the used outputs.
     std::vector<DoublePair> Sums;

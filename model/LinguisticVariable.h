@@ -4,16 +4,19 @@
 
 #include <array>
 
+#include "shared/ChangeStamp.h"
 #include "shared/StringKeyedDictionary.h"
 
 namespace Quorvane {
 
-/// A term of a variable, as the four points of its trapezoid in ascending order: left foot, left
-/// shoulder, right shoulder, right foot. A triangle has equal shoulders. A singleton, which every
-/// output term is, has four equal points.
+/// The points of a trapezoid in ascending order: left foot, left shoulder, right shoulder, right
+/// foot. A triangle has equal shoulders, a singleton four equal points.
+using TrapezoidPoints = std::array<StampedNumber, 4>;
+
+/// A term of a variable. Every output term is a singleton.
 struct LinguisticTerm {
     Text Name;
-    std::array<double, 4> Points;
+    TrapezoidPoints Points;
 };
 
 /// An input or output variable.

@@ -25,9 +25,12 @@ TextView Field(const std::vector<TextView>& fields, std::size_t index) {
 LinguisticTerm ParseTerm(TextView text, Side side) {
     const auto fields = Split(text, u',');
     LinguisticTerm term{Text(Field(fields, 0)), {}};
+    if (side == Side::Output) {
+        term.Points.fill(ParseNumber(Field(fields, 1)));
+        return term;
+    }
     for (std::size_t i = 0; i < term.Points.size(); ++i) {
-        const bool singleton = side == Side::Output && i > 0;
-        term.Points[i] = singleton ? term.Points[0] : ParseNumber(Field(fields, i + 1));
+        term.Points[i] = ParseNumber(Field(fields, i + 1));
     }
     return term;
 }

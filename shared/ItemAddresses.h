@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "shared/ChangeStamp.h"
 #include "shared/ValueDictionary.h"
 
 namespace Quorvane {
@@ -18,7 +19,7 @@ class ItemAddresses {
     /// The item under a name, by the index of the name. Null where the dictionary is absent, lacks
     /// it or is a host's. The address holds until a dictionary changes.
     Value* Find(ValueDictionary* dictionary, std::size_t index) {
-        if (stamp_ != DictionaryStamp::Current() || dictionary_ != dictionary) {
+        if (stamp_ != ChangeStamp::Current() || dictionary_ != dictionary) {
             Bind(dictionary);
         }
         return items_[index];
@@ -27,7 +28,7 @@ class ItemAddresses {
   private:
     void Bind(ValueDictionary* dictionary) {
         // A dictionary that ends changes the stamp, so an address that is the same is the same one.
-        stamp_ = DictionaryStamp::Current();
+        stamp_ = ChangeStamp::Current();
         dictionary_ = dictionary;
         auto* const own = dynamic_cast<OwnValueDictionary*>(dictionary);
         items_.clear();

@@ -3,11 +3,11 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <list>
 #include <unordered_map>
 #include <utility>
 
+#include "shared/ChangeStamp.h"
 #include "shared/FisError.h"
 #include "shared/Text.h"
 
@@ -26,19 +26,6 @@ struct KeyHash {
 struct KeyEqual {
     KeyComparison Comparison;
     bool operator()(TextView left, TextView right) const noexcept;
-};
-
-/// A number that is never the same again once any dictionary of the process has gained or lost an
-/// entry, given one another key, or ended. Whoever keeps the address of an entry's value may use it
-/// as long as the number stays: looking again costs one comparison.
-class DictionaryStamp {
-  public:
-    static std::uint64_t Current() noexcept { return current_; }
-    static void Advance() noexcept { ++current_; }
-
-  private:
-    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one count per process
-    static inline std::uint64_t current_ = 1;
 };
 
 /// A dictionary with text keys. Enumeration yields the entries in the order in which they were
@@ -81,7 +68,7 @@ class StringKeyedDictionary {
 
     /// Adds an entry at the end and returns its value. Raises DuplicateKey when the key exists.
     Value& Add(Text key, Value value = {}) {
-        DictionaryStamp::Advance();
+        ChangeStamp::Advance();
         entries_.push_back({std::move(key), std::move(value)});
         const auto added = std::prev(entries_.end());
         try {
@@ -137,7 +124,7 @@ class StringKeyedDictionary {
         if (holder != index_.end() && holder != found) {
             throw FisError(RuntimeError::DuplicateKey);
         }
-        DictionaryStamp::Advance();
+        ChangeStamp::Advance();
         // The index views the key's characters, so the node leaves it while they change.
         auto node = index_.extract(found);
         Text& key = node.mapped()->Key;
@@ -152,7 +139,7 @@ class StringKeyedDictionary {
         if (found == index_.end()) {
             throw FisError(RuntimeError::MissingKey);
         }
-        DictionaryStamp::Advance();
+        ChangeStamp::Advance();
         const auto entry = found->second;
         index_.erase(found);
         entries_.erase(entry);
@@ -161,7 +148,7 @@ class StringKeyedDictionary {
     /// Removes the entries that the predicate, given an Entry, chooses.
     template <class Predicate>
     void RemoveIf(Predicate chosen) {
-        DictionaryStamp::Advance();
+        ChangeStamp::Advance();
         for (auto entry = entries_.begin(); entry != entries_.end();) {
             const auto next = std::next(entry);
             if (chosen(std::as_const(*entry))) {
@@ -175,7 +162,7 @@ class StringKeyedDictionary {
     /// Removes every entry. The values are destroyed after the dictionary is empty, so that one
     /// whose end comes back to the dictionary finds it whole.
     void RemoveAll() {
-        DictionaryStamp::Advance();
+        ChangeStamp::Advance();
         std::list<Entry> removed;
         removed.swap(entries_);
         index_.clear();
@@ -186,7 +173,7 @@ class StringKeyedDictionary {
         if (!Empty()) {
             throw FisError(RuntimeError::InvalidCall);
         }
-        DictionaryStamp::Advance();
+        ChangeStamp::Advance();
         index_ = Index(0, KeyHash{comparison}, KeyEqual{comparison});
     }
 
@@ -206,12 +193,12 @@ class StringKeyedDictionary {
         Life() = default;
         Life(const Life&) = delete;
         Life& operator=(const Life&) = delete;
-        Life(Life&&) noexcept { DictionaryStamp::Advance(); }
+        Life(Life&&) noexcept { ChangeStamp::Advance(); }
         Life& operator=(Life&&) noexcept {
-            DictionaryStamp::Advance();
+            ChangeStamp::Advance();
             return *this;
         }
-        ~Life() { DictionaryStamp::Advance(); }
+        ~Life() { ChangeStamp::Advance(); }
     };
 
     std::list<Entry> entries_;

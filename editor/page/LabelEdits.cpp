@@ -118,8 +118,9 @@ class LabelEdit {
             traits_.Points.begin());
         const bool isFirst = index == 0;
         const bool isLast = index + 1 == traits_.Points.size();
-        const auto number = CheckedNumber(isFirst ? variable_.LBound : points[index - 1],
-                                          isLast ? variable_.UBound : points[index + 1]);
+        const double lower = isFirst ? variable_.LBound : double{points[index - 1]};
+        const double upper = isLast ? variable_.UBound : double{points[index + 1]};
+        const auto number = CheckedNumber(lower, upper);
         if (!number) {
             return false;
         }

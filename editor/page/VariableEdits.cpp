@@ -56,7 +56,7 @@ LinguisticVariable& NewVariable(Side side) {
 LinguisticTerm& NewTerm(Side side, LinguisticVariable& variable) {
     LinguisticTerm term{FirstFreeName(u"MF_", variable.MF),
                         TraitsOf(side).NewTermPoints(variable.LBound, variable.UBound)};
-    for (double& point : term.Points) {
+    for (StampedNumber& point : term.Points) {
         point = AsShown(point);
     }
     Text name = term.Name;

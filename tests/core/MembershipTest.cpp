@@ -24,52 +24,45 @@ double Above(double x) {
 
 class MembershipTest : public CoreTest {
   protected:
-    /// The degrees of three terms at a time, the first and the last being the same; absent where
-    /// they have to be computed one by one.
-    static std::optional<double> DegreeInPairs(const LinguisticTerm& term, double x, double upper,
-                                               double lower) {
-        // The other term of a pair makes no difference.
-        const LinguisticTerm other{u"U", {-1, 3, 5, 7}};
-        const LinguisticTerm* const terms[] = {&term, &other, &term, &term};
-        double degrees[4] = {NotANumber, NotANumber, NotANumber, NotANumber};
-        if (!RunTime::SetMemberships(terms, 3, x, upper, lower, degrees)) {
+    /// The degree as one of a pair, first and second; absent where it has to be computed alone.
+    static std::optional<double> DegreeInPair(const TrapezoidPoints& points, double x, double upper,
+                                              double lower) {
+        if (!RunTime::CanBePaired(points)) {
             return std::nullopt;
         }
-        EXPECT_TRUE(SameBits(degrees[0], degrees[2]));
-        return degrees[0];
+        // The other of the pair makes no difference.
+        const TrapezoidPoints other = {-1, 3, 5, 7};
+        const double inside = RunTime::InUniverse(x, upper, lower);
+        const RunTime::DoublePair both = {inside, inside};
+        const double first = RunTime::TrapezoidPair(points, other).MembershipsOf(both)[0];
+        EXPECT_TRUE(SameBits(first, RunTime::TrapezoidPair(other, points).MembershipsOf(both)[1]));
+        return first;
     }
 
-    /// The degree of a value, computed alone and, where possible, in pairs.
-    static double Degree(const std::array<double, 4>& points, double x, double upper,
-                         double lower) {
-        const LinguisticTerm term{u"T", points};
-        const double alone = x < lower || x > upper ? 0 : RunTime::Membership(term, x);
-        const std::optional<double> inPairs = DegreeInPairs(term, x, upper, lower);
-        EXPECT_TRUE(!inPairs || SameBits(*inPairs, alone));
+    /// The degree of a value, computed alone and, where possible, in a pair.
+    static double Degree(const TrapezoidPoints& points, double x, double upper, double lower) {
+        const double alone = x < lower || x > upper ? 0 : RunTime::Membership(points, x);
+        const std::optional<double> inPair = DegreeInPair(points, x, upper, lower);
+        EXPECT_TRUE(!inPair || SameBits(*inPair, alone));
         return alone;
-    }
-
-    static bool CanBePaired(const std::array<double, 4>& points, double x, double upper,
-                            double lower) {
-        return DegreeInPairs({u"T", points}, x, upper, lower).has_value();
     }
 };
 
 struct DegreeCase {
-    std::array<double, 4> Points;
+    TrapezoidPoints Points;
     double X;
     double Degree;
 };
 
 TEST_F(MembershipTest, FollowsTheShapeOverAUniverseFromZeroToSixteen) {
-    constexpr std::array<double, 4> Trapezoid = {2, 4, 8, 16};
-    constexpr std::array<double, 4> Triangle = {2, 4, 4, 8};
-    constexpr std::array<double, 4> Singleton = {4, 4, 4, 4};
-    constexpr std::array<double, 4> LeftShoulder = {0, 0, 4, 8};
-    constexpr std::array<double, 4> RightShoulder = {8, 12, 16, 16};
-    constexpr std::array<double, 4> Rectangle = {4, 4, 8, 8};
-    constexpr std::array<double, 4> Beyond = {-8, -4, 20, 24};
-    constexpr std::array<double, 4> BeyondFlanks = {-8, 8, 8, 24};
+    constexpr TrapezoidPoints Trapezoid = {2, 4, 8, 16};
+    constexpr TrapezoidPoints Triangle = {2, 4, 4, 8};
+    constexpr TrapezoidPoints Singleton = {4, 4, 4, 4};
+    constexpr TrapezoidPoints LeftShoulder = {0, 0, 4, 8};
+    constexpr TrapezoidPoints RightShoulder = {8, 12, 16, 16};
+    constexpr TrapezoidPoints Rectangle = {4, 4, 8, 8};
+    constexpr TrapezoidPoints Beyond = {-8, -4, 20, 24};
+    constexpr TrapezoidPoints BeyondFlanks = {-8, 8, 8, 24};
     const DegreeCase cases[] = {
         {Trapezoid, 0, 0},
         {Trapezoid, 2, 0},
@@ -131,16 +124,16 @@ TEST_F(MembershipTest, FollowsTheShapeOverAUniverseFromZeroToSixteen) {
                      << test.Points[0] << ' ' << test.Points[1] << ' ' << test.Points[2] << ' '
                      << test.Points[3] << " at " << test.X);
         EXPECT_TRUE(SameBits(test.Degree, Degree(test.Points, test.X, 16, 0)));
-        EXPECT_TRUE(CanBePaired(test.Points, test.X, 16, 0));
+        EXPECT_TRUE(RunTime::CanBePaired(test.Points));
     }
 }
 
 TEST_F(MembershipTest, NumbersThatAreNotFiniteBelongToNoTerm) {
-    for (const std::array<double, 4>& points :
-         {std::array<double, 4>{0, 0, 16, 16}, {2, 4, 8, 16}, {4, 4, 4, 4}}) {
+    for (const TrapezoidPoints& points :
+         {TrapezoidPoints{0, 0, 16, 16}, TrapezoidPoints{2, 4, 8, 16},
+          TrapezoidPoints{4, 4, 4, 4}}) {
         for (const double x : {Infinity, -Infinity, NotANumber, -NotANumber}) {
             EXPECT_TRUE(SameBits(0, Degree(points, x, 16, 0)));
-            EXPECT_TRUE(CanBePaired(points, x, 16, 0));
         }
     }
 }
@@ -148,13 +141,11 @@ TEST_F(MembershipTest, NumbersThatAreNotFiniteBelongToNoTerm) {
 TEST_F(MembershipTest, EveryValueIsOutsideBoundsTheWrongWayRound) {
     for (const double x : {-1.0, 0.0, 4.0, 8.0, 16.0, 17.0}) {
         EXPECT_TRUE(SameBits(0, Degree({0, 0, 16, 16}, x, 0, 16)));
-        EXPECT_TRUE(CanBePaired({0, 0, 16, 16}, x, 0, 16));
     }
 }
 
 TEST_F(MembershipTest, ASinglePointCanBeTheUniverse) {
     EXPECT_TRUE(SameBits(1, Degree({0, 4, 4, 8}, 4, 4, 4)));
-    EXPECT_TRUE(CanBePaired({0, 4, 4, 8}, 4, 4, 4));
     EXPECT_TRUE(SameBits(0, Degree({0, 4, 4, 8}, Above(4), 4, 4)));
 }
 
@@ -170,14 +161,14 @@ TEST_F(MembershipTest, TakesPointsOutOfOrderStepByStep) {
     };
     for (const DegreeCase& test : cases) {
         EXPECT_TRUE(SameBits(test.Degree, Degree(test.Points, test.X, 16, 0))) << test.X;
-        EXPECT_FALSE(CanBePaired(test.Points, test.X, 16, 0)) << test.X;
+        EXPECT_FALSE(RunTime::CanBePaired(test.Points)) << test.X;
     }
 }
 
 TEST_F(MembershipTest, IsNotANumberOnAFlankWiderThanTheRange) {
-    constexpr std::array<double, 4> Wide = {-1.5e308, 1.5e308, 1.5e308, 1.6e308};
+    constexpr TrapezoidPoints Wide = {-1.5e308, 1.5e308, 1.5e308, 1.6e308};
     EXPECT_TRUE(std::isnan(Degree(Wide, 0, 1.6e308, -1.6e308)));
-    EXPECT_FALSE(CanBePaired(Wide, 0, 1.6e308, -1.6e308));
+    EXPECT_FALSE(RunTime::CanBePaired(Wide));
     EXPECT_TRUE(std::isnan(Degree({-1.6e308, -1.5e308, -1.5e308, 1.5e308}, 0, 1e308, -1e308)));
     // The flank is not looked at where x is on the other side or on the shoulder.
     EXPECT_TRUE(SameBits(1, Degree(Wide, 1.5e308, 1.6e308, -1.6e308)));
@@ -192,12 +183,10 @@ TEST_F(MembershipTest, NeverDividesByZeroNorLeavesTheRangeOfDegrees) {
             for (const double p3 : numbers) {
                 for (const double p4 : numbers) {
                     for (const double x : numbers) {
-                        const std::array points = {p1, p2, p3, p4};
+                        const TrapezoidPoints points = {p1, p2, p3, p4};
                         const double degree = Degree(points, x, 2, -2);
                         ASSERT_TRUE(degree >= 0 && degree <= 1);
-                        if (p1 < p2 && p2 < p3 && p3 < p4) {
-                            ASSERT_TRUE(CanBePaired(points, x, 2, -2));
-                        }
+                        ASSERT_EQ(RunTime::CanBePaired(points), p1 <= p2 && p2 <= p3 && p3 <= p4);
                     }
                 }
             }

@@ -18,8 +18,6 @@ constexpr TextView Outputs = u"Valve/10/0/Shut,0;Half,5;Open,10|Fan/3/-2/Off,-2"
 constexpr TextView Rules = u"Temp>Cold;Rate>[NONE]/Valve<Open;Fan<Off:1|"
                            u"Temp>Hot;Rate>High/Valve<Shut;Fan<[NONE]:0.5";
 
-using Points = std::array<double, 4>;
-
 TEST_F(ParseDefinitionTest, ReadsVariablesWithTheirTermsInOrder) {
     Parse(Inputs, Outputs, Rules);
     ASSERT_EQ(KeysOf(*State().InputVariables), (std::vector<Text>{u"Temp", u"Rate"}));
@@ -29,13 +27,14 @@ TEST_F(ParseDefinitionTest, ReadsVariablesWithTheirTermsInOrder) {
     EXPECT_EQ(temp.LBound, 0);
     ASSERT_EQ(KeysOf(temp.MF), (std::vector<Text>{u"Cold", u"Hot"}));
     EXPECT_EQ(temp.MF.At(u"Hot").Name, u"Hot");
-    EXPECT_EQ(temp.MF.At(u"Hot").Points, (Points{30, 60, 100, 100}));
-    EXPECT_EQ(State().InputVariables->At(u"Rate").MF.At(u"Low").Points, (Points{-1, -1, -0.5, 0}));
+    EXPECT_EQ(temp.MF.At(u"Hot").Points, (TrapezoidPoints{30, 60, 100, 100}));
+    EXPECT_EQ(State().InputVariables->At(u"Rate").MF.At(u"Low").Points,
+              (TrapezoidPoints{-1, -1, -0.5, 0}));
 
     ASSERT_EQ(KeysOf(*State().OutputVariables), (std::vector<Text>{u"Valve", u"Fan"}));
     const LinguisticVariable& valve = State().OutputVariables->At(u"Valve");
     EXPECT_EQ(KeysOf(valve.MF), (std::vector<Text>{u"Shut", u"Half", u"Open"}));
-    EXPECT_EQ(valve.MF.At(u"Half").Points, (Points{5, 5, 5, 5}));
+    EXPECT_EQ(valve.MF.At(u"Half").Points, (TrapezoidPoints{5, 5, 5, 5}));
 }
 
 TEST_F(ParseDefinitionTest, StartsInputsAtTheirLowerBoundsAndOutputsAtTheirMidpoints) {
@@ -129,8 +128,8 @@ TEST_F(ParseDefinitionTest, TakesBlanksAsPartsOfNamesAndNumbers) {
 
 TEST_F(ParseDefinitionTest, IgnoresFieldsBeyondTheLast) {
     Parse(u"X/8/0/A,1,2,3,4,5,x/more/yet", u"Y/1/0/B,1,x/more", u"");
-    EXPECT_EQ(State().InputVariables->At(u"X").MF.At(u"A").Points, (Points{1, 2, 3, 4}));
-    EXPECT_EQ(State().OutputVariables->At(u"Y").MF.At(u"B").Points, (Points{1, 1, 1, 1}));
+    EXPECT_EQ(State().InputVariables->At(u"X").MF.At(u"A").Points, (TrapezoidPoints{1, 2, 3, 4}));
+    EXPECT_EQ(State().OutputVariables->At(u"Y").MF.At(u"B").Points, (TrapezoidPoints{1, 1, 1, 1}));
 }
 
 TEST_F(ParseDefinitionTest, ReadsAnEmptyTermListAsNoTerms) {
@@ -144,7 +143,8 @@ TEST_F(ParseDefinitionTest, ReadsNumbersWithAPointInEveryLocale) {
     const PlatformInUse inUse(german);
     Parse(u"X/1.5/0/A,0,0.25,1E-05,1D0", u"", u"");
     EXPECT_EQ(State().InputVariables->At(u"X").UBound, 1.5);
-    EXPECT_EQ(State().InputVariables->At(u"X").MF.At(u"A").Points, (Points{0, 0.25, 1e-5, 1}));
+    EXPECT_EQ(State().InputVariables->At(u"X").MF.At(u"A").Points,
+              (TrapezoidPoints{0, 0.25, 1e-5, 1}));
 }
 
 TEST_F(ParseDefinitionTest, RaisesThePlatformsErrorForABadText) {

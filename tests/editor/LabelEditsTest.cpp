@@ -286,7 +286,7 @@ TEST_F(LabelEditsTest, APointEditRecomputesTheExtentOfItsVariable) {
     const LinguisticVariable& output = State().OutputVariables->At(u"D");
     EXPECT_TRUE(Edit(Side::Output, u"D\\P\\Point", u"80"));
     EXPECT_EQ(std::pair(output.Min, output.Max), std::pair(75.0, 80.0));
-    EXPECT_EQ(output.MF.At(u"P").Points, (std::array{80.0, 80.0, 80.0, 80.0}));
+    EXPECT_EQ(output.MF.At(u"P").Points, (TrapezoidPoints{80, 80, 80, 80}));
     // The new extent is the limit of the bounds.
     EXPECT_FALSE(Edit(Side::Output, u"D\\100", u"79"));
     EXPECT_EQ(Prompts.Take(), Refusal(u"Enter a number greater than 80!"));

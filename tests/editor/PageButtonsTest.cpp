@@ -136,7 +136,7 @@ TEST_F(PageButtonsTest, AddingAVariableAsksAndEmptiesTheRules) {
     EXPECT_EQ((std::array{added.UBound, added.LBound, added.Max, added.Min}),
               (std::array{1.0, -1.0, 0.6, -0.6}));
     EXPECT_EQ(KeysOf(added.MF), Texts({u"MF_1"}));
-    EXPECT_EQ(added.MF.At(u"MF_1").Points, (std::array{-0.6, -0.2, 0.2, 0.6}));
+    EXPECT_EQ(added.MF.At(u"MF_1").Points, (TrapezoidPoints{-0.6, -0.2, 0.2, 0.6}));
     EXPECT_EQ(ModelTexts(), (PlainTexts{Text(Inputs) + u"|Input_1/1/-1/MF_1,-0.6,-0.2,0.2,0.6",
                                         Text(Outputs), u""}));
     EXPECT_EQ(InputTree.Take(), Texts({u"Insert Input_1", u"Select Input_1"}));
