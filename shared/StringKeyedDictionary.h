@@ -9,6 +9,7 @@
 
 #include "shared/ChangeStamp.h"
 #include "shared/FisError.h"
+#include "shared/PoolAllocator.h"
 #include "shared/Text.h"
 
 namespace Quorvane {
@@ -39,11 +40,12 @@ class StringKeyedDictionary {
         [[no_unique_address]] Value Item;
     };
 
-    using const_iterator = typename std::list<Entry>::const_iterator;
-    using iterator = typename std::list<Entry>::iterator;
+    using Entries = std::list<Entry, PoolAllocator<Entry>>;
+    using const_iterator = typename Entries::const_iterator;
+    using iterator = typename Entries::iterator;
 
     explicit StringKeyedDictionary(KeyComparison comparison)
-        : index_(0, KeyHash{comparison}, KeyEqual{comparison}) {}
+        : index_(0, KeyHash{comparison}, KeyEqual{comparison}, entries_.get_allocator()) {}
 
     StringKeyedDictionary(StringKeyedDictionary&&) noexcept = default;
     StringKeyedDictionary& operator=(StringKeyedDictionary&&) noexcept = default;
@@ -163,7 +165,7 @@ class StringKeyedDictionary {
     /// whose end comes back to the dictionary finds it whole.
     void RemoveAll() {
         ChangeStamp::Advance();
-        std::list<Entry> removed;
+        Entries removed(entries_.get_allocator());
         removed.swap(entries_);
         index_.clear();
     }
@@ -174,7 +176,7 @@ class StringKeyedDictionary {
             throw FisError(RuntimeError::InvalidCall);
         }
         ChangeStamp::Advance();
-        index_ = Index(0, KeyHash{comparison}, KeyEqual{comparison});
+        index_ = Index(0, KeyHash{comparison}, KeyEqual{comparison}, entries_.get_allocator());
     }
 
     const_iterator begin() const { return entries_.begin(); }
@@ -186,7 +188,8 @@ class StringKeyedDictionary {
 
   private:
     // The list keeps order and addresses; the index finds an entry by a view of its own key.
-    using Index = std::unordered_map<TextView, iterator, KeyHash, KeyEqual>;
+    using Index = std::unordered_map<TextView, iterator, KeyHash, KeyEqual,
+                                     PoolAllocator<std::pair<const TextView, iterator>>>;
 
     /// Advances the stamp when the dictionary ends or its entries move to another.
     struct Life {
@@ -201,7 +204,7 @@ class StringKeyedDictionary {
         ~Life() { ChangeStamp::Advance(); }
     };
 
-    std::list<Entry> entries_;
+    Entries entries_;
     Index index_;
     Life life_;
 };
