@@ -17,6 +17,9 @@ class RuleBitSets {
     // Sets keep their addresses when they move.
     RuleBitSets(RuleBitSets&&) = default;
     RuleBitSets& operator=(RuleBitSets&&) = default;
+    RuleBitSets(const RuleBitSets&) = delete;
+    RuleBitSets& operator=(const RuleBitSets&) = delete;
+    ~RuleBitSets() = default;
 
     /// An input has new degrees.
     void Update(const RuleTables& tables, std::size_t input);

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "model/LinguisticVariable.h"
+#include "shared/PoolAllocator.h"
 #include "shared/StringKeyedDictionary.h"
 #include "shared/TextServices.h"
 #include "shared/ValueDictionary.h"
@@ -22,7 +23,8 @@ using VariableDictionary = StringKeyedDictionary<LinguisticVariable>;
 
 /// A rule is held as its text alone, the key; there is nothing else to tell of it.
 struct RuleContent {};
-using RuleDictionary = StringKeyedDictionary<RuleContent>;
+/// The rules, of which there can be tens of thousands.
+using RuleDictionary = StringKeyedDictionary<RuleContent, PoolAllocator>;
 
 namespace Definition {
 

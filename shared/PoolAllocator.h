@@ -9,10 +9,10 @@
 
 namespace Quorvane {
 
-/// Puts the nodes of a container side by side, in a few blocks of the heap. Tens of thousands with
-/// a block each would be slow to get and to give back, and would lie far apart. Copies of an
-/// allocator share its pool, which lives as long as one of them: a container that moves leaves the
-/// other one usable.
+/// Puts the nodes of a large container side by side, in a few blocks of the heap. Tens of thousands
+/// with a block each would be slow to get and to give back, and would lie far apart. For a few it
+/// would be a waste. Copies of an allocator share its pool, which lives as long as one of them: a
+/// container that moves leaves the other one usable.
 template <class T>
 class PoolAllocator {
   public:
@@ -28,10 +28,10 @@ class PoolAllocator {
     ~PoolAllocator() = default;
 
     T* allocate(std::size_t count) {
-        return static_cast<T*>(pool_->allocate(count * sizeof(T), alignof(T)));
+        return std::pmr::polymorphic_allocator<T>(pool_.get()).allocate(count);
     }
     void deallocate(T* first, std::size_t count) noexcept {
-        pool_->deallocate(first, count * sizeof(T), alignof(T));
+        std::pmr::polymorphic_allocator<T>(pool_.get()).deallocate(first, count);
     }
 
     template <class Other>

@@ -4,12 +4,12 @@
 
 #include <cstddef>
 #include <list>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 
 #include "shared/ChangeStamp.h"
 #include "shared/FisError.h"
-#include "shared/PoolAllocator.h"
 #include "shared/Text.h"
 
 namespace Quorvane {
@@ -31,8 +31,9 @@ struct KeyEqual {
 
 /// A dictionary with text keys. Enumeration yields the entries in the order in which they were
 /// added; replacing a value or a key keeps the entry's place. Operations on one entry take constant
-/// time, and an entry stays where it is in memory until it is removed.
-template <class Value>
+/// time, and an entry stays where it is in memory, which the allocator provides, until it is
+/// removed.
+template <class Value, template <class> class Allocator = std::allocator>
 class StringKeyedDictionary {
   public:
     struct Entry {
@@ -40,7 +41,7 @@ class StringKeyedDictionary {
         [[no_unique_address]] Value Item;
     };
 
-    using Entries = std::list<Entry, PoolAllocator<Entry>>;
+    using Entries = std::list<Entry, Allocator<Entry>>;
     using const_iterator = typename Entries::const_iterator;
     using iterator = typename Entries::iterator;
 
@@ -189,7 +190,7 @@ class StringKeyedDictionary {
   private:
     // The list keeps order and addresses; the index finds an entry by a view of its own key.
     using Index = std::unordered_map<TextView, iterator, KeyHash, KeyEqual,
-                                     PoolAllocator<std::pair<const TextView, iterator>>>;
+                                     Allocator<std::pair<const TextView, iterator>>>;
 
     /// Advances the stamp when the dictionary ends or its entries move to another.
     struct Life {

@@ -80,8 +80,8 @@ testing::AssertionResult IsNumber(double expected, const Value& actual);
 testing::AssertionResult SameValue(const Value& expected, const Value& actual);
 
 /// The keys of a dictionary in their order.
-template <class Item>
-std::vector<Text> KeysOf(const StringKeyedDictionary<Item>& dictionary) {
+template <class Dictionary>
+std::vector<Text> KeysOf(const Dictionary& dictionary) {
     std::vector<Text> keys;
     for (const auto& entry : dictionary) {
         keys.push_back(entry.Key);

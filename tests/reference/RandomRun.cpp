@@ -15,16 +15,16 @@ namespace {
 using Definition::State;
 
 /// An entry of a dictionary, or nullptr when it is empty.
-template <class Item>
-auto PickEntry(Choices& choices, StringKeyedDictionary<Item>& dictionary) {
+template <class Dictionary>
+auto PickEntry(Choices& choices, Dictionary& dictionary) {
     auto entry = dictionary.begin();
     std::advance(entry, choices.Below(static_cast<std::uint32_t>(dictionary.Count())));
     return entry == dictionary.end() ? nullptr : &*entry;
 }
 
 /// Gives an entry a name that is new, or its old name in capitals.
-template <class Item>
-void Rename(Choices& choices, StringKeyedDictionary<Item>& dictionary) {
+template <class Dictionary>
+void Rename(Choices& choices, Dictionary& dictionary) {
     if (const auto* const entry = PickEntry(choices, dictionary)) {
         Text name = entry->Key;
         if (choices.Percent(50)) {
@@ -38,8 +38,8 @@ void Rename(Choices& choices, StringKeyedDictionary<Item>& dictionary) {
     }
 }
 
-template <class Item>
-void RemoveOne(Choices& choices, StringKeyedDictionary<Item>& dictionary) {
+template <class Dictionary>
+void RemoveOne(Choices& choices, Dictionary& dictionary) {
     if (const auto* const entry = PickEntry(choices, dictionary)) {
         dictionary.Remove(Text(entry->Key));
     }
