@@ -7,7 +7,6 @@
 #include <optional>
 
 #include "model/LinguisticVariable.h"
-#include "shared/PoolAllocator.h"
 #include "shared/StringKeyedDictionary.h"
 #include "shared/TextServices.h"
 #include "shared/ValueDictionary.h"
@@ -24,7 +23,7 @@ using VariableDictionary = StringKeyedDictionary<LinguisticVariable>;
 /// A rule is held as its text alone, the key; there is nothing else to tell of it.
 struct RuleContent {};
 /// The rules, of which there can be tens of thousands.
-using RuleDictionary = StringKeyedDictionary<RuleContent, PoolAllocator>;
+using RuleDictionary = StringKeyedDictionary<RuleContent, PooledNodes>;
 
 namespace Definition {
 

@@ -4,12 +4,12 @@
 
 #include <cstddef>
 #include <list>
-#include <memory>
 #include <unordered_map>
 #include <utility>
 
 #include "shared/ChangeStamp.h"
 #include "shared/FisError.h"
+#include "shared/NodeMemory.h"
 #include "shared/Text.h"
 
 namespace Quorvane {
@@ -31,9 +31,8 @@ struct KeyEqual {
 
 /// A dictionary with text keys. Enumeration yields the entries in the order in which they were
 /// added; replacing a value or a key keeps the entry's place. Operations on one entry take constant
-/// time, and an entry stays where it is in memory, which the allocator provides, until it is
-/// removed.
-template <class Value, template <class> class Allocator = std::allocator>
+/// time, and an entry stays where it is in memory until it is removed.
+template <class Value, class Nodes = HeapNodes>
 class StringKeyedDictionary {
   public:
     struct Entry {
@@ -41,7 +40,7 @@ class StringKeyedDictionary {
         [[no_unique_address]] Value Item;
     };
 
-    using Entries = std::list<Entry, Allocator<Entry>>;
+    using Entries = std::list<Entry, typename Nodes::template Allocator<Entry>>;
     using const_iterator = typename Entries::const_iterator;
     using iterator = typename Entries::iterator;
 
@@ -49,7 +48,13 @@ class StringKeyedDictionary {
         : index_(0, KeyHash{comparison}, KeyEqual{comparison}, entries_.get_allocator()) {}
 
     StringKeyedDictionary(StringKeyedDictionary&&) noexcept = default;
-    StringKeyedDictionary& operator=(StringKeyedDictionary&&) noexcept = default;
+    StringKeyedDictionary& operator=(StringKeyedDictionary&& other) noexcept {
+        // The index first: the entries own the memory of both.
+        index_ = std::move(other.index_);
+        entries_ = std::move(other.entries_);
+        life_ = std::move(other.life_);
+        return *this;
+    }
     StringKeyedDictionary(const StringKeyedDictionary& other)
         : StringKeyedDictionary(other.Comparison()) {
         for (const Entry& entry : other) {
@@ -188,9 +193,11 @@ class StringKeyedDictionary {
     iterator end() { return entries_.end(); }
 
   private:
-    // The list keeps order and addresses; the index finds an entry by a view of its own key.
-    using Index = std::unordered_map<TextView, iterator, KeyHash, KeyEqual,
-                                     Allocator<std::pair<const TextView, iterator>>>;
+    // The list keeps order and addresses; the index finds an entry by a view of its own key. It
+    // borrows the memory: GCC's node handles never release an allocator that owns something.
+    using Index =
+        std::unordered_map<TextView, iterator, KeyHash, KeyEqual,
+                           typename Nodes::template Borrower<std::pair<const TextView, iterator>>>;
 
     /// Advances the stamp when the dictionary ends or its entries move to another.
     struct Life {

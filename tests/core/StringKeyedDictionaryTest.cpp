@@ -229,6 +229,53 @@ TEST(StringKeyedDictionary, MovesWithItsEntriesInPlace) {
     EXPECT_EQ(KeysOf(assigned), (Keys{u"a", u"b"}));
 }
 
+TEST(StringKeyedDictionary, PooledNodesMoveWithTheirPool) {
+    using Pooled = StringKeyedDictionary<std::size_t, PooledNodes>;
+    static constexpr std::size_t Count = 1000;
+    const auto fill = [](Pooled& dictionary, const Text& stem) {
+        for (std::size_t i = 0; i < Count; ++i) {
+            dictionary.Add(stem + Widen(std::to_string(i)), i);
+        }
+    };
+    const auto expectFilled = [](const Pooled& dictionary, const Text& stem) {
+        EXPECT_EQ(dictionary.Count(), Count);
+        std::size_t i = 0;
+        for (const auto& [key, item] : dictionary) {
+            EXPECT_EQ(item, i);
+            EXPECT_EQ(dictionary.Find(stem + Widen(std::to_string(i))), &item);
+            ++i;
+        }
+    };
+    std::optional<Pooled> original(KeyComparison::Exact);
+    fill(*original, u"a");
+    const std::size_t* const item = original->Find(u"a7");
+    Pooled moved(std::move(*original));
+    // What was moved from is usable, and ends without the other one.
+    original->RemoveAll();
+    fill(*original, u"b");
+    expectFilled(*original, u"b");
+    original.reset();
+    EXPECT_EQ(moved.Find(u"a7"), item);
+    expectFilled(moved, u"a");
+
+    // The entries of the one that is assigned to end with their pool.
+    Pooled assigned(KeyComparison::IgnoreCase);
+    fill(assigned, u"c");
+    assigned = std::move(moved);
+    EXPECT_EQ(assigned.Find(u"a7"), item);
+    expectFilled(assigned, u"a");
+    assigned.Rekey(u"a7", u"x7");
+    assigned.Remove(u"a8");
+    EXPECT_EQ(assigned.Find(u"x7"), item);
+    EXPECT_FALSE(assigned.Exists(u"a7"));
+    const Pooled copy(assigned);
+    assigned.RemoveAll();
+    fill(assigned, u"d");
+    expectFilled(assigned, u"d");
+    EXPECT_EQ(copy.Count(), Count - 1);
+    EXPECT_EQ(copy.At(u"x7"), 7U);
+}
+
 TEST(StringKeyedDictionary, EntriesStayWhereTheyAreWhileOthersComeAndGo) {
     StringKeyedDictionary<std::unique_ptr<int>> dictionary(KeyComparison::Exact);
     const auto& item = dictionary.Add(u"kept", std::make_unique<int>(5));
