@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "model/LinguisticVariable.h"
+#include "shared/PooledNodes.h"
 #include "shared/StringKeyedDictionary.h"
 #include "shared/TextServices.h"
 #include "shared/ValueDictionary.h"

@@ -4,12 +4,12 @@
 
 #include <cstddef>
 #include <list>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 
 #include "shared/ChangeStamp.h"
 #include "shared/FisError.h"
-#include "shared/NodeMemory.h"
 #include "shared/Text.h"
 
 namespace Quorvane {
@@ -29,6 +29,14 @@ struct KeyEqual {
     bool operator()(TextView left, TextView right) const noexcept;
 };
 
+/// Where the nodes of a dictionary lie: each in a block of the heap.
+struct HeapNodes {
+    template <class T>
+    using Allocator = std::allocator<T>;
+
+    static Allocator<std::byte> Get() noexcept { return {}; }
+};
+
 /// A dictionary with text keys. Enumeration yields the entries in the order in which they were
 /// added; replacing a value or a key keeps the entry's place. Operations on one entry take constant
 /// time, and an entry stays where it is in memory until it is removed.
@@ -45,14 +53,22 @@ class StringKeyedDictionary {
     using iterator = typename Entries::iterator;
 
     explicit StringKeyedDictionary(KeyComparison comparison)
-        : index_(0, KeyHash{comparison}, KeyEqual{comparison}, entries_.get_allocator()) {}
+        : index_(0, KeyHash{comparison}, KeyEqual{comparison}, nodes_.Get()) {}
 
-    StringKeyedDictionary(StringKeyedDictionary&&) noexcept = default;
+    /// The other one stays usable, and empty.
+    StringKeyedDictionary(StringKeyedDictionary&& other) noexcept
+        : nodes_(other.nodes_), entries_(std::move(other.entries_)),
+          index_(std::move(other.index_)) {
+        ChangeStamp::Advance();
+    }
     StringKeyedDictionary& operator=(StringKeyedDictionary&& other) noexcept {
-        // The index first: the entries own the memory of both.
-        index_ = std::move(other.index_);
-        entries_ = std::move(other.entries_);
-        life_ = std::move(other.life_);
+        if (this != &other) {
+            // Made anew, as a pool stays with its nodes. The former values end last, for the end of
+            // one may come back here.
+            const StringKeyedDictionary former(std::move(*this));
+            std::destroy_at(this);
+            std::construct_at(this, std::move(other));
+        }
         return *this;
     }
     StringKeyedDictionary(const StringKeyedDictionary& other)
@@ -65,7 +81,7 @@ class StringKeyedDictionary {
         *this = StringKeyedDictionary(other);
         return *this;
     }
-    ~StringKeyedDictionary() = default;
+    ~StringKeyedDictionary() { ChangeStamp::Advance(); }
 
     KeyComparison Comparison() const { return index_.key_eq().Comparison; }
     std::size_t Count() const { return entries_.size(); }
@@ -171,7 +187,8 @@ class StringKeyedDictionary {
     /// whose end comes back to the dictionary finds it whole.
     void RemoveAll() {
         ChangeStamp::Advance();
-        Entries removed(entries_.get_allocator());
+        const Nodes nodes = nodes_;
+        Entries removed(nodes.Get());
         removed.swap(entries_);
         index_.clear();
     }
@@ -182,7 +199,7 @@ class StringKeyedDictionary {
             throw FisError(RuntimeError::InvalidCall);
         }
         ChangeStamp::Advance();
-        index_ = Index(0, KeyHash{comparison}, KeyEqual{comparison}, entries_.get_allocator());
+        index_ = Index(0, KeyHash{comparison}, KeyEqual{comparison}, nodes_.Get());
     }
 
     const_iterator begin() const { return entries_.begin(); }
@@ -193,28 +210,14 @@ class StringKeyedDictionary {
     iterator end() { return entries_.end(); }
 
   private:
-    // The list keeps order and addresses; the index finds an entry by a view of its own key. It
-    // borrows the memory: GCC's node handles never release an allocator that owns something.
+    // The list keeps order and addresses; the index finds an entry by a view of its own key.
     using Index =
         std::unordered_map<TextView, iterator, KeyHash, KeyEqual,
-                           typename Nodes::template Borrower<std::pair<const TextView, iterator>>>;
+                           typename Nodes::template Allocator<std::pair<const TextView, iterator>>>;
 
-    /// Advances the stamp when the dictionary ends or its entries move to another.
-    struct Life {
-        Life() = default;
-        Life(const Life&) = delete;
-        Life& operator=(const Life&) = delete;
-        Life(Life&&) noexcept { ChangeStamp::Advance(); }
-        Life& operator=(Life&&) noexcept {
-            ChangeStamp::Advance();
-            return *this;
-        }
-        ~Life() { ChangeStamp::Advance(); }
-    };
-
-    Entries entries_;
+    [[no_unique_address]] Nodes nodes_;
+    Entries entries_{nodes_.Get()};
     Index index_;
-    Life life_;
 };
 
 } // namespace Quorvane
