@@ -38,6 +38,7 @@ class RuleEditor {
 
     const RulePanel& Panel(Side side) const { return side == Side::Input ? inputs_ : outputs_; }
     const RuleList& Rows() const { return rows_; }
+    /// Where there are rows, one is selected.
     std::optional<std::size_t> SelectedRow() const { return selected_; }
     const Text& Weight() const { return weight_; }
     bool CanAdd() const { return canAdd_; }

@@ -88,14 +88,17 @@ int RuleListView::NaturalWidth() const {
 
 void RuleListView::Reflect() {
     const Win::Raised showing(isShowing_);
-    // First, as the list may paint at once what it scrolls: then all of it, and once.
-    ::InvalidateRect(Window(), nullptr, FALSE);
+    // First, as the list may paint at once what it scrolls: then all of it, and once. The header
+    // stays as it is.
+    ::RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_NOCHILDREN);
     const auto count = static_cast<int>(editor_.Rows().Count());
     if (ListView_GetItemCount(Window()) != count) {
-        ListView_SetItemCountEx(Window(), count, LVSICF_NOSCROLL);
+        ListView_SetItemCountEx(Window(), count, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
     }
     ShowOrder();
-    SelectRow(editor_.SelectedRow());
+    if (const auto row = editor_.SelectedRow()) {
+        SelectRow(*row);
+    }
 }
 
 /// An arrow in the header of the column that the rows are sorted by.
@@ -132,24 +135,16 @@ void RuleListView::ShowColumn(std::size_t column) const {
     }
 }
 
-void RuleListView::SelectRow(std::optional<std::size_t> row) const {
-    constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
-    if (row) {
-        // The list, one of a single selection, takes it from the former row by itself.
-        const auto index = static_cast<int>(*row);
-        ListView_SetItemState(Window(), index, Both, Both);
-        ListView_EnsureVisible(Window(), index, FALSE);
-        return;
+void RuleListView::SelectRow(std::size_t row) const {
+    constexpr UINT Marks = LVIS_SELECTED | LVIS_FOCUSED;
+    const auto index = static_cast<int>(row);
+    // A list that is left to find the former row may go through tens of thousands for it.
+    const int former = ListView_GetNextItem(Window(), -1, LVNI_FOCUSED);
+    if (former >= 0 && former != index) {
+        ListView_SetItemState(Window(), former, 0, Marks);
     }
-    // Told of one row, not of all: the list may go through tens of thousands for that.
-    constexpr std::pair<UINT, UINT> Marks[] = {{LVIS_SELECTED, LVNI_SELECTED},
-                                               {LVIS_FOCUSED, LVNI_FOCUSED}};
-    for (const auto& [state, which] : Marks) {
-        const int index = ListView_GetNextItem(Window(), -1, which);
-        if (index >= 0) {
-            ListView_SetItemState(Window(), index, 0, state);
-        }
-    }
+    ListView_SetItemState(Window(), index, Marks, Marks);
+    ListView_EnsureVisible(Window(), index, FALSE);
 }
 
 LRESULT RuleListView::OnNotify(NMHDR& header) {

@@ -55,7 +55,7 @@ class RuleListView {
     void ShowOrder() const;
     void ShowColumn(std::size_t column) const;
     bool TakesKey(WPARAM key) const;
-    void SelectRow(std::optional<std::size_t> row) const;
+    void SelectRow(std::size_t row) const;
     void FillCell(LVITEMW& item);
     LRESULT CustomDraw(NMLVCUSTOMDRAW& draw) const;
 
