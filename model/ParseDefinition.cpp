@@ -77,7 +77,7 @@ void ParseRules(TextView plain, RuleDictionary& rules) {
     const auto pieces = Split(plain, u'|');
     rules.Reserve(pieces.size());
     for (const TextView rule : pieces) {
-        rules.Add(Text(rule));
+        rules.Add(rule);
     }
 }
 

@@ -5,22 +5,28 @@
 #include <cstddef>
 #include <memory>
 #include <memory_resource>
+#include <string>
+
+#include "shared/Text.h"
 
 namespace Quorvane {
 
-/// Nodes of a dictionary lie side by side, in a few blocks of the heap. Tens of thousands with a
-/// block each would be slow to get and to give back, and would lie far apart; for a few, a pool
-/// would be a waste. Copies share the pool, which lives as long as one of them.
+/// Nodes of a dictionary lie side by side, with their keys, in a few blocks of the heap. Tens of
+/// thousands with blocks of their own would be slow to get and to give back, and would lie far
+/// apart; for a few, a pool would be a waste. Copies share the pool, which lives as long as one of
+/// them.
 class PooledNodes {
   public:
+    template <class T>
+    using Allocator = std::pmr::polymorphic_allocator<T>;
+    using Key = std::pmr::u16string;
+    using NewKey = TextView;
+
     PooledNodes() = default;
     // Where a dictionary moves, the pool is shared, too: the other one stays usable.
     PooledNodes(const PooledNodes&) = default;
     PooledNodes& operator=(const PooledNodes&) = default;
     ~PooledNodes() = default;
-
-    template <class T>
-    using Allocator = std::pmr::polymorphic_allocator<T>;
 
     Allocator<std::byte> Get() const noexcept { return pool_.get(); }
 
@@ -33,10 +39,13 @@ class PooledNodes {
 #else
     using Pool = std::pmr::unsynchronized_pool_resource;
 
+    // The heap keeps blocks of this size; larger ones it would get from the system each time.
+    static constexpr std::size_t NodesInBlock = 1024;
     // What is larger, such as the table of a hash index, comes from the heap.
-    static constexpr std::size_t LargestNode = 256;
+    static constexpr std::size_t LargestNode = 4096;
 
-    std::shared_ptr<Pool> pool_ = std::make_shared<Pool>(std::pmr::pool_options{0, LargestNode});
+    std::shared_ptr<Pool> pool_ =
+        std::make_shared<Pool>(std::pmr::pool_options{NodesInBlock, LargestNode});
 #endif
 };
 

@@ -29,10 +29,13 @@ struct KeyEqual {
     bool operator()(TextView left, TextView right) const noexcept;
 };
 
-/// Where the nodes of a dictionary lie: each in a block of the heap.
+/// Where the nodes of a dictionary lie: each in a block of the heap, and its key in another.
 struct HeapNodes {
     template <class T>
     using Allocator = std::allocator<T>;
+    using Key = Text;
+    /// What a new key is given as.
+    using NewKey = Text;
 
     static Allocator<std::byte> Get() noexcept { return {}; }
 };
@@ -43,8 +46,11 @@ struct HeapNodes {
 template <class Value, class Nodes = HeapNodes>
 class StringKeyedDictionary {
   public:
+    using Key = typename Nodes::Key;
+    using NewKey = typename Nodes::NewKey;
+
     struct Entry {
-        Text Key;
+        typename Nodes::Key Key;
         [[no_unique_address]] Value Item;
     };
 
@@ -91,9 +97,9 @@ class StringKeyedDictionary {
     void Reserve(std::size_t count) { index_.reserve(count); }
 
     /// Adds an entry at the end and returns its value. Raises DuplicateKey when the key exists.
-    Value& Add(Text key, Value value = {}) {
+    Value& Add(NewKey key, Value value = {}) {
         ChangeStamp::Advance();
-        entries_.push_back({std::move(key), std::move(value)});
+        entries_.push_back({Key(std::move(key), nodes_.Get()), std::move(value)});
         const auto added = std::prev(entries_.end());
         try {
             if (!index_.emplace(added->Key, added).second) {
@@ -133,13 +139,13 @@ class StringKeyedDictionary {
         if (Value* const existing = Find(key)) {
             return *existing = std::move(value);
         }
-        return Add(Text(key), std::move(value));
+        return Add(NewKey(key), std::move(value));
     }
 
     /// Gives an entry another key, in its place. Raises MissingKey when there is no such entry and
     /// DuplicateKey when another entry has the new key; either way nothing changes. A new key that
     /// equals the old one under the dictionary's comparison is taken as the new spelling.
-    void Rekey(TextView oldKey, Text newKey) {
+    void Rekey(TextView oldKey, NewKey newKey) {
         const auto found = index_.find(oldKey);
         if (found == index_.end()) {
             throw FisError(RuntimeError::MissingKey);
@@ -149,11 +155,11 @@ class StringKeyedDictionary {
             throw FisError(RuntimeError::DuplicateKey);
         }
         ChangeStamp::Advance();
+        Key key(std::move(newKey), nodes_.Get());
         // The index views the key's characters, so the node leaves it while they change.
         auto node = index_.extract(found);
-        Text& key = node.mapped()->Key;
-        key = std::move(newKey);
-        node.key() = key;
+        node.mapped()->Key = std::move(key);
+        node.key() = node.mapped()->Key;
         index_.insert(std::move(node));
     }
 

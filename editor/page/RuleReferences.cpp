@@ -45,11 +45,11 @@ bool RenameInRules(TextView oldText, TextView newText) {
     // A new table rather than one re-keying after the other: two rules may trade texts on the way.
     RuleDictionary renamed(KeyComparison::IgnoreCase);
     for (const auto& [rule, content] : Rules()) {
-        Text text = ReplaceAll(rule, oldText, newText);
+        const Text text = ReplaceAll(rule, oldText, newText);
         if (renamed.Exists(text)) {
             return false;
         }
-        renamed.Add(std::move(text));
+        renamed.Add(text);
     }
     Rules() = std::move(renamed);
     return true;

@@ -46,7 +46,7 @@ void RuleList::Fill(const RuleDictionary& rules) {
     rows_.clear();
     rows_.reserve(rules.Count());
     for (const auto& [rule, content] : rules) {
-        Append(rule);
+        Append(Text(rule));
     }
     ApplyOrder();
 }

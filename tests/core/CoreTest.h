@@ -84,7 +84,7 @@ template <class Dictionary>
 std::vector<Text> KeysOf(const Dictionary& dictionary) {
     std::vector<Text> keys;
     for (const auto& entry : dictionary) {
-        keys.push_back(entry.Key);
+        keys.emplace_back(entry.Key);
     }
     return keys;
 }

@@ -232,42 +232,46 @@ TEST(StringKeyedDictionary, MovesWithItsEntriesInPlace) {
 TEST(StringKeyedDictionary, PooledNodesMoveWithTheirPool) {
     using Pooled = StringKeyedDictionary<std::size_t, PooledNodes>;
     static constexpr std::size_t Count = 1000;
-    const auto fill = [](Pooled& dictionary, const Text& stem) {
+    // Some keys are short enough for their nodes, some lie in the pool, some are too long for it.
+    const auto keyOf = [](const Text& stem, std::size_t i) {
+        return stem + Widen(std::to_string(i)) + Text(3 * (i % 3) * i, u'.');
+    };
+    const auto fill = [&keyOf](Pooled& dictionary, const Text& stem) {
         for (std::size_t i = 0; i < Count; ++i) {
-            dictionary.Add(stem + Widen(std::to_string(i)), i);
+            dictionary.Add(keyOf(stem, i), i);
         }
     };
-    const auto expectFilled = [](const Pooled& dictionary, const Text& stem) {
+    const auto expectFilled = [&keyOf](const Pooled& dictionary, const Text& stem) {
         EXPECT_EQ(dictionary.Count(), Count);
         std::size_t i = 0;
         for (const auto& [key, item] : dictionary) {
             EXPECT_EQ(item, i);
-            EXPECT_EQ(dictionary.Find(stem + Widen(std::to_string(i))), &item);
+            EXPECT_EQ(dictionary.Find(keyOf(stem, i)), &item);
             ++i;
         }
     };
     std::optional<Pooled> original(KeyComparison::Exact);
     fill(*original, u"a");
-    const std::size_t* const item = original->Find(u"a7");
+    const std::size_t* const item = original->Find(keyOf(u"a", 7));
     Pooled moved(std::move(*original));
     // What was moved from is usable, and ends without the other one.
     original->RemoveAll();
     fill(*original, u"b");
     expectFilled(*original, u"b");
     original.reset();
-    EXPECT_EQ(moved.Find(u"a7"), item);
+    EXPECT_EQ(moved.Find(keyOf(u"a", 7)), item);
     expectFilled(moved, u"a");
 
     // The entries of the one that is assigned to end with their pool.
     Pooled assigned(KeyComparison::IgnoreCase);
     fill(assigned, u"c");
     assigned = std::move(moved);
-    EXPECT_EQ(assigned.Find(u"a7"), item);
+    EXPECT_EQ(assigned.Find(keyOf(u"a", 7)), item);
     expectFilled(assigned, u"a");
-    assigned.Rekey(u"a7", u"x7");
-    assigned.Remove(u"a8");
+    assigned.Rekey(keyOf(u"a", 7), u"x7");
+    assigned.Remove(keyOf(u"a", 8));
     EXPECT_EQ(assigned.Find(u"x7"), item);
-    EXPECT_FALSE(assigned.Exists(u"a7"));
+    EXPECT_FALSE(assigned.Exists(keyOf(u"a", 7)));
     const Pooled copy(assigned);
     assigned.RemoveAll();
     fill(assigned, u"d");

@@ -173,7 +173,7 @@ void RandomRun::EditRules() {
     if (choices_.Percent(50)) {
         RemoveOne(choices_, rules);
     } else if (const auto* const entry = PickEntry(choices_, rules)) {
-        const Text rule = entry->Key + u'0';
+        const Text rule = Text(entry->Key) + u'0';
         if (!rules.Exists(rule)) {
             rules.Add(rule);
         }
