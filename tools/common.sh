@@ -39,5 +39,5 @@ build_quietly() {
     say "Building $1"
     [ $# -gt 1 ] || set -- "$1" all
     logged "configure-$1" cmake --preset "$1" &&
-        logged "build-$1" cmake --build --preset "$1" --target "${@:2}" -- --quiet
+        logged "build-$1" nice cmake --build --preset "$1" --target "${@:2}" -- --quiet
 }

@@ -14,10 +14,24 @@ run_tests() {
     need build windows wine check
     # Tests know the texts and numbers of this locale; those of a comma set one themselves.
     export LC_ALL=C.UTF-8
+    # shellcheck disable=SC2046
+    start_builds $(for suite in ${1:-$SUITES}; do presets_of "$suite"; done)
     for suite in ${1:-$SUITES}; do
         run_suite "$suite" "${2:-*}" "${3:-*}" || true
     done
     print_totals
+}
+
+# presets_of SUITE: what has to be built for it
+presets_of() {
+    case $1 in
+        tidy) echo lint ;;
+        asan) echo core-asan ;;
+        native | fuzz) echo "$1" ;;
+        x64) echo mingw64 ;;
+        x86) echo mingw32 ;;
+        products) echo mingw64 mingw32 ;;
+    esac
 }
 
 run_suite() {
@@ -49,7 +63,7 @@ check() {
 }
 
 build_or_fail() {
-    build_quietly "$1" && return
+    await_build "$1" && return
     count 0 1 0
     failure "build of $1" "cmake --preset $1 && cmake --build --preset $1"
     return 1
@@ -74,7 +88,7 @@ check_format() {
 }
 
 check_tidy() {
-    check "static checks" "cmake --build --preset $1" build_quietly "$1"
+    check "static checks" "cmake --build --preset $1" await_build "$1"
 }
 
 # run_programs PRESET SUITE PROGRAM FILTER: build, then run the GoogleTest programs of the preset
