@@ -3,6 +3,7 @@
 #include "engine/ArrangeRules.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -53,12 +54,14 @@ void GroupByOutput(RuleTables& tables) {
     tables.IsGroupedByOutput = !tables.UsedOutputs.empty();
 }
 
+// Products are computed in 64 bits: those of a hostile rule base can be beyond 32.
+
 void EvenOutAntecedents(RuleTables& tables) {
     std::size_t most = 0;
     for (std::size_t rule = 0; rule < tables.RuleCount(); ++rule) {
         most = std::max(most, tables.AntecedentsOf(rule).size());
     }
-    if (most * tables.RuleCount() > 2 * tables.Antecedents.size()) {
+    if (std::uint64_t{most} * tables.RuleCount() > 2 * tables.Antecedents.size()) {
         return;
     }
     const auto one = static_cast<std::uint32_t>(tables.Degrees.size() - 1);
@@ -75,7 +78,7 @@ void EvenOutAntecedents(RuleTables& tables) {
 
 bool NamesEveryOutput(const RuleTables& tables) {
     const std::size_t outputCount = tables.UsedOutputs.size();
-    if (tables.Outputs.size() != tables.RuleCount() * outputCount) {
+    if (tables.Outputs.size() != std::uint64_t{outputCount} * tables.RuleCount()) {
         return false;
     }
     for (std::size_t i = 0; i < tables.Outputs.size(); ++i) {

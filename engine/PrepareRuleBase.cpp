@@ -50,8 +50,7 @@ class TableBuilder {
         Split(rule, u':', pieces_);
         RequirePieces(pieces_, 2);
         const TextView body = pieces_[0];
-        const TextView number = pieces_[1];
-        const double weight = weights_.Find(0, number, [number] { return ParseNumber(number); });
+        const double weight = ParseNumber(pieces_[1]);
         Split(body, u'/', pieces_);
         RequirePieces(pieces_, 2);
         const TextView antecedents = pieces_[0];
@@ -204,7 +203,6 @@ class TableBuilder {
 
     ElementIndex<Antecedent> antecedents_;
     ElementIndex<Consequent> consequents_;
-    ElementIndex<double> weights_;
     NameIndex inputs_{KeyComparison::Exact};
     /// For each input, its terms with their numbers; for each number, where the term belongs.
     std::vector<NameIndex> terms_;

@@ -33,7 +33,7 @@ const HashKey& SecretKey() {
     return key;
 }
 
-/// What the rounds of SipHash and of its smaller sister begin with, and turn by.
+/// What SipHash and HalfSipHash begin with, and turn by in each round.
 struct SipNumbers {
     std::array<std::uint64_t, 4> Start;
     std::array<int, 6> Turns;
@@ -64,7 +64,7 @@ class SipHash {
         Round();
         Round();
         Round();
-        return v0_ ^ v1_ ^ v2_ ^ v3_;
+        return WordBits == 64 ? v0_ ^ v1_ ^ v2_ ^ v3_ : v1_ ^ v3_;
     }
 
   private:

@@ -1,20 +1,34 @@
 # SPDX-License-Identifier: MIT
 # Builds in the background, one after the other: most tests leave a processor idle.
 
-# How each build ended, and where those that end are told of.
+# How the builds that have ended ended, by preset; the pipe that tells of each; the process group.
 declare -A BUILT
-BUILDS=
+BUILDS='' BUILDER=''
 
-# start_builds PRESET...: build them in turn
+# start_builds PRESET...: build them in turn. What goes on when the script exits is stopped.
 start_builds() {
-    local preset ended=out/log/builds
-    rm -f "$ended"
-    mkfifo "$ended"
-    for preset in "$@"; do
-        build_quietly "$preset" && echo "$preset 0" >&4 || echo "$preset 1" >&4
-    done 4>"$ended" 9>&- &
-    exec {BUILDS}<"$ended"
+    local pipe=out/log/builds
+    rm -f "$pipe"
+    mkfifo "$pipe"
+    set -m # a process group of its own
+    build_all "$@" 4>"$pipe" &
+    set +m
+    BUILDER=$!
+    at_exit stop_builds
+    exec {BUILDS}<"$pipe"
+    rm "$pipe"
 }
+
+build_all() {
+    local preset started=
+    for preset in "$@"; do
+        case " $started " in *" $preset "*) continue ;; esac
+        started+=" $preset"
+        if build_quietly "$preset"; then echo "$preset 0" >&4; else echo "$preset 1" >&4; fi
+    done
+}
+
+stop_builds() { kill -- "-$BUILDER" 2>/dev/null || true; }
 
 # await_build PRESET: whether the build, one of those that were started, succeeds
 await_build() {

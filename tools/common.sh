@@ -17,8 +17,15 @@ can_be_root() {
     [ "$(id -u)" = 0 ] || sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; }
 }
 
+# at_exit COMMAND: run it, too, when the script exits.
+EXIT_STEPS=()
+at_exit() {
+    EXIT_STEPS+=("$1")
+    trap 'for step in "${EXIT_STEPS[@]}"; do "$step"; done' EXIT
+}
+
 # lock_project SECONDS: one command at a time in this folder, waiting so long for another to end.
-# Background helpers close descriptor 9.
+# Background helpers close descriptor 9; builds keep it.
 lock_project() {
     mkdir -p out/log
     exec 9>out/.lock

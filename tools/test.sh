@@ -37,11 +37,8 @@ presets_of() {
 run_suite() {
     case $1 in
         format) check_format ;;
-        tidy) check_tidy lint ;;
-        asan) run_programs core-asan "$@" ;;
-        native) run_programs native "$@" ;;
-        x64) run_programs mingw64 "$@" ;;
-        x86) run_programs mingw32 "$@" ;;
+        tidy) check_tidy "$(presets_of tidy)" ;;
+        asan | native | x64 | x86) run_programs "$(presets_of "$1")" "$@" ;;
         fuzz) run_fuzzers 5 ;;
         products) check_products ;;
     esac
@@ -62,7 +59,7 @@ check() {
     if "${@:3}"; then count 1 0 0; else count 0 1 0 && failure "$1" "$2"; fi
 }
 
-build_or_fail() {
+built_or_failed() {
     await_build "$1" && return
     count 0 1 0
     failure "build of $1" "cmake --preset $1 && cmake --build --preset $1"
@@ -91,10 +88,11 @@ check_tidy() {
     check "static checks" "cmake --build --preset $1" await_build "$1"
 }
 
-# run_programs PRESET SUITE PROGRAM FILTER: build, then run the GoogleTest programs of the preset
+# run_programs PRESET SUITE PROGRAM FILTER: await the build, then run the GoogleTest programs of the
+# preset
 run_programs() {
     local preset=$1 suite=$2 pattern=$3 filter=$4 program run=()
-    build_or_fail "$preset" || return
+    built_or_failed "$preset" || return
     case $suite in
         x64 | x86)
             wine_start "$suite" || { skip_suite "$suite"; return; }
@@ -144,7 +142,7 @@ run_gtest() {
 # run_fuzzers SECONDS: every fuzzer that long; each is one case
 run_fuzzers() {
     local program name
-    build_or_fail fuzz || return
+    built_or_failed fuzz || return
     for program in out/build/fuzz/fuzzers/*; do
         name=${program##*/}
         say "Running $name for $1 s"
@@ -157,8 +155,10 @@ run_fuzzers() {
 
 # The products need system DLLs and nothing else.
 check_products() {
-    local product
-    build_or_fail mingw64 && build_or_fail mingw32 || return
+    local preset product
+    for preset in $(presets_of products); do
+        built_or_failed "$preset" || return
+    done
     say "Checking what the products import"
     for product in out/x64/*.ocx out/x64/*.exe out/x86/*.ocx out/x86/*.exe; do
         check "imports of $product" "./quorvane test products" only_system_imports "$product"

@@ -76,8 +76,8 @@ RuleEditor::RuleEditor(Prompt& prompt, bool changed)
 }
 
 void RuleEditor::FillRows() {
-    rows_.Fill(Rules());
     selected_.reset();
+    rows_.Fill(Rules());
     if (const auto last = rows_.FindNumber(rows_.Count())) {
         SelectRow(*last);
     }

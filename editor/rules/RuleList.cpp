@@ -43,11 +43,12 @@ RuleList::Row RuleList::MakeRow(std::size_t number, Text rule) {
 }
 
 void RuleList::Fill(const RuleDictionary& rules) {
-    rows_.clear();
-    rows_.reserve(rules.Count());
+    std::vector<Row> rows;
+    rows.reserve(rules.Count());
     for (const auto& [rule, content] : rules) {
-        Append(Text(rule));
+        rows.push_back(MakeRow(rows.size() + 1, Text(rule)));
     }
+    rows_ = std::move(rows);
     ApplyOrder();
 }
 

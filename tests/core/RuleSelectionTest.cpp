@@ -177,9 +177,10 @@ TEST_F(RuleSelectionTest, GridsWithGapsFreeInputsAndSeveralRulesOfOneCombination
     }
 }
 
-TEST_F(RuleSelectionTest, SparseRuleBasesOfEverySizeAroundAMachineWord) {
+TEST_F(RuleSelectionTest, SparseRuleBasesOfEverySizeAroundAWordAndABlock) {
     Random random(9);
-    for (const std::size_t count : {1U, 2U, 31U, 32U, 33U, 63U, 64U, 65U, 127U, 128U, 129U, 200U}) {
+    for (const std::size_t count : {1U, 2U, 31U, 32U, 33U, 63U, 64U, 65U, 127U, 128U, 129U, 200U,
+                                    255U, 256U, 257U, 511U, 512U, 513U}) {
         SCOPED_TRACE(count);
         // Twelve inputs of five terms have far more combinations than there are rules.
         StringKeyedDictionary<bool> rules(KeyComparison::Exact);

@@ -272,6 +272,11 @@ TEST(StringKeyedDictionary, PooledNodesMoveWithTheirPool) {
     assigned.Remove(keyOf(u"a", 8));
     EXPECT_EQ(assigned.Find(u"x7"), item);
     EXPECT_FALSE(assigned.Exists(keyOf(u"a", 7)));
+    const TextView own = std::prev(assigned.end())->Key;
+    const Text shortened(own.substr(1));
+    assigned.Rekey(own, own.substr(1));
+    EXPECT_EQ(assigned.At(shortened), Count - 1);
+    EXPECT_EQ(TextView(std::prev(assigned.end())->Key), shortened);
     const Pooled copy(assigned);
     assigned.RemoveAll();
     fill(assigned, u"d");

@@ -196,6 +196,19 @@ int ArrowColumn(const RuleEditorHands& editor) {
     return found;
 }
 
+TEST_F(RuleEditorKeysTest, TheFocusComesBackToTheRowOfTheRule) {
+    Work(TwoInputs, [](const RuleEditorHands& editor) {
+        editor.ClickRow(1);
+        // As Ctrl+End leaves it on Windows.
+        ListView_SetItemState(editor.Rules(), 3, LVIS_FOCUSED, LVIS_FOCUSED);
+        ASSERT_EQ(editor.SelectedRow(), 1);
+        editor.ClickHeader(0);
+        EXPECT_EQ(editor.SelectedRow(), 1);
+        EXPECT_EQ(ListView_GetSelectedCount(editor.Rules()), 1);
+        EXPECT_EQ(ListView_GetNextItem(editor.Rules(), -1, LVNI_FOCUSED), 1);
+    });
+}
+
 TEST_F(RuleEditorKeysTest, ControlAndTheArrowKeysSort) {
     Work(TwoInputs, [](const RuleEditorHands& editor) {
         editor.ClickRow(0);

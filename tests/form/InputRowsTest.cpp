@@ -110,12 +110,12 @@ TEST_F(InputRows, EqualBoundsLeaveOneValue) {
 
 TEST_F(InputRows, ABatchOfManyInputsHasNoPicture) {
     HWND const picture = ChildOfClass(program_.RunPanel(), WindowClass::Picture);
-    const Picture before = PictureOfClient(picture);
+    const Picture before = RestingPictureOfClient(picture);
     program_.SetField(program_.Field(1), L"2");
     program_.RunBatch(1, Folder());
     EXPECT_EQ(program_.EventCount(L"FIS.InferComplate"), 64);
     EXPECT_TRUE(WaitFor([&] { return PictureOfClient(picture).Pixels != before.Pixels; }, 5000));
-    EXPECT_LE(PictureOfClient(picture).ColorCount(), 16U);
+    EXPECT_LE(RestingPictureOfClient(picture).ColorCount(), 16U);
     EXPECT_TRUE(TopWindows(program_.ProcessId(), WindowClass::Dialog).empty());
 }
 

@@ -78,9 +78,9 @@ TEST_F(RunMode, ShowsValuesInTheControlOnceDataShowIsOn) {
     HWND const inputs = ChildOfClass(program_.Surface(), WC_LISTVIEWW);
     ASSERT_NE(inputs, nullptr);
     program_.SetField(program_.Field(0), L"1.5");
-    const Picture former = PictureOfClient(inputs);
+    const Picture former = RestingPictureOfClient(inputs);
     Fire();
-    EXPECT_EQ(PictureOfClient(inputs).Pixels, former.Pixels);
+    EXPECT_EQ(RestingPictureOfClient(inputs).Pixels, former.Pixels);
     Click(Panel(Id::DataShow));
     Fire();
     EXPECT_TRUE(WaitFor([&] { return PictureOfClient(inputs).Pixels != former.Pixels; }, 5000));
@@ -88,7 +88,7 @@ TEST_F(RunMode, ShowsValuesInTheControlOnceDataShowIsOn) {
 
 TEST_F(RunMode, ABatchWritesItsFilesAndDrawsTheirSurface) {
     HWND const picture = ChildOfClass(program_.RunPanel(), WindowClass::Picture);
-    EXPECT_LE(PictureOfClient(picture).ColorCount(), 16U) << "no surface yet";
+    EXPECT_LE(RestingPictureOfClient(picture).ColorCount(), 16U) << "no surface yet";
     program_.RunBatch(10, Folder());
     EXPECT_EQ(program_.EventCount(L"FIS.InferComplate"), 121);
     for (const wchar_t* const name : {L"InData.txt", L"OutData.txt"}) {
@@ -97,7 +97,7 @@ TEST_F(RunMode, ABatchWritesItsFilesAndDrawsTheirSurface) {
     }
     // Tiles from blue over green to yellow.
     EXPECT_TRUE(WaitFor([&] { return PictureOfClient(picture).ColorCount() > 30; }, 5000));
-    const Picture valve = PictureOfClient(picture);
+    const Picture valve = RestingPictureOfClient(picture);
     FocusByClick(Panel(Id::OutputChoice));
     Press(VK_ESCAPE);
     Press(VK_DOWN);
@@ -110,14 +110,14 @@ TEST_F(RunMode, ThePictureIsThatOfABatchOfItsOwn) {
     std::ofstream(Folder() / L"InData.txt") << "1\n\n2\n";
     std::ofstream(Folder() / L"OutData.txt") << "5\n\n6\n";
     HWND const picture = ChildOfClass(program_.RunPanel(), WindowClass::Picture);
-    const Picture before = PictureOfClient(picture);
+    const Picture before = RestingPictureOfClient(picture);
     HWND const choice = Panel(Id::OutputChoice);
     FocusByClick(choice);
     Press(VK_ESCAPE);
     Press(VK_DOWN);
     Expect("the other output is chosen",
            [&] { return SendMessageW(choice, CB_GETCURSEL, 0, 0) == 1; });
-    EXPECT_EQ(PictureOfClient(picture).Pixels, before.Pixels);
+    EXPECT_EQ(RestingPictureOfClient(picture).Pixels, before.Pixels);
     EXPECT_TRUE(TopWindows(program_.ProcessId(), WindowClass::Dialog).empty());
     program_.RunBatch(10, Folder());
     EXPECT_TRUE(WaitFor([&] { return PictureOfClient(picture).ColorCount() > 30; }, 5000));
@@ -213,7 +213,7 @@ TEST_F(RunMode, ShowsThePageOfARunningControlWithoutLettingItEdit) {
     EXPECT_FALSE(IsWindowEnabled(page.Button(Id::CmdAdd)));
     EXPECT_FALSE(IsWindowEnabled(page.Button(Id::CmdModify)));
     EXPECT_FALSE(IsWindowEnabled(page.Button(Id::CmdRule)));
-    EXPECT_GT(PictureOfClient(page.Button(Id::PicMF)).ColorCount(), 5U);
+    EXPECT_GT(RestingPictureOfClient(page.Button(Id::PicMF)).ColorCount(), 5U);
     program_.Answer(page.Frame(), Id::Ok);
 }
 

@@ -87,6 +87,19 @@ Picture PictureOfClient(HWND window) {
     return PictureOfScreen(area);
 }
 
+Picture RestingPictureOfClient(HWND window) {
+    constexpr DWORD Rest = 150;
+    Picture picture;
+    Expect("the window is painted", [&] {
+        const bool isPainted = !GetUpdateRect(window, nullptr, FALSE);
+        picture = PictureOfClient(window);
+        // What is painted is on the screen a little later.
+        Sleep(Rest);
+        return isPainted && PictureOfClient(window).Pixels == picture.Pixels;
+    });
+    return picture;
+}
+
 void SavePng(const Picture& picture, const std::filesystem::path& path) {
     std::filesystem::create_directories(path.parent_path());
     Owned<IWICImagingFactory> factory;

@@ -24,6 +24,10 @@ struct Picture {
 Picture PictureOf(HWND window);
 Picture PictureOfClient(HWND window);
 
+/// What the screen shows of the client area once the window is painted and its picture rests.
+/// Throws DriveError.
+Picture RestingPictureOfClient(HWND window);
+
 /// Writes a PNG file and makes its folder if need be. Throws DriveError.
 void SavePng(const Picture& picture, const std::filesystem::path& path);
 
