@@ -134,7 +134,7 @@ class DisplayPainter {
     }
 
     /// The lines under the rows, whether or not these are used, and between the columns.
-    void DrawGrid(const RECT& rows, int pitch, int columnWidth) const noexcept {
+    void DrawGrid(const RECT& rows, LONG pitch, int columnWidth) const noexcept {
         const COLORREF color = ::GetSysColor(COLOR_BTNFACE);
         const int line = Line();
         for (LONG bottom = rows.top + pitch; bottom <= rows.bottom; bottom += pitch) {
@@ -160,7 +160,7 @@ class DisplayPainter {
         const COLORREF color = face.Enabled ? ToColorRef(face.ForeColor, DefaultForeColor)
                                             : ::GetSysColor(COLOR_GRAYTEXT);
         RECT row{inner.left, headerBottom, inner.right, headerBottom + line + Units(1)};
-        const int pitch = row.bottom - row.top;
+        const LONG pitch = std::max<LONG>(row.bottom - row.top, 1);
         DrawGrid({inner.left, headerBottom, inner.right, inner.bottom}, pitch, box.ColumnWidth);
         for (const ListRow& texts : face.Rows) {
             if (row.top >= inner.bottom) {

@@ -12,9 +12,9 @@
 namespace Quorvane::RunTime {
 namespace {
 
-/// The most points of an axis whose texts are kept: the same come up again and again, but memory
-/// does not grow with the number of points.
-constexpr std::int32_t MostKeptTexts = 4096;
+/// The most coordinates of all axes together whose texts are kept: the same come up again and
+/// again, but memory grows neither with the number of points nor with that of the axes.
+constexpr std::size_t MostKeptTexts = 16384;
 
 /// The most characters of a coordinate and the "," after it.
 constexpr std::size_t MostCharacters = 24;
@@ -24,6 +24,7 @@ struct AxisPosition {
     GridAxis Axis;
     std::int32_t Divisions;
     double Step;
+    std::size_t KeptTexts;
     std::int32_t Index = 0;
     /// The length of the point's text up to and without this axis' value.
     std::size_t PrefixSize = 0;
@@ -43,7 +44,7 @@ struct AxisPosition {
         const NumberCharacters text(Coordinate());
         point += text.View();
         // Points come in order, so the first time this is the next one.
-        if (Index < MostKeptTexts) {
+        if (index < KeptTexts) {
             Texts.push_back(text);
         }
     }
@@ -51,6 +52,8 @@ struct AxisPosition {
 
 std::vector<AxisPosition> StartPositions(const std::vector<GridAxis>& axes,
                                          std::int32_t divisions) {
+    const std::size_t keptTexts =
+        std::min(MostKeptTexts / axes.size(), static_cast<std::size_t>(divisions) + 1);
     std::vector<AxisPosition> positions;
     positions.reserve(axes.size());
     for (const GridAxis& axis : axes) {
@@ -58,9 +61,8 @@ std::vector<AxisPosition> StartPositions(const std::vector<GridAxis>& axes,
         if (!std::isfinite(step)) {
             throw FisError(RuntimeError::Overflow);
         }
-        positions.push_back({axis, divisions, step});
-        positions.back().Texts.reserve(
-            static_cast<std::size_t>(std::min(divisions, MostKeptTexts - 1)) + 1);
+        positions.push_back({axis, divisions, step, keptTexts});
+        positions.back().Texts.reserve(keptTexts);
     }
     return positions;
 }

@@ -25,9 +25,14 @@ double Finite(double result) {
 /// registers for it.
 [[gnu::noinline]] void PutOutput(RulesInUse& rules, std::uint32_t index, Value value) {
     rules.Keep();
+    const UsedOutput& output = rules->UsedOutputs[index];
+    const bool isThere = output.Current != nullptr;
     const std::shared_ptr<OwnValueDictionary> values = Definition::State().OutputValues;
-    Definition::Require(values).Put(rules->UsedOutputs[index].Name, std::move(value));
-    rules.Refresh();
+    Definition::Require(values).Put(output.Name, std::move(value));
+    // One that is added runs no code and moves no other: thousands of them need no look each.
+    if (isThere) {
+        rules.Refresh();
+    }
 }
 
 void SetOutput(RulesInUse& rules, std::uint32_t index, double value) {

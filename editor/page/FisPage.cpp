@@ -99,8 +99,10 @@ void FisPage::FillTree(Side side) {
     auto root = MakeTree(side);
     edited_ = nullptr;
     Tree& filled = tree(side);
-    filled.Control.Show(*root);
-    filled.Root = std::move(root);
+    // The control has the former nodes until it shows the new ones, and these even if that fails.
+    const auto former = std::exchange(filled.Root, std::move(root));
+    filled.Selected = filled.Root.get();
+    filled.Control.Show(*filled.Root);
     NodeClick(side, *filled.Root);
 }
 

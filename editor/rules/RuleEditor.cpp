@@ -171,6 +171,7 @@ void RuleEditor::Reweigh(std::size_t row, Text rule) {
     RemoveRule(rule);
     Rules().Add(rule);
     if (mergesWithOther) {
+        selected_.reset();
         rows_.Fill(Rules());
         selected_ = rows_.FindRule(rule);
     } else {

@@ -113,6 +113,26 @@ TEST(GridWalk, StartsWithTheMostDivisionsThereAre) {
     EXPECT_TRUE(SameBits(2 * (1.0 / Most), recorder.Values[2][1]));
 }
 
+TEST(GridWalk, WritesTextsThatThereIsNoRoomToKeep) {
+    Recorder oneAxis;
+    WalkGrid({{0, 20000}}, 20000, oneAxis);
+    for (const std::size_t point : {0U, 16383U, 16384U, 16385U, 20000U}) {
+        EXPECT_EQ(oneAxis.Points[point], std::to_string(point));
+    }
+    constexpr std::size_t Axes = 20000;
+    Recorder manyAxes(4);
+    EXPECT_EQ(Raised([&] {
+                  WalkGrid(std::vector<GridAxis>(Axes, {0, 1}), 2, manyAxes);
+              }),
+              PlatformError(RuntimeError::InvalidCall));
+    std::string zeros;
+    for (std::size_t axis = 0; axis < Axes - 2; ++axis) {
+        zeros += "0,";
+    }
+    EXPECT_EQ(manyAxes.Points, (std::vector<std::string>{zeros + "0,0", zeros + "0,0.5",
+                                                         zeros + "0,1", zeros + "0.5,0"}));
+}
+
 TEST(GridWalk, WalksDownwardsWhereTheBoundsAreTheWrongWayRound) {
     Recorder recorder;
     WalkGrid({{8, 0}}, 4, recorder);

@@ -292,5 +292,26 @@ TEST_F(OutputValuesTest, AreWrittenWhateverAHostDoesToThem) {
     EXPECT_EQ(KeysOf(values.Items), std::vector<Text>{u"Y"});
 }
 
+using ManyOutputsTest = CoreTest;
+
+/// It would take minutes to look all names up again for each of them.
+TEST_F(ManyOutputsTest, ComeBackWhenAHostHasRemovedThem) {
+    constexpr int Count = 20000;
+    Text outputs;
+    Text rule;
+    for (int i = 0; i < Count; ++i) {
+        const Text name = u"O" + Widen(std::to_string(i));
+        outputs += (i > 0 ? u"|" : u"") + name + u"/4/0/P,3";
+        rule += (i > 0 ? u";" : u"X>A/") + name + (i % 2 == 0 ? u"<P" : u"<[NONE]");
+    }
+    Parse(u"X/8/0/A,0,0,8,8", outputs, rule + u":1");
+    RunTime::PrepareRuleBase();
+    State().OutputValues->Items.RemoveAll();
+    RunTime::Infer();
+    ASSERT_EQ(State().OutputValues->Items.Count(), Count);
+    EXPECT_TRUE(IsNumber(3, State().OutputValues->Get(u"O0")));
+    EXPECT_TRUE(IsNumber(2, State().OutputValues->Get(u"O19999")));
+}
+
 } // namespace
 } // namespace Quorvane
