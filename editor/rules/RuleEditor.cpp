@@ -94,10 +94,11 @@ void RuleEditor::SelectRow(std::size_t row) {
 }
 
 void RuleEditor::ShowTerms(Side side, TextView list) {
+    const auto terms = TermsOf(list, TraitsOf(side).TermMark);
     for (PanelRow& row : panel(side).Rows) {
-        const auto term = TermOf(list, TraitsOf(side).TermMark, row.Variable);
+        const TextView* const term = terms.Find(row.Variable);
         const auto item = std::ranges::find_if(
-            row.Items, [&term](const Text& name) { return term && SameName(name, *term); });
+            row.Items, [term](const Text& name) { return term && SameName(name, *term); });
         // A term that the variable lacks, in a damaged rule, chooses nothing: "[NONE]".
         row.Selected =
             item == row.Items.end() ? 0 : static_cast<std::size_t>(item - row.Items.begin());

@@ -37,6 +37,19 @@ std::optional<TextView> TermOf(TextView list, char16_t mark, TextView variable) 
     return std::nullopt;
 }
 
+StringKeyedDictionary<TextView> TermsOf(TextView list, char16_t mark) {
+    StringKeyedDictionary<TextView> terms(KeyComparison::IgnoreCase);
+    while (!list.empty()) {
+        const auto [element, rest] = Cut(list, u';');
+        const auto [name, term] = Cut(element, mark);
+        if (!terms.Exists(name)) {
+            terms.Add(Text(name), term);
+        }
+        list = rest;
+    }
+    return terms;
+}
+
 Text UserWeightText(TextView weight) {
     try {
         return UserNumberText(ParseNumber(weight));

@@ -29,6 +29,10 @@ RuleParts SplitRule(TextView rule);
 /// the variable.
 std::optional<TextView> TermOf(TextView list, char16_t mark, TextView variable);
 
+/// The terms that such a list gives, by variable: one reading of the list for all variables. They
+/// view the list.
+StringKeyedDictionary<TextView> TermsOf(TextView list, char16_t mark);
+
 /// A rule's weight as the user reads it: with the user's decimal separator. A weight that is no
 /// number stays as it is.
 Text UserWeightText(TextView weight);

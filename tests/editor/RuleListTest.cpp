@@ -84,6 +84,9 @@ TEST_F(RuleListTest, FindsTheTermOfAVariable) {
     };
     for (const auto& [list, variable, term] : cases) {
         EXPECT_EQ(TermOf(list, u'>', variable), term) << Narrow(list);
+        const auto terms = TermsOf(list, u'>');
+        const TextView* const found = terms.Find(variable);
+        EXPECT_EQ(found ? std::optional(*found) : std::nullopt, term) << Narrow(list);
     }
     EXPECT_EQ(TermOf(u"C<P;D<Q", u'<', u"D"), u"Q");
 }
