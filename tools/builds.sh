@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Builds in the background, one after the other: most tests leave a processor idle.
+# Builds in the background, one after the other: tests of the core leave a processor idle.
 
 # How the builds that have ended ended, by preset; the pipe that tells of each; the process group.
 declare -A BUILT
@@ -38,4 +38,12 @@ await_build() {
         BUILT[$preset]=$status
     done
     return "${BUILT[$1]}"
+}
+
+# await_builds: until all have ended
+await_builds() {
+    local preset status
+    while read -r -u "$BUILDS" preset status; do
+        BUILT[$preset]=$status
+    done
 }

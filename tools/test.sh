@@ -95,6 +95,8 @@ run_programs() {
     built_or_failed "$preset" || return
     case $suite in
         x64 | x86)
+            # Tests of windows, with mouse and keyboard, get the machine for themselves.
+            await_builds
             wine_start "$suite" || { skip_suite "$suite"; return; }
             run=(in_wine "$suite" 600 wine)
             ;;

@@ -103,14 +103,22 @@ void PageHands::EditChild(int tree, const Path& parent, int index, const std::ws
 void PageHands::PressAndConfirm(int tree, WORD key) const {
     HWND const window = Tree(tree);
     const int count = NodeCount(window);
-    Press(key);
-    Expect("the tree changes", [&] {
+    bool isAsked = false;
+    const auto changes = [&] {
         const auto questions = TopWindows(program_.ProcessId(), WindowClass::Dialog);
         if (!questions.empty()) {
+            isAsked = true;
             PostMessageW(questions.front(), WM_COMMAND, IDYES, 0);
         }
         return NodeCount(window) != count;
-    });
+    };
+    Press(key);
+    // A key that comes while the frame is getting the keyboard back is lost; a person tries again.
+    if (!WaitFor(changes, 3000) && !isAsked) {
+        Activate(frame_);
+        Press(key);
+    }
+    Expect("the tree changes", changes);
     Activate(frame_);
 }
 
