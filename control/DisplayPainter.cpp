@@ -160,6 +160,7 @@ class DisplayPainter {
         const COLORREF color = face.Enabled ? ToColorRef(face.ForeColor, DefaultForeColor)
                                             : ::GetSysColor(COLOR_GRAYTEXT);
         RECT row{inner.left, headerBottom, inner.right, headerBottom + line + Units(1)};
+        // Also where no handle is left to measure with: the rows have to come to an end.
         const LONG pitch = std::max<LONG>(row.bottom - row.top, 1);
         DrawGrid({inner.left, headerBottom, inner.right, inner.bottom}, pitch, box.ColumnWidth);
         for (const ListRow& texts : face.Rows) {

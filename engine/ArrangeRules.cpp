@@ -54,13 +54,12 @@ void GroupByOutput(RuleTables& tables) {
     tables.IsGroupedByOutput = !tables.UsedOutputs.empty();
 }
 
-// Products are computed in 64 bits: those of a hostile rule base can be beyond 32.
-
 void EvenOutAntecedents(RuleTables& tables) {
     std::size_t most = 0;
     for (std::size_t rule = 0; rule < tables.RuleCount(); ++rule) {
         most = std::max(most, tables.AntecedentsOf(rule).size());
     }
+    // In 64 bits: what a hostile rule base asks for can be beyond 32.
     if (std::uint64_t{most} * tables.RuleCount() > 2 * tables.Antecedents.size()) {
         return;
     }
@@ -78,6 +77,7 @@ void EvenOutAntecedents(RuleTables& tables) {
 
 bool NamesEveryOutput(const RuleTables& tables) {
     const std::size_t outputCount = tables.UsedOutputs.size();
+    // In 64 bits for the same reason.
     if (tables.Outputs.size() != std::uint64_t{outputCount} * tables.RuleCount()) {
         return false;
     }

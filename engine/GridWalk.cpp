@@ -24,11 +24,10 @@ struct AxisPosition {
     GridAxis Axis;
     std::int32_t Divisions;
     double Step;
-    std::size_t KeptTexts;
     std::int32_t Index = 0;
     /// The length of the point's text up to and without this axis' value.
     std::size_t PrefixSize = 0;
-    /// The texts of the first points.
+    /// The texts of the first points, as many as there is room for.
     std::vector<NumberCharacters> Texts{};
 
     double Coordinate() const {
@@ -44,7 +43,7 @@ struct AxisPosition {
         const NumberCharacters text(Coordinate());
         point += text.View();
         // Points come in order, so the first time this is the next one.
-        if (index < KeptTexts) {
+        if (Texts.size() < Texts.capacity()) {
             Texts.push_back(text);
         }
     }
@@ -61,7 +60,7 @@ std::vector<AxisPosition> StartPositions(const std::vector<GridAxis>& axes,
         if (!std::isfinite(step)) {
             throw FisError(RuntimeError::Overflow);
         }
-        positions.push_back({axis, divisions, step, keptTexts});
+        positions.push_back({axis, divisions, step});
         positions.back().Texts.reserve(keptTexts);
     }
     return positions;

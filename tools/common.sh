@@ -17,15 +17,8 @@ can_be_root() {
     [ "$(id -u)" = 0 ] || sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; }
 }
 
-# at_exit COMMAND: run it, too, when the script exits.
-EXIT_STEPS=()
-at_exit() {
-    EXIT_STEPS+=("$1")
-    trap 'for step in "${EXIT_STEPS[@]}"; do "$step"; done' EXIT
-}
-
 # lock_project SECONDS: one command at a time in this folder, waiting so long for another to end.
-# Background helpers close descriptor 9; builds keep it.
+# Background helpers close descriptor 9.
 lock_project() {
     mkdir -p out/log
     exec 9>out/.lock
@@ -46,5 +39,5 @@ build_quietly() {
     say "Building $1"
     [ $# -gt 1 ] || set -- "$1" all
     logged "configure-$1" cmake --preset "$1" &&
-        logged "build-$1" nice cmake --build --preset "$1" --target "${@:2}" -- --quiet
+        logged "build-$1" cmake --build --preset "$1" --target "${@:2}" -- --quiet
 }

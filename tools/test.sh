@@ -14,31 +14,20 @@ run_tests() {
     need build windows wine check
     # Tests know the texts and numbers of this locale; those of a comma set one themselves.
     export LC_ALL=C.UTF-8
-    # shellcheck disable=SC2046
-    start_builds $(for suite in ${1:-$SUITES}; do presets_of "$suite"; done)
     for suite in ${1:-$SUITES}; do
         run_suite "$suite" "${2:-*}" "${3:-*}" || true
     done
     print_totals
 }
 
-# presets_of SUITE: what has to be built for it
-presets_of() {
-    case $1 in
-        tidy) echo lint ;;
-        asan) echo core-asan ;;
-        native | fuzz) echo "$1" ;;
-        x64) echo mingw64 ;;
-        x86) echo mingw32 ;;
-        products) echo mingw64 mingw32 ;;
-    esac
-}
-
 run_suite() {
     case $1 in
         format) check_format ;;
-        tidy) check_tidy "$(presets_of tidy)" ;;
-        asan | native | x64 | x86) run_programs "$(presets_of "$1")" "$@" ;;
+        tidy) check_tidy lint ;;
+        asan) run_programs core-asan "$@" ;;
+        native) run_programs native "$@" ;;
+        x64) run_programs mingw64 "$@" ;;
+        x86) run_programs mingw32 "$@" ;;
         fuzz) run_fuzzers 5 ;;
         products) check_products ;;
     esac
@@ -59,8 +48,8 @@ check() {
     if "${@:3}"; then count 1 0 0; else count 0 1 0 && failure "$1" "$2"; fi
 }
 
-built_or_failed() {
-    await_build "$1" && return
+build_or_fail() {
+    build_quietly "$1" && return
     count 0 1 0
     failure "build of $1" "cmake --preset $1 && cmake --build --preset $1"
     return 1
@@ -85,18 +74,15 @@ check_format() {
 }
 
 check_tidy() {
-    check "static checks" "cmake --build --preset $1" await_build "$1"
+    check "static checks" "cmake --build --preset $1" build_quietly "$1"
 }
 
-# run_programs PRESET SUITE PROGRAM FILTER: await the build, then run the GoogleTest programs of the
-# preset
+# run_programs PRESET SUITE PROGRAM FILTER: build, then run the GoogleTest programs of the preset
 run_programs() {
     local preset=$1 suite=$2 pattern=$3 filter=$4 program run=()
-    built_or_failed "$preset" || return
+    build_or_fail "$preset" || return
     case $suite in
         x64 | x86)
-            # Tests of windows, with mouse and keyboard, get the machine for themselves.
-            await_builds
             wine_start "$suite" || { skip_suite "$suite"; return; }
             run=(in_wine "$suite" 600 wine)
             ;;
@@ -144,7 +130,7 @@ run_gtest() {
 # run_fuzzers SECONDS: every fuzzer that long; each is one case
 run_fuzzers() {
     local program name
-    built_or_failed fuzz || return
+    build_or_fail fuzz || return
     for program in out/build/fuzz/fuzzers/*; do
         name=${program##*/}
         say "Running $name for $1 s"
@@ -157,10 +143,8 @@ run_fuzzers() {
 
 # The products need system DLLs and nothing else.
 check_products() {
-    local preset product
-    for preset in $(presets_of products); do
-        built_or_failed "$preset" || return
-    done
+    local product
+    build_or_fail mingw64 && build_or_fail mingw32 || return
     say "Checking what the products import"
     for product in out/x64/*.ocx out/x64/*.exe out/x86/*.ocx out/x86/*.exe; do
         check "imports of $product" "./quorvane test products" only_system_imports "$product"

@@ -28,7 +28,7 @@ wine_start() {
     case " ${WINE_STARTED[*]} " in *" $arch "*) return ;; esac
     [ "$arch" = x64 ] || make_i386_root || return 1
     [ -n "${QUORVANE_DISPLAY:-}" ] || start_display || return 1
-    at_exit wine_stop
+    trap wine_stop EXIT
     mkdir -p out/wine
     # What an interrupted run may have left in our own prefix.
     in_wine "$arch" 60 wineserver -k >/dev/null 2>&1 || true
@@ -75,7 +75,7 @@ add_key() {
 start_display() {
     setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>out/log/display 2>out/log/xvfb.log 9>&- &
     HELPER_PIDS+=($!)
-    at_exit wine_stop
+    trap wine_stop EXIT
     for _ in $(seq 100); do
         [ ! -s out/log/display ] || break
         sleep 0.1

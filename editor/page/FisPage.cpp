@@ -99,7 +99,7 @@ void FisPage::FillTree(Side side) {
     auto root = MakeTree(side);
     edited_ = nullptr;
     Tree& filled = tree(side);
-    // The control has the former nodes until it shows the new ones, and these even if that fails.
+    // Both roots live on while the control goes from one to the other, which can fail on the way.
     const auto former = std::exchange(filled.Root, std::move(root));
     filled.Selected = filled.Root.get();
     filled.Control.Show(*filled.Root);

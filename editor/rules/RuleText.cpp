@@ -17,6 +17,13 @@ std::pair<TextView, TextView> Cut(TextView text, char16_t separator) {
                                 : std::pair(text.substr(0, at), text.substr(at + 1));
 }
 
+/// Takes the first element off a list: its variable and its term.
+std::pair<TextView, TextView> TakeElement(TextView& list, char16_t mark) {
+    const auto [element, rest] = Cut(list, u';');
+    list = rest;
+    return Cut(element, mark);
+}
+
 } // namespace
 
 RuleParts SplitRule(TextView rule) {
@@ -27,12 +34,10 @@ RuleParts SplitRule(TextView rule) {
 
 std::optional<TextView> TermOf(TextView list, char16_t mark, TextView variable) {
     while (!list.empty()) {
-        const auto [element, rest] = Cut(list, u';');
-        const auto [name, term] = Cut(element, mark);
+        const auto [name, term] = TakeElement(list, mark);
         if (SameName(name, variable)) {
             return term;
         }
-        list = rest;
     }
     return std::nullopt;
 }
@@ -40,12 +45,10 @@ std::optional<TextView> TermOf(TextView list, char16_t mark, TextView variable) 
 StringKeyedDictionary<TextView> TermsOf(TextView list, char16_t mark) {
     StringKeyedDictionary<TextView> terms(KeyComparison::IgnoreCase);
     while (!list.empty()) {
-        const auto [element, rest] = Cut(list, u';');
-        const auto [name, term] = Cut(element, mark);
+        const auto [name, term] = TakeElement(list, mark);
         if (!terms.Exists(name)) {
             terms.Add(Text(name), term);
         }
-        list = rest;
     }
     return terms;
 }

@@ -89,6 +89,19 @@ std::vector<Text> KeysOf(const Dictionary& dictionary) {
     return keys;
 }
 
+/// The pieces for 0, 1 and so on with the separator between them.
+template <class MakePiece>
+Text Listed(int count, char16_t separator, MakePiece makePiece) {
+    Text list;
+    for (int i = 0; i < count; ++i) {
+        if (i > 0) {
+            list += separator;
+        }
+        list += makePiece(Widen(std::to_string(i)));
+    }
+    return list;
+}
+
 inline std::string Narrow(TextView ascii) {
     std::string narrow;
     for (const char16_t character : ascii) {

@@ -297,14 +297,11 @@ using ManyOutputsTest = CoreTest;
 /// It would take minutes to look all names up again for each of them.
 TEST_F(ManyOutputsTest, ComeBackWhenAHostHasRemovedThem) {
     constexpr int Count = 20000;
-    Text outputs;
-    Text rule;
-    for (int i = 0; i < Count; ++i) {
-        const Text name = u"O" + Widen(std::to_string(i));
-        outputs += (i > 0 ? u"|" : u"") + name + u"/4/0/P,3";
-        rule += (i > 0 ? u";" : u"X>A/") + name + (i % 2 == 0 ? u"<P" : u"<[NONE]");
-    }
-    Parse(u"X/8/0/A,0,0,8,8", outputs, rule + u":1");
+    const Text outputs = Listed(Count, u'|', [](const Text& i) { return u"O" + i + u"/4/0/P,3"; });
+    const Text consequents = Listed(Count, u';', [](const Text& i) {
+        return u"O" + i + ((i.back() - u'0') % 2 == 0 ? u"<P" : u"<[NONE]");
+    });
+    Parse(u"X/8/0/A,0,0,8,8", outputs, u"X>A/" + consequents + u":1");
     RunTime::PrepareRuleBase();
     State().OutputValues->Items.RemoveAll();
     RunTime::Infer();

@@ -297,11 +297,7 @@ TEST_F(EngineTables, KeepTheOrderOfRulesThatSaySomethingOfSeveralOutputs) {
 TEST_F(EngineTables, AreNotEvenedOutForOneRuleOfVeryManyInputs) {
     // So many rules of so many inputs would be 2^32 antecedents, which 32 bits cannot tell from 0.
     constexpr int Count = 65536;
-    Text rules;
-    for (int i = 0; i < Count; ++i) {
-        rules += (i > 0 ? u";I" : u"I") + Widen(std::to_string(i)) + u">A";
-    }
-    rules += u"/Y<P:1";
+    Text rules = Listed(Count, u';', [](const Text& i) { return u"I" + i + u">A"; }) + u"/Y<P:1";
     for (int weight = 2; weight <= Count; ++weight) {
         rules += u"|I0>A/Y<P:" + Widen(std::to_string(weight));
     }
@@ -314,14 +310,9 @@ TEST_F(EngineTables, AreNotEvenedOutForOneRuleOfVeryManyInputs) {
 TEST_F(EngineTables, DoNotTakeOneRuleOfVeryManyOutputsForAll) {
     // Here 2^32 and the outputs of the first rule, which 32 bits cannot tell from these alone.
     constexpr int Count = 65536;
-    Text outputs;
-    Text first;
-    for (int i = 0; i < Count; ++i) {
-        const Text name = u"O" + Widen(std::to_string(i));
-        outputs += (i > 0 ? u"|" : u"") + name + u"/1/0/P,0";
-        first += (i > 0 ? u";" : u"") + name + u"<P";
-    }
-    Text rules = u"X>A/" + first + u":1";
+    const Text outputs = Listed(Count, u'|', [](const Text& i) { return u"O" + i + u"/1/0/P,0"; });
+    Text rules =
+        u"X>A/" + Listed(Count, u';', [](const Text& i) { return u"O" + i + u"<P"; }) + u":1";
     for (int weight = 2; weight <= Count + 1; ++weight) {
         rules += u"|X>A/O0<[NONE]:" + Widen(std::to_string(weight));
     }
