@@ -8,6 +8,7 @@
 
 #include "com/ErrorBoundary.h"
 #include "com/Scoped.h"
+#include "win/SlimLock.h"
 
 namespace Quorvane::Com {
 namespace {
@@ -19,7 +20,7 @@ std::atomic<LONG>& LockCount() {
 
 /// Which thread the instances live on, and how many they are.
 struct InstanceThread {
-    std::mutex Guard;
+    Win::SlimLock Guard;
     DWORD Thread = 0;
     LONG Instances = 0;
 };
