@@ -5,9 +5,6 @@
 #include <forward_list>
 #include <utility>
 
-#include "engine/PreparedRules.h"
-#include "text/GetText.h"
-
 namespace Quorvane::Definition {
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
@@ -42,20 +39,13 @@ void GiveUp() {
     state.RulesText = std::move(former.RulesText);
     state.HelpFile = std::move(former.HelpFile);
     state.LanguageId = former.LanguageId;
-    state.Platform = former.Platform;
 }
 
 void Reset() {
     ProcessState fresh;
-    fresh.Platform = State().Platform;
     // What was held is released when the old state leaves this scope, after the new one is in
     // place.
     std::swap(State(), fresh);
-}
-
-Text CurrentErrorText() {
-    const std::int32_t id = State().CurrentErrorId;
-    return id == 0 ? Text() : Main::GetText(id);
 }
 
 } // namespace Quorvane::Definition
