@@ -64,6 +64,8 @@ class ControlCore {
     virtual IUnknown* Unknown() noexcept = 0;
     /// The control's form in a stream; it is also that in a storage.
     virtual IPersistStreamInit& StreamForm() noexcept = 0;
+    /// The host has what is to be kept of the control: nothing has changed since.
+    virtual void SetClean() noexcept = 0;
 
     // The window of the class.
     /// Makes the window, hidden, at a position in the parent, in pixels. Throws.

@@ -113,6 +113,7 @@ class FISControl final
     const Com::ControlTraits& Traits() const noexcept override;
     IUnknown* Unknown() noexcept override { return ControllingUnknown(); }
     IPersistStreamInit& StreamForm() noexcept override { return *this; }
+    void SetClean() noexcept override { isDirty_ = false; }
     void OpenWindow(HWND parent, const RECT& position) override;
     void CloseWindow() noexcept override;
     HWND Window() const noexcept override { return display_.Surface(); }
@@ -143,6 +144,10 @@ class FISControl final
 
     /// The font of the form, or that of the user's dialogs where the host offers none.
     Com::ComPtr<IFontDisp> AmbientFont() const;
+
+    /// Lays out for the extent where there is no window: a window has the size that the host gives
+    /// it.
+    void FitToExtent() noexcept;
 
     void AmbientLocaleChanged();
     void AmbientBackColorChanged();

@@ -7,6 +7,7 @@
 #include "control/HelpFile.h"
 #include "control/display/DisplayPainter.h"
 #include "control/display/DisplayWindow.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 #include "win/Dpi.h"
 #include "win/HelpViewer.h"
@@ -76,7 +77,11 @@ void FISControl::Draw(HDC context, const RECT& bounds) {
 }
 
 void FISControl::ExtentChanged() {
-    // A window has the size that the host gives it.
+    isDirty_ = true;
+    FitToExtent();
+}
+
+void FISControl::FitToExtent() noexcept {
     if (!display_.Surface()) {
         display_.Resize(Win::TwipsOfHimetric(Extent().cx), Win::TwipsOfHimetric(Extent().cy));
     }
@@ -87,7 +92,7 @@ void FISControl::ShowStarted() noexcept {
         // Some hosts load a control that they have activated.
         display_.ShowFonts();
     } else {
-        ExtentChanged();
+        FitToExtent();
     }
     ShowAppearance();
 }
@@ -121,12 +126,14 @@ void FISControl::ShowAppearance() noexcept {
 
 void FISControl::TellIfWindowless() noexcept {
     if (!display_.Surface()) {
+        const DefaultArithmetic::Pause pause;
         ViewChanged();
     }
 }
 
 void FISControl::FillVariableLists() {
     display_.FillVariableLists();
+    const DefaultArithmetic::Pause pause;
     ViewChanged();
 }
 

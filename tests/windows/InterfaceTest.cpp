@@ -168,19 +168,26 @@ TEST(Interfaces, ConnectEverythingInAQuickActivation) {
     object->SetClientSite(nullptr);
 }
 
-TEST(Interfaces, KeepTheControlInAStorage) {
+Com::ComPtr<IStorage> NewStorage() {
     Com::ComPtr<ILockBytes> bytes;
     Com::ComPtr<IStorage> storage;
-    ASSERT_EQ(::CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Put()), S_OK);
-    ASSERT_EQ(::StgCreateDocfileOnILockBytes(bytes.Get(),
+    EXPECT_EQ(::CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Put()), S_OK);
+    EXPECT_EQ(::StgCreateDocfileOnILockBytes(bytes.Get(),
                                              STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
                                              storage.Put()),
               S_OK);
+    return storage;
+}
+
+TEST(Interfaces, KeepTheControlInAStorage) {
+    const auto storage = NewStorage();
+    SIZEL extent{5000, 4000};
     {
         const auto control = NewControl();
         const auto persist = control.As<IPersistStorage>();
         ASSERT_EQ(persist->InitNew(storage.Get()), S_OK);
         control.As<_FISControl>()->put_Caption(Com::Bstr(u"Stored").Get());
+        EXPECT_EQ(control.As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &extent), S_OK);
         EXPECT_EQ(persist->IsDirty(), S_OK);
         ASSERT_EQ(persist->Save(storage.Get(), TRUE), S_OK);
         EXPECT_EQ(persist->SaveCompleted(nullptr), S_OK);
@@ -195,6 +202,23 @@ TEST(Interfaces, KeepTheControlInAStorage) {
     Com::Bstr caption;
     ASSERT_EQ(control.As<_FISControl>()->get_Caption(caption.Put()), S_OK);
     EXPECT_EQ(caption.Characters(), u"Stored");
+    extent = {};
+    EXPECT_EQ(control.As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &extent), S_OK);
+    EXPECT_EQ(extent.cx, 5000);
+    EXPECT_EQ(extent.cy, 4000);
+}
+
+TEST(Interfaces, StayUnsavedAfterACopyAndNotAfterANewStorage) {
+    const auto storage = NewStorage();
+    const auto control = NewControl();
+    const auto persist = control.As<IPersistStorage>();
+    ASSERT_EQ(persist->InitNew(storage.Get()), S_OK);
+    ASSERT_EQ(persist->Save(storage.Get(), FALSE), S_OK);
+    EXPECT_EQ(persist->SaveCompleted(nullptr), S_OK);
+    EXPECT_EQ(persist->IsDirty(), S_OK) << "what was saved is a copy";
+    ASSERT_EQ(persist->Save(storage.Get(), FALSE), S_OK);
+    EXPECT_EQ(persist->SaveCompleted(storage.Get()), S_OK);
+    EXPECT_EQ(persist->IsDirty(), S_FALSE) << "what was saved is the control's own from now on";
 }
 
 TEST(Interfaces, TellAdvisorySinksOfChangesSavesAndTheEnd) {
