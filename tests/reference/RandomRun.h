@@ -2,6 +2,7 @@
 // What can happen to a loaded system, made up at random.
 #pragma once
 
+#include "shared/Definition.h"
 #include "tests/reference/RandomHost.h"
 #include "tests/reference/RandomSystem.h"
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 
+#include "shared/Markers.h"
 #include "shared/NumberText.h"
 #include "tests/reference/RandomRules.h"
 
