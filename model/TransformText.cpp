@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
-#include "shared/Definition.h"
 #include "shared/FisError.h"
+#include "shared/TextServices.h"
 
 namespace Quorvane::Main {
 namespace {
@@ -15,7 +15,7 @@ namespace {
 constexpr char16_t AsciiEnd = 0x80;
 
 Text Encode(TextView text) {
-    const TextServices& platform = *Definition::State().Platform;
+    const TextServices& platform = PlatformText();
     Text stored;
     stored.reserve(2 * text.size());
     for (const char16_t character : text) {
@@ -50,7 +50,7 @@ std::uint8_t HexDigit(char16_t digit) {
 }
 
 Text Decode(TextView stored) {
-    const TextServices& platform = *Definition::State().Platform;
+    const TextServices& platform = PlatformText();
     Text text((stored.size() + 1) / 2, u'\0');
     for (std::size_t i = 0; i < stored.size(); i += 2) {
         const unsigned high = i + 1 < stored.size() ? HexDigit(stored[i + 1]) : 0U;

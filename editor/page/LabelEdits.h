@@ -4,8 +4,8 @@
 
 #include <optional>
 
-#include "editor/Prompt.h"
-#include "editor/Side.h"
+#include "editor/checks/Prompt.h"
+#include "editor/checks/Side.h"
 #include "editor/page/TreeNode.h"
 
 namespace Quorvane::Editor {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "editor/TextIds.h"
+#include "editor/checks/TextIds.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
 
