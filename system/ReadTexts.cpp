@@ -29,9 +29,9 @@ void PartReader::FailBehind(TextView piece, std::string message) const {
 }
 
 TextView PartReader::Piece(const std::vector<TextView>& pieces, std::size_t index, TextView split,
-                           const char* expected) const {
+                           const std::string& expected) const {
     if (index >= pieces.size()) {
-        FailBehind(split, std::string("expected ") + expected);
+        FailBehind(split, "expected " + expected);
     }
     return pieces[index];
 }
@@ -43,15 +43,6 @@ double PartReader::Number(TextView text) const {
         const bool isTooLarge = error.Number == static_cast<std::uint32_t>(RuntimeError::Overflow);
         Fail(text, isTooLarge ? "the number is too large" : "expected a number");
     }
-}
-
-std::string Quoted(TextView name) {
-    std::string quoted = "\"";
-    for (const char16_t character : name) {
-        constexpr char16_t AsciiEnd = 0x80;
-        quoted += character < AsciiEnd ? static_cast<char>(character) : '?';
-    }
-    return quoted + '"';
 }
 
 FuzzySystem FromPlainTexts(const DefinitionTexts& plain) {

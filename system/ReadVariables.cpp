@@ -2,6 +2,7 @@
 // From the texts of inputs and outputs to their variables.
 #include <cmath>
 
+#include "system/ClauseNames.h"
 #include "system/TextReading.h"
 
 namespace Quorvane::System {
@@ -23,14 +24,14 @@ void ReadPoints(const PartReader& reader, const std::vector<TextView>& fields, T
 template <class Term>
 std::vector<Term> ReadTerms(const PartReader& reader, TextView list) {
     std::vector<Term> terms;
-    NameIndex names = NoNames();
+    NameIndex names;
     for (const TextView text : Split(list, u';')) {
         const auto fields = Split(text, u',');
         const TextView name = reader.Piece(fields, 0, text, "the name of a term");
         Term& term = terms.emplace_back();
         term.Name = name;
         ReadPoints(reader, fields, text, term);
-        if (!names.emplace(name, 0).second) {
+        if (!names.Add(name)) {
             reader.Fail(name, "the variable has a term " + Quoted(name) + " already");
         }
     }
@@ -40,7 +41,7 @@ std::vector<Term> ReadTerms(const PartReader& reader, TextView list) {
 template <class Term>
 std::vector<Variable<Term>> ReadVariables(const PartReader& reader) {
     std::vector<Variable<Term>> variables;
-    NameIndex names = NoNames();
+    NameIndex names;
     for (const TextView text : Split(reader.Whole, u'|')) {
         const auto fields = Split(text, u'/');
         const TextView name = reader.Piece(fields, 0, text, "the name of a variable");
@@ -52,7 +53,7 @@ std::vector<Variable<Term>> ReadVariables(const PartReader& reader) {
             reader.Number(reader.Piece(fields, 2, text, "\"/\" and the variable's lower bound"));
         variable.Terms = ReadTerms<Term>(
             reader, reader.Piece(fields, 3, text, "\"/\" and the variable's terms"));
-        if (!names.emplace(name, 0).second) {
+        if (!names.Add(name)) {
             reader.Fail(name, "there is a variable " + Quoted(name) + " already");
         }
     }

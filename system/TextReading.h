@@ -3,10 +3,8 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "shared/StringKeyedDictionary.h"
 #include "system/DefinitionTexts.h"
 
 namespace Quorvane::System {
@@ -22,7 +20,7 @@ class PartReader {
 
     /// A piece of a text that was split. A missing one is an error behind what was split.
     TextView Piece(const std::vector<TextView>& pieces, std::size_t index, TextView split,
-                   const char* expected) const;
+                   const std::string& expected) const;
 
     /// A number in the fixed form, finite.
     double Number(TextView text) const;
@@ -32,16 +30,6 @@ class PartReader {
   private:
     DefinitionPart part_;
 };
-
-/// A name in quotes and UTF-8, for messages.
-std::string Quoted(TextView name);
-
-/// Names of variables or terms with their indices, compared without regard to case.
-using NameIndex = std::unordered_map<TextView, std::uint32_t, KeyHash, KeyEqual>;
-
-inline NameIndex NoNames() {
-    return NameIndex(0, KeyHash{KeyComparison::IgnoreCase}, KeyEqual{KeyComparison::IgnoreCase});
-}
 
 std::vector<InputVariable> ReadInputs(TextView plain);
 std::vector<OutputVariable> ReadOutputs(TextView plain);
