@@ -5,7 +5,7 @@
 
 #include "formats/DefinitionFile.h"
 #include "formats/DefinitionTokens.h"
-#include "host/Utf8.h"
+#include "host/formfile/Utf8.h"
 #include "shared/FisError.h"
 #include "shared/Markers.h"
 #include "shared/NumberText.h"
@@ -52,6 +52,10 @@ class Reader {
   private:
     [[noreturn]] static void Fail(const Token& at, const std::string& message) {
         throw FormatError(at.Where, message);
+    }
+
+    [[noreturn]] static void Fail(const Token& at, TextView message) {
+        throw FormatError(at.Where, Host::EncodeUtf8(message));
     }
 
     [[noreturn]] void FailHere(const std::string& expected) const {
@@ -129,7 +133,7 @@ class Reader {
                 variables.push_back(ReadVariable<Term>(name));
                 terms = {};
                 if (!names.Add(name.Value)) {
-                    Fail(name, "there is a variable " + Quoted(name.Value) + " already");
+                    Fail(name, u"there is a variable " + Quoted(name.Value) + u" already");
                 }
                 separator = TakeTermsBegin();
                 continue;
@@ -145,7 +149,7 @@ class Reader {
             term.Name = name.Value;
             ReadPoints(term);
             if (!terms.Add(name.Value)) {
-                Fail(name, "the variable has a term " + Quoted(name.Value) + " already");
+                Fail(name, u"the variable has a term " + Quoted(name.Value) + u" already");
             }
             separator = TakeEndOfTerm();
         }
@@ -206,8 +210,8 @@ class Reader {
     }
 
     void ReadRules(System::FuzzySystem& system) {
-        System::ClauseNames inputs(system.Inputs, "input");
-        System::ClauseNames outputs(system.Outputs, "output");
+        System::ClauseNames inputs(system.Inputs, u"input");
+        System::ClauseNames outputs(system.Outputs, u"output");
         SkipLineEnds();
         while (token_.Kind != TokenKind::End) {
             System::Rule& rule = system.Rules.emplace_back();
@@ -254,7 +258,7 @@ class Reader {
             return names.Resolve(name.Value,
                                  isNone ? std::nullopt : std::optional<TextView>(term.Value));
         } catch (const System::NameError& error) {
-            Fail(error.IsOfTerm ? term : name, error.Message);
+            Fail(error.IsOfTerm ? term : name, TextView(error.Message));
         }
     }
 

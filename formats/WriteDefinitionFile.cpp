@@ -3,7 +3,7 @@
 #include <array>
 
 #include "formats/DefinitionFile.h"
-#include "host/Utf8.h"
+#include "host/formfile/Utf8.h"
 #include "shared/Markers.h"
 #include "system/ExactNumber.h"
 

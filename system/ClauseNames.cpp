@@ -16,7 +16,7 @@ Clause ClauseNames::Resolve(TextView variable, const std::optional<TextView>& te
     if (term) {
         clause.Term = terms_[clause.Variable].Find(*term);
         if (!clause.Term) {
-            throw NameError(true, Quoted(variable) + " has no term " + Quoted(*term));
+            throw NameError(true, Quoted(variable) + u" has no term " + Quoted(*term));
         }
     }
     return clause;
@@ -25,7 +25,7 @@ Clause ClauseNames::Resolve(TextView variable, const std::optional<TextView>& te
 std::uint32_t ClauseNames::IndexOf(TextView variable) const {
     const auto index = variables_.Find(variable);
     if (!index) {
-        throw NameError(false, "expected the name of an " + kind_ + ", not " + Quoted(variable));
+        throw NameError(false, u"expected the name of an " + kind_ + u", not " + Quoted(variable));
     }
     return *index;
 }
@@ -36,17 +36,14 @@ void ClauseNames::RequireFirstMention(TextView variable) {
         mention = lastMentions_.emplace(variable, 0).first;
     }
     if (std::exchange(mention->second, rule_) == rule_) {
-        throw NameError(false, "the rule names " + Quoted(variable) + " twice");
+        throw NameError(false, u"the rule names " + Quoted(variable) + u" twice");
     }
 }
 
-std::string Quoted(TextView name) {
-    std::string quoted = "\"";
-    for (const char16_t character : name) {
-        constexpr char16_t AsciiEnd = 0x80;
-        quoted += character < AsciiEnd ? static_cast<char>(character) : '?';
-    }
-    return quoted + '"';
+Text Quoted(TextView name) {
+    Text quoted = u"\"";
+    quoted += name;
+    return quoted + u'"';
 }
 
 } // namespace Quorvane::System

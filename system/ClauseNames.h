@@ -3,7 +3,6 @@
 #pragma once
 
 #include <exception>
-#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -39,15 +38,13 @@ class NameIndex {
 /// A rule names what is not there, or something twice.
 class NameError : public std::exception {
   public:
-    NameError(bool isOfTerm, std::string message)
-        : IsOfTerm(isOfTerm), Message(std::move(message)) {}
+    NameError(bool isOfTerm, Text message) : IsOfTerm(isOfTerm), Message(std::move(message)) {}
 
-    const char* what() const noexcept override { return Message.c_str(); }
+    const char* what() const noexcept override { return "no such name"; }
 
     /// Whether the name of the term is wrong and not that of the variable.
     bool IsOfTerm;
-    /// In UTF-8.
-    std::string Message;
+    Text Message;
 };
 
 /// The names that the antecedents of rules, or the consequents, can have.
@@ -55,8 +52,7 @@ class ClauseNames {
   public:
     /// The kind of variable is for messages: "input" or "output".
     template <class Term>
-    ClauseNames(const std::vector<Variable<Term>>& variables, std::string kind)
-        : kind_(std::move(kind)) {
+    ClauseNames(const std::vector<Variable<Term>>& variables, Text kind) : kind_(std::move(kind)) {
         for (const Variable<Term>& variable : variables) {
             variables_.Add(variable.Name);
             names_.push_back(variable.Name);
@@ -81,7 +77,7 @@ class ClauseNames {
     std::uint32_t IndexOf(TextView variable) const;
     void RequireFirstMention(TextView variable);
 
-    std::string kind_;
+    Text kind_;
     NameIndex variables_;
     std::vector<Text> names_;
     std::vector<NameIndex> terms_;
@@ -90,7 +86,7 @@ class ClauseNames {
     std::size_t rule_ = 0;
 };
 
-/// A name in quotes, in UTF-8, for messages.
-std::string Quoted(TextView name);
+/// A name in quotes, for messages.
+Text Quoted(TextView name);
 
 } // namespace Quorvane::System

@@ -14,11 +14,10 @@ class ClauseReader {
   public:
     template <class Term>
     ClauseReader(const PartReader& reader, const std::vector<Variable<Term>>& variables,
-                 std::string kind, char16_t mark)
+                 const Text& kind, char16_t mark)
         : reader_(reader), names_(variables, kind), mark_(mark),
-          expectedName_("the name of an " + kind),
-          expectedTerm_(std::string("\"") + static_cast<char>(mark) + "\" and the name of a term") {
-    }
+          expectedName_(u"the name of an " + kind),
+          expectedTerm_(Text(u"\"") + mark + u"\" and the name of a term") {}
 
     std::vector<Clause> Read(TextView list) {
         names_.BeginRule();
@@ -46,8 +45,8 @@ class ClauseReader {
     const PartReader& reader_;
     ClauseNames names_;
     char16_t mark_;
-    std::string expectedName_;
-    std::string expectedTerm_;
+    Text expectedName_;
+    Text expectedTerm_;
     std::vector<TextView> elements_;
     std::vector<TextView> pieces_;
 };
@@ -56,23 +55,24 @@ class ClauseReader {
 
 std::vector<Rule> ReadRules(TextView plain, const FuzzySystem& variables) {
     const PartReader reader(DefinitionPart::Rules, plain);
-    ClauseReader antecedents(reader, variables.Inputs, "input", u'>');
-    ClauseReader consequents(reader, variables.Outputs, "output", u'<');
+    ClauseReader antecedents(reader, variables.Inputs, u"input", u'>');
+    ClauseReader consequents(reader, variables.Outputs, u"output", u'<');
     std::unordered_set<TextView, KeyHash, KeyEqual> texts(0, KeyHash{KeyComparison::IgnoreCase},
                                                           KeyEqual{KeyComparison::IgnoreCase});
     std::vector<Rule> rules;
     for (const TextView text : Split(plain, u'|')) {
         const auto bodyAndWeight = Split(text, u':');
-        const TextView body = reader.Piece(bodyAndWeight, 0, text, "a rule");
-        const TextView weight = reader.Piece(bodyAndWeight, 1, text, "\":\" and a weight");
+        const TextView body = reader.Piece(bodyAndWeight, 0, text, u"a rule");
+        const TextView weight = reader.Piece(bodyAndWeight, 1, text, u"\":\" and a weight");
         const auto lists = Split(body, u'/');
-        const TextView list = reader.Piece(lists, 0, body, "antecedents");
+        const TextView list = reader.Piece(lists, 0, body, u"antecedents");
         Rule& rule = rules.emplace_back();
         rule.Antecedents = antecedents.Read(list);
-        rule.Consequents = consequents.Read(reader.Piece(lists, 1, body, "\"/\" and what follows"));
+        rule.Consequents =
+            consequents.Read(reader.Piece(lists, 1, body, u"\"/\" and what follows"));
         rule.Weight = reader.Number(weight);
         if (!texts.insert(text).second) {
-            reader.Fail(text, "the rule is there already");
+            reader.Fail(text, u"the rule is there already");
         }
     }
     return rules;

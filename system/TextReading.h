@@ -2,7 +2,6 @@
 // What the readers of the definition texts have in common.
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "system/DefinitionTexts.h"
@@ -15,12 +14,12 @@ class PartReader {
     PartReader(DefinitionPart part, TextView text) : Whole(text), part_(part) {}
 
     /// Throws DefinitionError at the begin of a piece of the text, or behind it.
-    [[noreturn]] void Fail(TextView at, std::string message) const;
-    [[noreturn]] void FailBehind(TextView piece, std::string message) const;
+    [[noreturn]] void Fail(TextView at, Text message) const;
+    [[noreturn]] void FailBehind(TextView piece, Text message) const;
 
     /// A piece of a text that was split. A missing one is an error behind what was split.
     TextView Piece(const std::vector<TextView>& pieces, std::size_t index, TextView split,
-                   const std::string& expected) const;
+                   TextView expected) const;
 
     /// A number in the fixed form, finite.
     double Number(TextView text) const;
