@@ -5,6 +5,7 @@
 
 #include "formats/DefinitionFile.h"
 #include "formats/DefinitionTokens.h"
+#include "formats/Utf8Text.h"
 #include "host/formfile/Utf8.h"
 #include "shared/FisError.h"
 #include "shared/Markers.h"
@@ -18,16 +19,6 @@ namespace {
 using System::Quoted;
 
 constexpr TextView Heading = u"Fuzzy system 1";
-
-Text Decoded(std::string_view utf8) {
-    try {
-        return Host::DecodeUtf8(utf8);
-    } catch (const Host::Utf8Error& error) {
-        const auto read = utf8.substr(0, error.Offset);
-        const auto lines = static_cast<std::size_t>(std::ranges::count(read, '\n'));
-        throw FormatError({lines + 1, 0}, error.what());
-    }
-}
 
 bool SameWord(TextView left, TextView right) {
     return KeyEqual{KeyComparison::IgnoreCase}(left, right);
@@ -283,7 +274,7 @@ class Reader {
 } // namespace
 
 System::FuzzySystem ReadDefinitionFile(std::string_view utf8) {
-    const Text text = Decoded(utf8);
+    const Text text = DecodedText(utf8);
     return Reader(text).Read();
 }
 
