@@ -107,6 +107,7 @@ class PageView final : private Win::Window {
         Win::ChildWindow cmdRule;
     };
 
+    static RECT InFrame(HWND frame, const RECT& position) noexcept;
     static Win::Handle<Win::AcceleratorKind> MakeAccelerators();
 
     TreeView& tree(Side side) { return side == Side::Input ? treInput_ : treOutput_; }
