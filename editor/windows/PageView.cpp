@@ -102,6 +102,8 @@ void PageView::Create(HWND frame, const RECT& position) {
                                          .Style = WS_CHILD | WS_CLIPCHILDREN,
                                          .ExtendedStyle = WS_EX_CONTROLPARENT,
                                          .Id = 0});
+    given_ = position;
+    FollowFrame(frame);
     prompt_.SetOwner(Get());
     MakeControls();
     ShowSelection();
@@ -120,6 +122,7 @@ void PageView::ShowSelection() {
 }
 
 void PageView::Destroy() noexcept {
+    frame_.reset();
     prompt_.SetOwner(nullptr);
     treInput_.Destroy();
     treOutput_.Destroy();
@@ -128,9 +131,24 @@ void PageView::Destroy() noexcept {
 }
 
 void PageView::Move(const RECT& position) noexcept {
-    const RECT place = InFrame(::GetParent(Get()), position);
+    given_ = position;
+    FitIntoFrame();
+}
+
+void PageView::FitIntoFrame() noexcept {
+    const RECT place = InFrame(::GetParent(Get()), given_);
     ::MoveWindow(Get(), place.left, place.top, place.right - place.left, place.bottom - place.top,
                  TRUE);
+}
+
+/// Some frames are made as small as they are to be only after they have activated their pages.
+void PageView::FollowFrame(HWND frame) {
+    frame_.emplace(frame, [this](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_SIZE) {
+            FitIntoFrame();
+        }
+        return std::nullopt;
+    });
 }
 
 void PageView::Show(UINT command) noexcept {

@@ -33,6 +33,8 @@ struct Change {
     HRESULT Reported = S_OK;
     /// The call without which the change makes no difference; empty for any container.
     const char* Needs = "";
+    /// The same of a site that has ambient properties when the control starts.
+    bool NeedsAmbients = false;
 };
 
 constexpr HRESULT NotOffered[] = {
@@ -85,11 +87,10 @@ void AddAmbients(std::vector<Change>& changes) {
              }});
     }
     // A font that cannot be had for want of memory is trouble: starting without one would lose it.
-    changes.push_back({"no memory for a font",
-                       [](Replay& replay) {
-                           replay.TheSite().Failures[DISPID_AMBIENT_FONT] = E_OUTOFMEMORY;
-                       },
-                       Outcome::Refused, E_OUTOFMEMORY});
+    changes.push_back(
+        {"no memory for a font",
+         [](Replay& replay) { replay.TheSite().Failures[DISPID_AMBIENT_FONT] = E_OUTOFMEMORY; },
+         Outcome::Refused, E_OUTOFMEMORY, "", true});
 }
 
 Change Answer(const char* call, HRESULT answer, Outcome expected = Outcome::Living,
@@ -221,8 +222,10 @@ void PlayChanged(const ReplayedHost& host, const Change& change) {
     {
         Replay replay(host);
         const bool hasPlace = replay.TheSite().Behaviour.OffersInPlace;
+        const bool hasAmbients = replay.TheSite().Behaviour.Lacks.empty();
         change.Make(replay);
-        const bool matters = *change.Needs == '\0' || host.Calls(change.Needs);
+        const bool matters = (*change.Needs == '\0' || host.Calls(change.Needs)) &&
+                             (!change.NeedsAmbients || hasAmbients);
         const bool activates = Activates(host) && hasPlace;
         Outcome expected = matters ? change.Expected : Outcome::Living;
         // An extended site has a call of its own for it.

@@ -100,6 +100,25 @@ TEST(PageInFrame, FitsIntoAFrameThatIsSmallerThanThePlaceItGives) {
     }
 }
 
+TEST(PageInFrame, FollowsAFrameThatIsMadeSmallerAndLargerAgain) {
+    Form form({10, 10, 430, 330});
+    form.Place(Start::New, false);
+    const Page page(form.Control().Get());
+    const RECT given{0, 0, 400, 300};
+    ASSERT_EQ(page->Activate(form.Window(), &given, FALSE), S_OK);
+    RECT whole{};
+    ::GetWindowRect(form.Window(), &whole);
+    const int width = whole.right - whole.left;
+    const int height = whole.bottom - whole.top;
+    for (const auto& [less, expected] : {std::pair{140, RECT{0, 0, 300, 200}}, {0, given}}) {
+        ::SetWindowPos(form.Window(), nullptr, 0, 0, width - less, height - less,
+                       SWP_NOMOVE | SWP_NOZORDER);
+        HandleMessages();
+        const RECT place = PlaceOf(Page::In(form.Window()));
+        EXPECT_TRUE(::EqualRect(&place, &expected)) << place.right << ',' << place.bottom;
+    }
+}
+
 TEST(PageInFrame, EditsAnObjectThatIsNoOleObject) {
     Form form;
     form.Place(Start::New, false);
