@@ -31,7 +31,7 @@ struct Change {
     std::function<void(Replay&)> Make;
     Outcome Expected = Outcome::Living;
     HRESULT Reported = S_OK;
-    /// The call without which the change makes no difference; empty for any container.
+    /// The call without which the change makes no difference, and is not made; empty for none.
     const char* Needs = "";
     /// The same of a site that has ambient properties when the control starts.
     bool NeedsAmbients = false;
@@ -65,7 +65,7 @@ std::string Hexadecimal(HRESULT result) {
 
 void AddAmbients(std::vector<Change>& changes) {
     for (const auto& [name, id] : Ambients) {
-        for (const HRESULT answer : NotOffered) {
+        for (const HRESULT answer : {E_FAIL, E_UNEXPECTED, DISP_E_EXCEPTION}) {
             changes.push_back(
                 {std::string(name) + " " + Hexadecimal(answer),
                  [id = id, answer](Replay& replay) { replay.TheSite().Failures[id] = answer; }});
@@ -101,16 +101,14 @@ Change Answer(const char* call, HRESULT answer, Outcome expected = Outcome::Livi
 }
 
 void AddActivation(std::vector<Change>& changes) {
-    for (const HRESULT answer : {E_FAIL, E_NOTIMPL, E_UNEXPECTED}) {
+    for (const HRESULT answer : {E_FAIL, E_NOTIMPL}) {
         for (const char* const call :
              {"GetWindow", "GetWindowContext", "ShowObject", "OnUIDeactivate",
               "OnInPlaceDeactivate", "OnFocus in", "OnFocus out", "SaveObject", "SetActiveObject",
               "SetActiveObject none", "SetBorderSpace none", "RequestUIActivate", "OnChanged"}) {
             changes.push_back(Answer(call, answer));
         }
-        for (const char* const call : {"OnInPlaceActivate"}) {
-            changes.push_back(Answer(call, answer, Outcome::NotActive, answer));
-        }
+        changes.push_back(Answer("OnInPlaceActivate", answer, Outcome::NotActive, answer));
     }
     changes.push_back({"GetWindowContext gives nothing",
                        [](Replay& replay) { replay.TheSite().Behaviour.FillsContext = false; }});
@@ -224,8 +222,7 @@ void PlayChanged(const ReplayedHost& host, const Change& change) {
         const bool hasPlace = replay.TheSite().Behaviour.OffersInPlace;
         const bool hasAmbients = replay.TheSite().Behaviour.Lacks.empty();
         change.Make(replay);
-        const bool matters = (*change.Needs == '\0' || host.Calls(change.Needs)) &&
-                             (!change.NeedsAmbients || hasAmbients);
+        const bool matters = !change.NeedsAmbients || hasAmbients;
         const bool activates = Activates(host) && hasPlace;
         Outcome expected = matters ? change.Expected : Outcome::Living;
         // An extended site has a call of its own for it.
@@ -259,8 +256,10 @@ class HostReplay : public testing::TestWithParam<ReplayedHost> {};
 
 TEST_P(HostReplay, EndsWithALivingControlOrAReportedFailure) {
     for (const Change& change : AllChanges()) {
-        SCOPED_TRACE(change.Name);
-        PlayChanged(GetParam(), change);
+        if (*change.Needs == '\0' || GetParam().Calls(change.Needs)) {
+            SCOPED_TRACE(change.Name);
+            PlayChanged(GetParam(), change);
+        }
     }
 }
 
