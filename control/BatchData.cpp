@@ -125,6 +125,7 @@ STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);
         } catch (...) {
             // Whatever failed, the host is not told by an error but the person by this message.
+            const Com::ModelessPause pause(InPlace());
             Win::ShowMessage(Site().Window(), Main::GetText(TextIds::InvalidEvaluation),
                              Main::GetText(TextIds::Controller), MB_OK | MB_ICONERROR);
         }

@@ -18,6 +18,7 @@
 #include "com/OleControl.h"
 #include "com/OleObject.h"
 #include "com/PersistStorage.h"
+#include "com/PropertyBrowsing.h"
 #include "com/PropertyPages.h"
 #include "com/QuickActivation.h"
 #include "com/RunnableObject.h"
@@ -39,7 +40,7 @@ class FISControl final
                             Com::OleObject, Com::OleControl, Com::InPlaceObject,
                             Com::InPlaceActiveObject, Com::ViewObject, Com::DataObject,
                             Com::PersistStorage, Com::QuickActivation, Com::RunnableObject,
-                            Com::PropertyPages, Com::ObjectSafety>,
+                            Com::PropertyPages, Com::PropertyBrowsing, Com::ObjectSafety>,
       private Com::ControlCore,
       private DisplayOwner {
   public:
@@ -114,6 +115,7 @@ class FISControl final
     IUnknown* Unknown() noexcept override { return ControllingUnknown(); }
     IPersistStreamInit& StreamForm() noexcept override { return *this; }
     void SetClean() noexcept override { isDirty_ = false; }
+    void StartIfNeeded() override;
     void OpenWindow(HWND parent, const RECT& position) override;
     void CloseWindow() noexcept override;
     HWND Window() const noexcept override { return display_.Surface(); }
@@ -176,6 +178,8 @@ class FISControl final
     Com::ComPtr<IDictionary> outVals_;
     bool dataShow_ = false;
     bool isDirty_ = false;
+    /// Whether a host has initialised or loaded the control, or tried to.
+    bool isStarted_ = false;
 };
 
 } // namespace Quorvane

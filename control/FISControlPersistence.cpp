@@ -132,16 +132,24 @@ STDMETHODIMP FISControl::InitNew() noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
         const ShowAtEnd shown(*this);
+        isStarted_ = true;
         InitProperties();
         // Nothing holds the control yet: a host that saves what has changed has to save it.
         isDirty_ = true;
     });
 }
 
+void FISControl::StartIfNeeded() {
+    if (!isStarted_) {
+        Com::Check(InitNew());
+    }
+}
+
 STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistPropertyBag>([&] {
         const ShowAtEnd shown(*this);
+        isStarted_ = true;
         ReadProperties(Com::In(bag), log);
         isDirty_ = false;
     });
@@ -161,7 +169,8 @@ STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
         const auto bag = StreamPropertyBag::ReadFrom(Com::In(stream));
         const SIZEL extent = ReadExtent(*bag, Extent());
         const ShowAtEnd shown(*this);
-        SetExtent(extent);
+        isStarted_ = true;
+        Core().SetExtent(extent);
         ReadProperties(*bag, nullptr);
         isDirty_ = false;
     });
