@@ -17,6 +17,18 @@ namespace {
 /// What a list keeps free on both sides of the text in a cell, in dialog units.
 constexpr int CellRoom = 8;
 
+/// The background of the selected row while the focus is elsewhere: between that of the others and
+/// a shadow, so that it is seen on every screen.
+COLORREF FaintSelectionColor() {
+    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
+    const COLORREF shadow = ::GetSysColor(COLOR_BTNSHADOW);
+    const auto mix = [](int first, int second) {
+        return static_cast<BYTE>((2 * first + second) / 3);
+    };
+    return RGB(mix(GetRValue(window), GetRValue(shadow)), mix(GetGValue(window), GetGValue(shadow)),
+               mix(GetBValue(window), GetBValue(shadow)));
+}
+
 } // namespace
 
 int CellWidth(const DialogFont& font, TextView text) {
@@ -276,7 +288,7 @@ LRESULT RuleListView::CustomDraw(NMLVCUSTOMDRAW& draw) const {
         const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
         const bool isSelected =
             ListView_GetItemState(Window(), row, LVIS_SELECTED) == LVIS_SELECTED;
-        draw.clrTextBk = ::GetSysColor(isSelected ? COLOR_BTNFACE : COLOR_WINDOW);
+        draw.clrTextBk = isSelected ? FaintSelectionColor() : ::GetSysColor(COLOR_WINDOW);
     }
     ::SelectObject(draw.nmcd.hdc, rowFont_.Get());
     return CDRF_NEWFONT;
