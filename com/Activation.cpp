@@ -243,8 +243,12 @@ void Activation::SetRects(const RECT& position, const RECT* clip) noexcept {
             region = ::CreateRectRgnIndirect(&visible);
         }
     }
-    // The window owns the region from here on.
-    ::SetWindowRgn(window, region, TRUE);
+    RECT former{};
+    // To take no region away takes as long as to take one.
+    if (region || ::GetWindowRgnBox(window, &former) != ERROR) {
+        // The window owns the region from here on.
+        ::SetWindowRgn(window, region, TRUE);
+    }
     ::SetWindowPos(window, nullptr, position.left, position.top, position.right - position.left,
                    position.bottom - position.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
