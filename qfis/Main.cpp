@@ -33,8 +33,9 @@ class CommandLine {
   public:
     CommandLine() : app_(About, "qfis") {
         app_.require_subcommand(1);
-        // Values such as -1 are for inputs, and "help" needs no dash.
         app_.set_help_flag("-h,--help", "Show this help.");
+        // A path may begin with "/".
+        app_.allow_windows_style_options(false);
         AddHelp();
         AddExplain();
         AddRun();
