@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <memory>
 #include <memory_resource>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,7 +47,7 @@ class NodePool final : public std::pmr::memory_resource {
     void do_deallocate(void* block, std::size_t size, std::size_t alignment) override {
         if (IsNode(size, alignment)) {
             FreeNode*& free = FreeOf(size);
-            free = std::construct_at(static_cast<FreeNode*>(block), free);
+            free = ::new (block) FreeNode{free};
         } else {
             std::pmr::new_delete_resource()->deallocate(block, size, alignment);
         }
