@@ -144,7 +144,13 @@ class Selection {
 class SavedDc {
   public:
     explicit SavedDc(HDC context) noexcept : context_(context), state_(::SaveDC(context)) {}
-    ~SavedDc() { ::RestoreDC(context_, state_); }
+    ~SavedDc() {
+        if (state_) {
+            // The last one, not the one of this number: in a metafile the number means another
+            // state, that of whoever plays it.
+            ::RestoreDC(context_, -1);
+        }
+    }
     SavedDc(const SavedDc&) = delete;
     SavedDc& operator=(const SavedDc&) = delete;
 
