@@ -2,19 +2,21 @@
 // The caption strip with its label.
 #include "control/display/CaptionStrip.h"
 
+#include <algorithm>
+
 #include "com/Fonts.h"
 #include "com/Module.h"
-#include "win/WideText.h"
+#include "control/display/CellDrawing.h"
 #include "win/WindowText.h"
 
 namespace Quorvane {
 
-CaptionStrip::CaptionStrip(HWND parent, UINT id, UINT labelId, const StripFace& strip,
-                           const CaptionFace& caption)
+CaptionStrip::CaptionStrip(HWND parent, UINT id, UINT labelId, const RECT& position,
+                           const StripFace& strip, const CaptionFace& caption)
     : stripFace_(strip), captionFace_(caption) {
     Make<CaptionStrip>(Com::ModuleHandle(),
                        {.Parent = parent,
-                        .Position = {},
+                        .Position = position,
                         .Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                         .Id = id});
     // Drawn here, for the sake of a disabled one.
@@ -47,7 +49,11 @@ void CaptionStrip::Reflect() noexcept {
     Win::Enable(label_.Get(), captionFace_.Enabled);
 }
 
-void CaptionStrip::MoveLabel(const PixelBox& box) noexcept {
+void CaptionStrip::MoveLabel(const PixelBox& box, int textWidth) noexcept {
+    if (textWidth_ != textWidth) {
+        textWidth_ = textWidth;
+        ::InvalidateRect(label_.Get(), nullptr, TRUE);
+    }
     ::SetWindowPos(label_.Get(), nullptr, box.Left, box.Top, box.Width, box.Height,
                    SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -57,12 +63,9 @@ void CaptionStrip::DrawLabel(const DRAWITEMSTRUCT& item) const noexcept {
     const bool enabled = !(item.itemState & ODS_DISABLED);
     RECT area = item.rcItem;
     ::FillRect(item.hDC, &area, background_.Get());
-    ::SelectObject(item.hDC, font_.Get());
-    ::SetBkMode(item.hDC, TRANSPARENT);
-    ::SetTextColor(item.hDC, CaptionColor(stripFace_.BackColor, enabled));
-    // A caption is shown as it is: "&" in it marks no access key.
-    ::DrawTextW(item.hDC, Win::Wide(captionFace_.Caption), -1, &area,
-                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    area.right = std::min<LONG>(area.right, area.left + textWidth_);
+    DrawCellText(item.hDC, area, captionFace_.Caption, font_.Get(),
+                 CaptionColor(stripFace_.BackColor, enabled));
 }
 
 LRESULT CaptionStrip::OnMessage(UINT message, WPARAM first, LPARAM second) {

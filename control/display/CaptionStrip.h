@@ -15,7 +15,7 @@ class CaptionStrip final : public Win::Window {
 
     /// Makes the strip in the parent; it shows these faces, which outlive it. Throws
     /// std::system_error.
-    CaptionStrip(HWND parent, UINT id, UINT labelId, const StripFace& strip,
+    CaptionStrip(HWND parent, UINT id, UINT labelId, const RECT& position, const StripFace& strip,
                  const CaptionFace& caption);
     ~CaptionStrip() override;
 
@@ -25,7 +25,8 @@ class CaptionStrip final : public Win::Window {
     /// Shows the faces as they are now.
     void Reflect() noexcept;
 
-    void MoveLabel(const PixelBox& box) noexcept;
+    /// Moves the label; its text is cut at so many pixels.
+    void MoveLabel(const PixelBox& box, int textWidth) noexcept;
 
   private:
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
@@ -35,6 +36,7 @@ class CaptionStrip final : public Win::Window {
     const CaptionFace& captionFace_;
     COLORREF backColor_ = 0;
     Win::Brush background_;
+    int textWidth_ = 0;
     Win::Font font_;
     Win::ChildWindow label_;
 };

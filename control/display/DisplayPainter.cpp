@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "com/Fonts.h"
+#include "control/display/CellDrawing.h"
 #include "win/Dpi.h"
 #include "win/WideText.h"
 
@@ -37,15 +38,6 @@ int DpiFor(LONG units, float twips) noexcept {
     return std::clamp(static_cast<int>(std::lround(std::min<float>(dpi, MostDpi))), 1, MostDpi);
 }
 
-/// How high a line of the font is. It is measured on the screen: a metafile measures nothing.
-int LineHeight(HFONT font) noexcept {
-    const Win::WindowDc screen(nullptr);
-    const Win::Selection selected(screen.Get(), font);
-    TEXTMETRICW metrics{};
-    ::GetTextMetricsW(screen.Get(), &metrics);
-    return metrics.tmHeight;
-}
-
 /// Draws the parts one after the other, in units of the device context.
 class DisplayPainter {
   public:
@@ -57,24 +49,44 @@ class DisplayPainter {
 
     void Draw() {
         const Win::SavedDc saved(context_);
-        DisplayLayout layout;
+        // A list that has no room keeps the height that it has.
+        DisplayLayout layout = display_.Layout();
         const Win::Font captionFont = CaptionFont(dpi_);
         const float textWidth =
             Win::TwipsOf(TextWidth(captionFont.Get(), display_.lblCaption.Caption), dpi_);
         LayOut(layout, Win::TwipsOf(size_.cx, dpi_), Win::TwipsOf(size_.cy, dpi_), textWidth);
         const PixelLayout boxes = ToPixels(layout, size_.cx, size_.cy, static_cast<float>(dpi_));
-        ::SetBkMode(context_, TRANSPARENT);
+        // Where it is low, more stands in the control than it has room for.
+        ::IntersectClipRect(context_, origin_.x, origin_.y, origin_.x + size_.cx,
+                            origin_.y + size_.cy);
         // A host's context comes with settings of its own.
         ::SetTextAlign(context_, TA_LEFT | TA_TOP | TA_NOUPDATECP);
         ::SetROP2(context_, R2_COPYPEN);
-        DrawStrip(boxes, captionFont.Get());
-        // In the order of the windows: the input list lies over the output list.
-        DrawList(boxes.Output, display_.lvwOutput);
-        DrawList(boxes.Input, display_.lvwInput);
-        DrawStatus(boxes.Status);
+        // The undermost first.
+        std::for_each(StackingOrder.rbegin(), StackingOrder.rend(), [&](Constituent constituent) {
+            DrawConstituent(constituent, boxes, captionFont.Get());
+        });
     }
 
   private:
+    void DrawConstituent(Constituent constituent, const PixelLayout& boxes,
+                         HFONT captionFont) const noexcept {
+        switch (constituent) {
+        case Constituent::Strip:
+            DrawStrip(boxes, captionFont);
+            break;
+        case Constituent::Input:
+            DrawList(boxes.Input, display_.lvwInput);
+            break;
+        case Constituent::Output:
+            DrawList(boxes.Output, display_.lvwOutput);
+            break;
+        case Constituent::Status:
+            DrawStatus(boxes.Status);
+            break;
+        }
+    }
+
     RECT At(const PixelBox& box) const noexcept {
         const LONG left = origin_.x + box.Left;
         const LONG top = origin_.y + box.Top;
@@ -82,31 +94,17 @@ class DisplayPainter {
     }
 
     /// So many pixels of 96 to the inch, in units.
-    int Units(int pixels) const noexcept { return ::MulDiv(pixels, dpi_, 96); }
-
-    void Fill(const RECT& area, COLORREF color) const noexcept {
-        const Win::Brush brush(::CreateSolidBrush(color));
-        ::FillRect(context_, &area, brush.Get());
-    }
-
-    /// Draws a narrow rectangle as a line, which no scaling of a metafile makes vanish.
-    void Rule(const RECT& area, COLORREF color) const noexcept {
-        const LONG width = area.right - area.left;
-        const LONG height = area.bottom - area.top;
-        const bool flat = width >= height;
-        const Win::Pen pen(::CreatePen(PS_SOLID, static_cast<int>(std::min(width, height)), color));
-        const Win::Selection selected(context_, pen.Get());
-        const LONG x = area.left + (flat ? 0 : width / 2);
-        const LONG y = area.top + (flat ? height / 2 : 0);
-        ::MoveToEx(context_, x, y, nullptr);
-        ::LineTo(context_, flat ? area.right : x, flat ? y : area.bottom);
-    }
+    int Units(int pixels) const noexcept { return ScalePixels(pixels, dpi_); }
 
     /// Where drawing downwards can end: at a bottom, or just below what is seen.
     LONG LastSeen(LONG bottom) const noexcept { return std::min(bottom, visible_.bottom + Line()); }
 
     /// The width of lines.
     int Line() const noexcept { return std::max(1, Units(1)); }
+
+    void Fill(const RECT& area, COLORREF color) const noexcept { FillArea(context_, area, color); }
+
+    void Rule(const RECT& area, COLORREF color) const noexcept { DrawRule(context_, area, color); }
 
     void Frame(const RECT& area, COLORREF color) const noexcept {
         const int line = Line();
@@ -116,21 +114,14 @@ class DisplayPainter {
         Rule({area.right - line, area.top, area.right, area.bottom}, color);
     }
 
-    /// One line of text, in the middle of the height of its cell.
     void Write(const RECT& cell, const Text& text, HFONT font, COLORREF color) const noexcept {
-        const Win::Selection selected(context_, font);
-        ::SetTextColor(context_, color);
-        const LONG top = cell.top + (cell.bottom - cell.top - LineHeight(font)) / 2;
-        ::ExtTextOutW(context_, cell.left, top, ETO_CLIPPED, &cell, Win::Wide(text),
-                      static_cast<UINT>(text.size()), nullptr);
+        DrawCellText(context_, cell, text, font, color);
     }
 
     void DrawStrip(const PixelLayout& boxes, HFONT font) const noexcept {
         const COLORREF back = ToColorRef(display_.picCaption.BackColor, ActiveTitleColor);
         Fill(At(boxes.Strip), back);
-        RECT label = At(boxes.Label);
-        label.right = std::min(label.right, At(boxes.Strip).right);
-        Write(label, display_.lblCaption.Caption, font,
+        Write(At(boxes.Caption), display_.lblCaption.Caption, font,
               CaptionColor(display_.picCaption.BackColor, display_.lblCaption.Enabled));
     }
 
@@ -141,22 +132,19 @@ class DisplayPainter {
         Fill(header, ::GetSysColor(COLOR_WINDOW));
         RECT cell = header;
         for (const ListColumn& column : face.Columns) {
-            cell.right = std::min<LONG>(cell.left + columnWidth, list.right);
-            const RECT divider{cell.right - Line(), cell.top, cell.right, bottom};
-            if (cell.right + Line() < list.right) {
-                Rule(divider, ::GetSysColor(COLOR_BTNSHADOW));
-            }
-            const RECT text{cell.left + Units(6), cell.top, divider.left, bottom};
-            Write(text, column.Header, font, ::GetSysColor(COLOR_WINDOWTEXT));
+            cell.right = cell.left + columnWidth;
+            DrawHeaderCell(context_, cell, column.Header, font, dpi_);
             cell.left = cell.right;
         }
     }
 
     void DrawRow(const RECT& row, const ListRow& texts, int columnWidth, HFONT font,
                  COLORREF color) const noexcept {
-        const LONG middle = std::min<LONG>(row.left + columnWidth, row.right);
-        Write({row.left + Units(6), row.top, middle, row.bottom}, texts.Label, font, color);
-        Write({middle + Units(5), row.top, row.right, row.bottom}, texts.Value, font, color);
+        const LONG middle = row.left + columnWidth;
+        const LONG right = middle + columnWidth;
+        Write({row.left + Units(6), row.top, middle - Units(1), row.bottom}, texts.Label, font,
+              color);
+        Write({middle + Units(5), row.top, right - Units(1), row.bottom}, texts.Value, font, color);
     }
 
     /// The lines under the rows, whether or not these are used, and between the columns.
@@ -185,12 +173,14 @@ class DisplayPainter {
         RECT inner = outer;
         ::InflateRect(&inner, -Units(1), -Units(1));
         const int line = LineHeight(font.Get());
-        const LONG headerBottom = std::min<LONG>(inner.top + line + Units(6), inner.bottom);
+        const LONG headerBottom = inner.top + line + Units(6);
         const COLORREF color = face.Enabled ? ToColorRef(face.ForeColor, DefaultForeColor)
                                             : ::GetSysColor(COLOR_GRAYTEXT);
         RECT row{inner.left, headerBottom, inner.right, headerBottom + line + Units(1)};
         // Also where no handle is left to measure with: the rows have to come to an end.
         const LONG pitch = std::max<LONG>(row.bottom - row.top, 1);
+        const Win::SavedDc saved(context_);
+        ::IntersectClipRect(context_, outer.left, outer.top, outer.right, outer.bottom);
         DrawGrid({inner.left, headerBottom, inner.right, inner.bottom}, pitch, box.ColumnWidth);
         LONG drawn = 0;
         for (const ListRow& texts : face.Rows) {

@@ -6,11 +6,11 @@
 
 #include "editor/checks/Checks.h"
 #include "editor/checks/DesignTime.h"
-#include "editor/checks/TextIds.h"
 #include "editor/rules/RuleText.h"
 #include "shared/NumberText.h"
 #include "shared/TermColors.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {
@@ -162,7 +162,7 @@ void RuleEditor::Add() {
 
 void RuleEditor::AddRule(Text rule) {
     Rules().Add(rule);
-    selected_ = rows_.Append(std::move(rule));
+    selected_ = rows_.Add(std::move(rule));
 }
 
 void RuleEditor::Reweigh(std::size_t row, Text rule) {
@@ -176,8 +176,7 @@ void RuleEditor::Reweigh(std::size_t row, Text rule) {
         rows_.Fill(Rules());
         selected_ = rows_.FindRule(rule);
     } else {
-        rows_.Replace(row, std::move(rule));
-        selected_ = row;
+        selected_ = rows_.Replace(row, std::move(rule));
     }
 }
 

@@ -11,6 +11,7 @@
 #include "com/ErrorBoundary.h"
 #include "tests/windows/support/Form.h"
 #include "tests/windows/support/Picture.h"
+#include "win/Dpi.h"
 
 namespace Quorvane {
 namespace {
@@ -68,6 +69,56 @@ TEST_F(Drawing, WithoutAWindowLooksLikeTheWindow) {
         EXPECT_NEAR(drawn, shown, shown / 4) << area.left << ", " << area.top;
     }
     EXPECT_EQ(inactive.Colours(EmptyRows).count(0x00C0FFFF), 1U);
+}
+
+/// The share of the pixels that are the same in both pictures.
+double Likeness(const Picture& one, const Picture& other, int width, int height) {
+    int same = 0;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            same += one.At(x, y) == other.At(x, y) ? 1 : 0;
+        }
+    }
+    return static_cast<double>(same) / (width * height);
+}
+
+TEST_F(Drawing, LooksLikeTheWindowInAnySize) {
+    form_.Control()->put_Caption(Com::Bstr(u"A caption that a narrow control cuts").Get());
+    constexpr SIZE Sizes[] = {{Width, 100}, {Width, 60}, {Width, 50}, {Width, 44},
+                              {Width, 36},  {Width, 22}, {Width, 10}, {200, 150},
+                              {140, 150},   {90, 150},   {60, 36}};
+    const auto himetric = [](int pixels) { return Win::HimetricOfPixels(pixels, 96); };
+    for (const SIZE& size : Sizes) {
+        const RECT place{10, 10, 10 + size.cx, 10 + size.cy};
+        const RECTL bounds{0, 0, size.cx, size.cy};
+        // Low from the beginning: the lists have a height from before, here as in the window.
+        SIZEL whole{himetric(Width), himetric(Height)};
+        SIZEL extent{himetric(size.cx), himetric(size.cy)};
+        form_.As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &whole);
+        form_.As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &extent);
+        const Picture inactive = Drawn(bounds, size.cx, size.cy);
+        form_.TheSite().Position = place;
+        form_.Activate();
+        ASSERT_TRUE(form_.WaitUntilSeen());
+        form_.Control()->Refresh();
+        const Picture window = Picture::OfWindow(form_.Surface());
+        EXPECT_GT(Likeness(inactive, window, size.cx, size.cy), 0.9)
+            << size.cx << " by " << size.cy;
+        form_.As<IOleInPlaceObject>()->InPlaceDeactivate();
+    }
+}
+
+TEST_F(Drawing, LeavesTheSavedStatesOfAPlayingHostAlone) {
+    FORMATETC format{CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1, TYMED_MFPICT};
+    STGMEDIUM medium{};
+    ASSERT_EQ(form_.As<IDataObject>()->GetData(&format, &medium), S_OK);
+    Picture played(Width, Height);
+    const int first = ::SaveDC(played.Context());
+    ::SaveDC(played.Context());
+    played.Play(medium);
+    EXPECT_EQ(::SaveDC(played.Context()), first + 2);
+    ::RestoreDC(played.Context(), first);
+    ::ReleaseStgMedium(&medium);
 }
 
 TEST_F(Drawing, IsTheSameInAMetafileAsOnTheScreen) {
