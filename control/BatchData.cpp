@@ -9,13 +9,12 @@
 #include "shared/ItemAddresses.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 #include "win/MessageBox.h"
 
 namespace Quorvane {
 namespace {
 
-constexpr std::int32_t InvalidEvaluation = 84;
-constexpr std::int32_t ControllerTitle = 35;
 constexpr std::int32_t DefaultDivisions = 10;
 
 /// The folder with its final backslash. Raises InvalidCall for the empty path.
@@ -74,7 +73,6 @@ class BatchRun final : public RunTime::GridVisitor {
         }
         // Held, as a host's dictionary may run code that assigns another one.
         const auto values = current;
-        const DefaultArithmetic::Pause pause(arithmetic_);
         Definition::Require(values).Put(inputs_.Names()[axis], value);
     }
 
@@ -92,7 +90,7 @@ class BatchRun final : public RunTime::GridVisitor {
   private:
     /// A cycle has arithmetic of its own; handlers of its event have the host's.
     void FireAsHost() {
-        const DefaultArithmetic::Pause pause(arithmetic_);
+        const DefaultArithmetic::Pause pause;
         Com::Check(control_.Fire());
     }
 
@@ -127,8 +125,9 @@ STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);
         } catch (...) {
             // Whatever failed, the host is not told by an error but the person by this message.
-            Win::ShowMessage(Site().Window(), Main::GetText(InvalidEvaluation),
-                             Main::GetText(ControllerTitle), MB_OK | MB_ICONERROR);
+            const Com::ModelessPause pause(InPlace());
+            Win::ShowMessage(Site().Window(), Main::GetText(TextIds::InvalidEvaluation),
+                             Main::GetText(TextIds::Controller), MB_OK | MB_ICONERROR);
         }
     });
 }

@@ -2,6 +2,7 @@
 // Where the constituents of the control are.
 #include "control/display/DisplayLayout.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Quorvane {
@@ -65,6 +66,9 @@ PixelLayout ToPixels(const DisplayLayout& layout, int width, int height, float d
     PixelLayout pixels;
     pixels.Strip = {0, 0, scale(layout.StripWidth), strip};
     pixels.Label = {scale(LabelLeft), 0, scale(layout.LabelWidth), strip};
+    pixels.Caption = pixels.Label;
+    pixels.Caption.Width =
+        std::clamp(pixels.Strip.Width - pixels.Label.Left, 0, pixels.Label.Width);
     pixels.Input = ScaleList(layout.Input, 0, inputRight, scale);
     pixels.Output = ScaleList(layout.Output, outputLeft, width, scale);
     pixels.Status = {0, statusTop, width, height - statusTop};

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "editor/checks/TextIds.h"
 #include "shared/NumberText.h"
 #include "shared/TermColors.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

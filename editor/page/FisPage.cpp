@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "editor/checks/TextIds.h"
 #include "editor/page/DrawVariableGraph.h"
 #include "editor/page/LabelEdits.h"
 #include "editor/page/VariableEdits.h"
@@ -13,6 +12,7 @@
 #include "model/ParseDefinition.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "editor/checks/TextIds.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

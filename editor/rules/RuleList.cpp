@@ -132,9 +132,11 @@ std::size_t RuleList::Settle(std::size_t row) {
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
     auto place = static_cast<std::ptrdiff_t>(row);
     WithKeys([&](auto keyOf) {
-        const auto equal =
-            std::ranges::equal_range(rows_, keyOf(settled), Precedes{order_->Descending}, keyOf);
-        place = std::clamp(place, equal.begin() - rows_.begin(), equal.end() - rows_.begin());
+        const auto key = keyOf(settled);
+        const Precedes precedes{order_->Descending};
+        const auto first = std::ranges::lower_bound(rows_, key, precedes, keyOf);
+        const auto last = std::ranges::upper_bound(rows_, key, precedes, keyOf);
+        place = std::clamp(place, first - rows_.begin(), last - rows_.begin());
     });
     rows_.insert(rows_.begin() + place, std::move(settled));
     return static_cast<std::size_t>(place);

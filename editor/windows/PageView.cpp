@@ -102,13 +102,26 @@ SIZE PageView::NaturalSize() const {
     return {size.Width, size.Height};
 }
 
+/// The part of a place that is within the frame: some frames give a page more room than they have,
+/// and what lies beyond is not to be seen. A frame that has no area yet, or that scrolls the page,
+/// has its way.
+RECT PageView::InFrame(HWND frame, const RECT& position) noexcept {
+    RECT area{};
+    RECT place{};
+    ::GetClientRect(frame, &area);
+    const bool startsInside = ::PtInRect(&area, {position.left, position.top}) != FALSE;
+    return startsInside && ::IntersectRect(&place, &area, &position) ? place : position;
+}
+
 void PageView::Create(HWND frame, const RECT& position) {
     const Win::ActivationScope styled(visualStyles_);
     Make<PageView>(Com::ModuleHandle(), {.Parent = frame,
-                                         .Position = position,
+                                         .Position = InFrame(frame, position),
                                          .Style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                                          .ExtendedStyle = WS_EX_CONTROLPARENT,
                                          .Id = 0});
+    given_ = position;
+    FollowFrame(frame);
     prompt_.SetOwner(Get());
     MakeControls();
     Arrange();
@@ -128,6 +141,7 @@ void PageView::ShowNodes() {
 }
 
 void PageView::Destroy() noexcept {
+    frame_.reset();
     prompt_.SetOwner(nullptr);
     treInput_.Destroy();
     treOutput_.Destroy();
@@ -136,8 +150,24 @@ void PageView::Destroy() noexcept {
 }
 
 void PageView::Move(const RECT& position) noexcept {
-    ::MoveWindow(Get(), position.left, position.top, position.right - position.left,
-                 position.bottom - position.top, TRUE);
+    given_ = position;
+    FitIntoFrame();
+}
+
+void PageView::FitIntoFrame() noexcept {
+    const RECT place = InFrame(::GetParent(Get()), given_);
+    ::MoveWindow(Get(), place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 TRUE);
+}
+
+/// Some frames are made as small as they are to be only after they have activated their pages.
+void PageView::FollowFrame(HWND frame) {
+    frame_.emplace(frame, [this](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_SIZE) {
+            FitIntoFrame();
+        }
+        return std::nullopt;
+    });
 }
 
 void PageView::Show(UINT command) noexcept {

@@ -14,6 +14,7 @@
 #include "editor/windows/MessagePrompt.h"
 #include "editor/windows/TreeView.h"
 #include "win/ActivationContext.h"
+#include "win/Subclass.h"
 #include "win/Window.h"
 
 namespace Quorvane::Editor {
@@ -109,6 +110,9 @@ class PageView final : private Win::Window {
         Win::ChildWindow cmdRule;
     };
 
+    static RECT InFrame(HWND frame, const RECT& position) noexcept;
+    void FitIntoFrame() noexcept;
+    void FollowFrame(HWND frame);
     static Win::Handle<Win::AcceleratorKind> MakeAccelerators();
 
     TreeView& tree(Side side) { return side == Side::Input ? treInput_ : treOutput_; }
@@ -146,6 +150,9 @@ class PageView final : private Win::Window {
     TreeView treOutput_{outputEvents_};
     FisPage page_{prompt_, treInput_, treOutput_};
     std::optional<Controls> controls_;
+    /// The place that the frame has given the page, which may be more than the frame has.
+    RECT given_{};
+    std::optional<Win::Subclass> frame_;
 };
 
 } // namespace Quorvane::Editor

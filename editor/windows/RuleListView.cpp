@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "editor/checks/TextIds.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 #include "win/Dpi.h"
 #include "win/Raised.h"
 #include "win/WideText.h"
