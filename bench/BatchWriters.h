@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "bench/DenseEngine.h"
-#include "model/LinguisticVariable.h"
+#include "shared/LinguisticVariable.h"
 
 namespace Quorvane::Bench {
 

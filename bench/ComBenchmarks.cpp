@@ -8,7 +8,7 @@
 #include "bench/ControlHost.h"
 #include "bench/EmptyObject.h"
 #include "bench/Rig.h"
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 
 namespace Quorvane::Bench {
 namespace {

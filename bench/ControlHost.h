@@ -9,11 +9,10 @@
 #include <cstddef>
 #include <filesystem>
 
-#include <QuorvaneAxEditor.h>
-
 #include "bench/Workload.h"
-#include "control/ScriptingRuntime.h"
-#include "control/com/ComObject.h"
+#include "com/ComObject.h"
+#include "idl/QuorvaneAxEditor.h"
+#include "idl/ScriptingRuntime.h"
 #include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane::Bench {

@@ -6,7 +6,7 @@
 
 #include <oaidl.h>
 
-#include "control/com/ComPtr.h"
+#include "com/ComPtr.h"
 
 namespace Quorvane::Bench {
 

@@ -55,3 +55,17 @@ add_library(quorvane_options INTERFACE)
 target_compile_options(quorvane_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
     "$<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor;-Wsuggest-override>")
+
+if(MINGW)
+    # What every source of the shell is compiled with, after the warnings that all sources share.
+    add_library(quorvane_shell_options INTERFACE)
+    target_compile_options(quorvane_shell_options INTERFACE
+        # The core's char16_t texts are viewed as the platform's wchar_t and the other way round:
+        # the same UTF-16, but types that may not alias.
+        "$<$<COMPILE_LANGUAGE:CXX>:-fno-strict-aliasing>"
+        # COM interfaces have no destructors at all; -Wdelete-non-virtual-dtor stays on.
+        "$<$<COMPILE_LANGUAGE:CXX>:-Wno-non-virtual-dtor>")
+    add_library(quorvane_shell INTERFACE)
+    target_include_directories(quorvane_shell INTERFACE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(quorvane_shell INTERFACE quorvane_options quorvane_shell_options)
+endif()

@@ -26,3 +26,14 @@ function(quorvane_tell_products)
     string(REPLACE "/" "\\\\" way ${way})
     set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_DEFINITIONS "QUORVANE_PRODUCTS=\"${way}\"")
 endfunction()
+
+# quorvane_control_resources(source): what the resource compiler needs to find for the control's
+# resources, whichever module takes them.
+function(quorvane_control_resources source)
+    set(root ${PROJECT_SOURCE_DIR})
+    # windres takes the type library from the build tree, the rest from the sources.
+    set(used ${PROJECT_BINARY_DIR}/idl/QuorvaneAxEditor.tlb ${root}/module/VisualStyles.manifest
+        ${root}/module/Toolbox.bmp ${root}/control/display/Error.ico)
+    set_source_files_properties(${source} PROPERTIES
+        COMPILE_OPTIONS "-I${PROJECT_BINARY_DIR}/idl" OBJECT_DEPENDS "${used}")
+endfunction()

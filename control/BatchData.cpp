@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Tabulating the control surface into two text files.
+#include "com/Scoped.h"
 #include "control/BatchFile.h"
 #include "control/FISControl.h"
-#include "control/com/Scoped.h"
 #include "engine/GridWalk.h"
 #include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"

@@ -2,8 +2,8 @@
 // A text file of the batch.
 #include "control/BatchFile.h"
 
-#include "control/com/ErrorBoundary.h"
-#include "control/com/Scoped.h"
+#include "com/ErrorBoundary.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 namespace {

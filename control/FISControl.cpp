@@ -2,10 +2,9 @@
 // The appearance and definition properties of the control.
 #include "control/FISControl.h"
 
+#include "com/Fonts.h"
+#include "com/Scoped.h"
 #include "control/DispatchIds.h"
-#include "control/Fonts.h"
-#include "control/WindowsTextServices.h"
-#include "control/com/Scoped.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
 #include "win/Dpi.h"
@@ -21,7 +20,6 @@ constexpr SIZEL InitialExtent{8467, 5292};
 
 FISControl::FISControl(IUnknown* outer)
     : ComObject(outer), ControlCore(InitialExtent), display_(*this) {
-    Definition::State().Platform = &WindowsTextServices();
     // Some hosts neither initialise nor load a control before they use it.
     display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
     display_.lvwInput.Font.Set(NewDialogFont());

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <iterator>
 
-#include "control/DisplayPainter.h"
-#include "control/DisplayWindow.h"
 #include "control/FISControl.h"
 #include "control/HelpFile.h"
+#include "control/display/DisplayPainter.h"
+#include "control/display/DisplayWindow.h"
 #include "shared/Definition.h"
 #include "win/Dpi.h"
 #include "win/HelpViewer.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Initialising, loading and saving the control.
+#include "com/Fonts.h"
 #include "control/FISControl.h"
-#include "control/Fonts.h"
 #include "control/HelpFile.h"
-#include "control/PropertyBag.h"
-#include "control/StreamPropertyBag.h"
+#include "control/persistence/PropertyBag.h"
+#include "control/persistence/StreamPropertyBag.h"
 #include "engine/PrepareRuleBase.h"
 #include "model/BuiltInDefinition.h"
 #include "model/ParseDefinition.h"

@@ -3,7 +3,7 @@
 #include <olectl.h>
 
 #include "control/FISControl.h"
-#include "control/ScriptingDictionary.h"
+#include "control/dictionaries/ScriptingDictionary.h"
 #include "engine/PrepareRuleBase.h"
 #include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <string>
 
-#include "QuorvaneAxEditor.h"
-#include "control/com/RegistryJournal.h"
-#include "control/com/Scoped.h"
+#include "com/RegistryJournal.h"
+#include "com/Scoped.h"
+#include "idl/QuorvaneAxEditor.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
 

@@ -7,7 +7,7 @@
 #include <limits>
 
 #include "engine/DoublePair.h"
-#include "model/LinguisticVariable.h"
+#include "shared/LinguisticVariable.h"
 
 namespace Quorvane::RunTime {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "engine/Membership.h"
-#include "model/LinguisticVariable.h"
+#include "shared/LinguisticVariable.h"
 #include "shared/Text.h"
 #include "shared/Value.h"
 

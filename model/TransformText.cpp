@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
-#include "shared/Definition.h"
 #include "shared/FisError.h"
+#include "shared/TextServices.h"
 
 namespace Quorvane::Main {
 namespace {
@@ -61,7 +61,7 @@ Text Decode(TextView stored, const TextServices& platform) {
 } // namespace
 
 Text TransformText(TextView text, bool encode) {
-    return TransformText(text, encode, *Definition::State().Platform);
+    return TransformText(text, encode, PlatformText());
 }
 
 Text TransformText(TextView text, bool encode, const TextServices& services) {

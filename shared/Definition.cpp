@@ -2,9 +2,6 @@
 // The one copy of the process-wide state.
 #include "shared/Definition.h"
 
-#include "engine/PreparedRules.h"
-#include "text/GetText.h"
-
 namespace Quorvane::Definition {
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
@@ -30,15 +27,9 @@ void ReleaseModel() {
 
 void Reset() {
     ProcessState fresh;
-    fresh.Platform = State().Platform;
     // What was held is released when the old state leaves this scope, after the new one is in
     // place.
     std::swap(State(), fresh);
-}
-
-Text CurrentErrorText() {
-    const std::int32_t id = State().CurrentErrorId;
-    return id == 0 ? Text() : Main::GetText(id);
 }
 
 } // namespace Quorvane::Definition

@@ -6,10 +6,9 @@
 #include <memory>
 #include <optional>
 
-#include "model/LinguisticVariable.h"
+#include "shared/LinguisticVariable.h"
 #include "shared/PooledNodes.h"
 #include "shared/StringKeyedDictionary.h"
-#include "shared/TextServices.h"
 #include "shared/ValueDictionary.h"
 
 namespace Quorvane {
@@ -57,9 +56,6 @@ struct ProcessState {
 
     /// The help file of the current language, where the help directory is known.
     Text HelpFile;
-
-    /// The platform's text conversions; never null, not owned.
-    const TextServices* Platform = &NeutralTextServices();
 };
 
 /// Holds the state without ever destroying it.
@@ -91,11 +87,8 @@ bool IsHeld();
 /// defaults, the prepared tables and the texts stay.
 void ReleaseModel();
 
-/// Returns the state to that of a new process, but for the platform's text conversions.
+/// Returns the state to that of a new process.
 void Reset();
-
-/// The message of the engine routine that last started, in the current language.
-Text CurrentErrorText();
 
 /// The dictionary, or ObjectNotSet raised where it is absent.
 template <class Holder>

@@ -10,7 +10,6 @@
 
 #include "shared/DecimalDigits.h"
 #include "shared/DefaultArithmetic.h"
-#include "shared/Definition.h"
 #include "shared/FisError.h"
 #include "shared/TextServices.h"
 
@@ -191,13 +190,13 @@ double ParseNumber(TextView text) {
 Text UserNumberText(double value) {
     Text text = NumberText(value);
     if (const auto point = text.find(u'.'); point != Text::npos) {
-        text.replace(point, 1, Definition::State().Platform->DecimalSeparator());
+        text.replace(point, 1, PlatformText().DecimalSeparator());
     }
     return text;
 }
 
 double ParseUserNumber(TextView text) {
-    const TextServices& platform = *Definition::State().Platform;
+    const TextServices& platform = PlatformText();
     const auto number = PlainDecimal(text, platform.DecimalSeparator());
     return number ? Convert(*number) : platform.NumberFromLocaleText(text);
 }

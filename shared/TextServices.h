@@ -9,8 +9,7 @@
 
 namespace Quorvane {
 
-/// The platform's conversions. The shell installs those of Windows and the user; without them the
-/// core works with NeutralTextServices.
+/// The platform's conversions.
 class TextServices {
   public:
     virtual ~TextServices() = default;
@@ -42,8 +41,10 @@ class NeutralServices final : public TextServices {
     static const NeutralServices Instance;
 };
 
-constexpr const TextServices& NeutralTextServices() {
-    return NeutralServices::Instance;
-}
+/// The services that the core works with: NeutralServices until others are installed.
+const TextServices& PlatformText() noexcept;
+
+/// Installs services, which have to outlive their use. Returns those in use before.
+const TextServices& InstallPlatformText(const TextServices& services) noexcept;
 
 } // namespace Quorvane

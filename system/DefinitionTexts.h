@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <exception>
-#include <string>
 
 #include "shared/TextServices.h"
 #include "system/FuzzySystem.h"
@@ -25,16 +24,15 @@ enum class DefinitionPart { Inputs, Outputs, Rules };
 /// Why texts are no system, and where.
 class DefinitionError : public std::exception {
   public:
-    DefinitionError(DefinitionPart part, std::size_t column, std::string message)
+    DefinitionError(DefinitionPart part, std::size_t column, Text message)
         : Part(part), Column(column), Message(std::move(message)) {}
 
-    /// The message alone, in UTF-8.
-    const char* what() const noexcept override { return Message.c_str(); }
+    const char* what() const noexcept override { return "no fuzzy system"; }
 
     DefinitionPart Part;
     /// The character of the plain text, counted from 1; of the stored text where that is not one.
     std::size_t Column;
-    std::string Message;
+    Text Message;
 };
 
 /// Reads plain texts as the control does. Throws DefinitionError where the control would refuse
@@ -44,7 +42,7 @@ FuzzySystem FromPlainTexts(const DefinitionTexts& plain);
 
 /// The same from stored texts, which the code page of the services has.
 FuzzySystem FromStoredTexts(const DefinitionTexts& stored,
-                            const TextServices& services = NeutralTextServices());
+                            const TextServices& services = NeutralServices::Instance);
 
 /// Writes plain texts from which the same system is read again, to the bit. They are those that the
 /// control would write, but where these would lose something: a number of more than 15 digits has
@@ -54,7 +52,7 @@ DefinitionTexts PlainTexts(const FuzzySystem& system);
 
 /// The same in their stored form. Characters beyond the code page become "?".
 DefinitionTexts StoredTexts(const FuzzySystem& system,
-                            const TextServices& services = NeutralTextServices());
+                            const TextServices& services = NeutralServices::Instance);
 
 /// Whether definition texts can carry a name: it has none of their separators | / ; , : > <
 bool IsPlainName(TextView name);

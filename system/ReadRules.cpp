@@ -1,33 +1,26 @@
 // SPDX-License-Identifier: MIT
 // From the text of the rules to the rules of a system.
 #include <unordered_set>
-#include <utility>
 
 #include "shared/Markers.h"
+#include "system/ClauseNames.h"
 #include "system/TextReading.h"
 
 namespace Quorvane::System {
 namespace {
 
 /// Reads the antecedents or the consequents of rules, one rule after the other.
-template <class Term>
 class ClauseReader {
   public:
+    template <class Term>
     ClauseReader(const PartReader& reader, const std::vector<Variable<Term>>& variables,
-                 char16_t mark, const char* kind)
-        : reader_(reader), variables_(variables), mark_(mark), kind_(kind) {
-        for (const Variable<Term>& variable : variables) {
-            names_.emplace(variable.Name, static_cast<std::uint32_t>(names_.size()));
-            NameIndex terms = NoNames();
-            for (const Term& term : variable.Terms) {
-                terms.emplace(term.Name, static_cast<std::uint32_t>(terms.size()));
-            }
-            terms_.push_back(std::move(terms));
-        }
-    }
+                 const Text& kind, char16_t mark)
+        : reader_(reader), names_(variables, kind), mark_(mark),
+          expectedName_(u"the name of an " + kind),
+          expectedTerm_(Text(u"\"") + mark + u"\" and the name of a term") {}
 
     std::vector<Clause> Read(TextView list) {
-        ++rule_;
+        names_.BeginRule();
         Split(list, u';', elements_);
         std::vector<Clause> clauses;
         clauses.reserve(elements_.size());
@@ -40,42 +33,20 @@ class ClauseReader {
   private:
     Clause ReadClause(TextView element) {
         Split(element, mark_, pieces_);
-        const TextView name = reader_.Piece(pieces_, 0, element, kind_);
-        const TextView term = reader_.Piece(pieces_, 1, element,
-                                            mark_ == u'>' ? "\">\" and the name of a term"
-                                                          : "\"<\" and the name of a term");
-        Clause clause;
-        const auto variable = names_.find(name);
-        if (variable == names_.end()) {
-            reader_.Fail(name, std::string("expected ") + kind_ + ", not " + Quoted(name));
+        const TextView name = reader_.Piece(pieces_, 0, element, expectedName_);
+        const TextView term = reader_.Piece(pieces_, 1, element, expectedTerm_);
+        try {
+            return names_.Resolve(name, term == NoneMarker ? std::nullopt : std::optional(term));
+        } catch (const NameError& error) {
+            reader_.Fail(error.IsOfTerm ? term : name, error.Message);
         }
-        clause.Variable = variable->second;
-        if (name != variables_[clause.Variable].Name) {
-            clause.Spelling = name;
-        }
-        if (std::exchange(lastMentions_[name], rule_) == rule_) {
-            reader_.Fail(name, "the rule names " + Quoted(name) + " twice");
-        }
-        if (term != NoneMarker) {
-            const auto& terms = terms_[clause.Variable];
-            const auto found = terms.find(term);
-            if (found == terms.end()) {
-                reader_.Fail(term, Quoted(name) + " has no term " + Quoted(term));
-            }
-            clause.Term = found->second;
-        }
-        return clause;
     }
 
     const PartReader& reader_;
-    const std::vector<Variable<Term>>& variables_;
+    ClauseNames names_;
     char16_t mark_;
-    const char* kind_;
-    NameIndex names_ = NoNames();
-    std::vector<NameIndex> terms_;
-    /// The number of the rule that has last written a name, counted from 1.
-    std::unordered_map<TextView, std::size_t> lastMentions_;
-    std::size_t rule_ = 0;
+    Text expectedName_;
+    Text expectedTerm_;
     std::vector<TextView> elements_;
     std::vector<TextView> pieces_;
 };
@@ -84,23 +55,24 @@ class ClauseReader {
 
 std::vector<Rule> ReadRules(TextView plain, const FuzzySystem& variables) {
     const PartReader reader(DefinitionPart::Rules, plain);
-    ClauseReader antecedents(reader, variables.Inputs, u'>', "the name of an input");
-    ClauseReader consequents(reader, variables.Outputs, u'<', "the name of an output");
+    ClauseReader antecedents(reader, variables.Inputs, u"input", u'>');
+    ClauseReader consequents(reader, variables.Outputs, u"output", u'<');
     std::unordered_set<TextView, KeyHash, KeyEqual> texts(0, KeyHash{KeyComparison::IgnoreCase},
                                                           KeyEqual{KeyComparison::IgnoreCase});
     std::vector<Rule> rules;
     for (const TextView text : Split(plain, u'|')) {
         const auto bodyAndWeight = Split(text, u':');
-        const TextView body = reader.Piece(bodyAndWeight, 0, text, "a rule");
-        const TextView weight = reader.Piece(bodyAndWeight, 1, text, "\":\" and a weight");
+        const TextView body = reader.Piece(bodyAndWeight, 0, text, u"a rule");
+        const TextView weight = reader.Piece(bodyAndWeight, 1, text, u"\":\" and a weight");
         const auto lists = Split(body, u'/');
-        const TextView list = reader.Piece(lists, 0, body, "antecedents");
+        const TextView list = reader.Piece(lists, 0, body, u"antecedents");
         Rule& rule = rules.emplace_back();
         rule.Antecedents = antecedents.Read(list);
-        rule.Consequents = consequents.Read(reader.Piece(lists, 1, body, "\"/\" and what follows"));
+        rule.Consequents =
+            consequents.Read(reader.Piece(lists, 1, body, u"\"/\" and what follows"));
         rule.Weight = reader.Number(weight);
         if (!texts.insert(text).second) {
-            reader.Fail(text, "the rule is there already");
+            reader.Fail(text, u"the rule is there already");
         }
     }
     return rules;

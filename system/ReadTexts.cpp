@@ -12,26 +12,26 @@ Text Decoded(DefinitionPart part, TextView stored, const TextServices& services)
     const auto wrong = stored.find_first_not_of(u"0123456789ABCDEFabcdef");
     if (wrong != TextView::npos) {
         PartReader(part, stored)
-            .Fail(stored.substr(wrong), "expected a hexadecimal digit of a stored text");
+            .Fail(stored.substr(wrong), u"expected a hexadecimal digit of a stored text");
     }
     return Main::TransformText(stored, false, services);
 }
 
 } // namespace
 
-void PartReader::Fail(TextView at, std::string message) const {
+void PartReader::Fail(TextView at, Text message) const {
     const auto offset = static_cast<std::size_t>(at.data() - Whole.data());
     throw DefinitionError(part_, offset + 1, std::move(message));
 }
 
-void PartReader::FailBehind(TextView piece, std::string message) const {
+void PartReader::FailBehind(TextView piece, Text message) const {
     Fail(piece.substr(piece.size()), std::move(message));
 }
 
 TextView PartReader::Piece(const std::vector<TextView>& pieces, std::size_t index, TextView split,
-                           const char* expected) const {
+                           TextView expected) const {
     if (index >= pieces.size()) {
-        FailBehind(split, std::string("expected ") + expected);
+        FailBehind(split, Text(u"expected ").append(expected));
     }
     return pieces[index];
 }
@@ -41,17 +41,8 @@ double PartReader::Number(TextView text) const {
         return ParseNumber(text);
     } catch (const FisError& error) {
         const bool isTooLarge = error.Number == static_cast<std::uint32_t>(RuntimeError::Overflow);
-        Fail(text, isTooLarge ? "the number is too large" : "expected a number");
+        Fail(text, isTooLarge ? u"the number is too large" : u"expected a number");
     }
-}
-
-std::string Quoted(TextView name) {
-    std::string quoted = "\"";
-    for (const char16_t character : name) {
-        constexpr char16_t AsciiEnd = 0x80;
-        quoted += character < AsciiEnd ? static_cast<char>(character) : '?';
-    }
-    return quoted + '"';
 }
 
 FuzzySystem FromPlainTexts(const DefinitionTexts& plain) {

@@ -2,6 +2,7 @@
 // From the texts of inputs and outputs to their variables.
 #include <cmath>
 
+#include "system/ClauseNames.h"
 #include "system/TextReading.h"
 
 namespace Quorvane::System {
@@ -11,27 +12,27 @@ void ReadPoints(const PartReader& reader, const std::vector<TextView>& fields, T
                 InputTerm& term) {
     for (std::size_t i = 0; i < term.Points.size(); ++i) {
         term.Points[i] = reader.Number(
-            reader.Piece(fields, i + 1, text, "\",\" and one of the four points of the term"));
+            reader.Piece(fields, i + 1, text, u"\",\" and one of the four points of the term"));
     }
 }
 
 void ReadPoints(const PartReader& reader, const std::vector<TextView>& fields, TextView text,
                 OutputTerm& term) {
-    term.Position = reader.Number(reader.Piece(fields, 1, text, "\",\" and the term's position"));
+    term.Position = reader.Number(reader.Piece(fields, 1, text, u"\",\" and the term's position"));
 }
 
 template <class Term>
 std::vector<Term> ReadTerms(const PartReader& reader, TextView list) {
     std::vector<Term> terms;
-    NameIndex names = NoNames();
+    NameIndex names;
     for (const TextView text : Split(list, u';')) {
         const auto fields = Split(text, u',');
-        const TextView name = reader.Piece(fields, 0, text, "the name of a term");
+        const TextView name = reader.Piece(fields, 0, text, u"the name of a term");
         Term& term = terms.emplace_back();
         term.Name = name;
         ReadPoints(reader, fields, text, term);
-        if (!names.emplace(name, 0).second) {
-            reader.Fail(name, "the variable has a term " + Quoted(name) + " already");
+        if (!names.Add(name)) {
+            reader.Fail(name, u"the variable has a term " + Quoted(name) + u" already");
         }
     }
     return terms;
@@ -40,20 +41,20 @@ std::vector<Term> ReadTerms(const PartReader& reader, TextView list) {
 template <class Term>
 std::vector<Variable<Term>> ReadVariables(const PartReader& reader) {
     std::vector<Variable<Term>> variables;
-    NameIndex names = NoNames();
+    NameIndex names;
     for (const TextView text : Split(reader.Whole, u'|')) {
         const auto fields = Split(text, u'/');
-        const TextView name = reader.Piece(fields, 0, text, "the name of a variable");
+        const TextView name = reader.Piece(fields, 0, text, u"the name of a variable");
         Variable<Term>& variable = variables.emplace_back();
         variable.Name = name;
         variable.Upper =
-            reader.Number(reader.Piece(fields, 1, text, "\"/\" and the variable's upper bound"));
+            reader.Number(reader.Piece(fields, 1, text, u"\"/\" and the variable's upper bound"));
         variable.Lower =
-            reader.Number(reader.Piece(fields, 2, text, "\"/\" and the variable's lower bound"));
+            reader.Number(reader.Piece(fields, 2, text, u"\"/\" and the variable's lower bound"));
         variable.Terms = ReadTerms<Term>(
-            reader, reader.Piece(fields, 3, text, "\"/\" and the variable's terms"));
-        if (!names.emplace(name, 0).second) {
-            reader.Fail(name, "there is a variable " + Quoted(name) + " already");
+            reader, reader.Piece(fields, 3, text, u"\"/\" and the variable's terms"));
+        if (!names.Add(name)) {
+            reader.Fail(name, u"there is a variable " + Quoted(name) + u" already");
         }
     }
     return variables;
@@ -71,7 +72,7 @@ std::vector<OutputVariable> ReadOutputs(TextView plain) {
     const auto texts = Split(plain, u'|');
     for (std::size_t i = 0; i < outputs.size(); ++i) {
         if (!std::isfinite(DefaultOf(outputs[i]))) {
-            reader.Fail(texts[i], "the middle of the universe is too large");
+            reader.Fail(texts[i], u"the middle of the universe is too large");
         }
     }
     return outputs;

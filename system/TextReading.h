@@ -2,11 +2,8 @@
 // What the readers of the definition texts have in common.
 #pragma once
 
-#include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "shared/StringKeyedDictionary.h"
 #include "system/DefinitionTexts.h"
 
 namespace Quorvane::System {
@@ -17,12 +14,12 @@ class PartReader {
     PartReader(DefinitionPart part, TextView text) : Whole(text), part_(part) {}
 
     /// Throws DefinitionError at the begin of a piece of the text, or behind it.
-    [[noreturn]] void Fail(TextView at, std::string message) const;
-    [[noreturn]] void FailBehind(TextView piece, std::string message) const;
+    [[noreturn]] void Fail(TextView at, Text message) const;
+    [[noreturn]] void FailBehind(TextView piece, Text message) const;
 
     /// A piece of a text that was split. A missing one is an error behind what was split.
     TextView Piece(const std::vector<TextView>& pieces, std::size_t index, TextView split,
-                   const char* expected) const;
+                   TextView expected) const;
 
     /// A number in the fixed form, finite.
     double Number(TextView text) const;
@@ -32,16 +29,6 @@ class PartReader {
   private:
     DefinitionPart part_;
 };
-
-/// A name in quotes and UTF-8, for messages.
-std::string Quoted(TextView name);
-
-/// Names of variables or terms with their indices, compared without regard to case.
-using NameIndex = std::unordered_map<TextView, std::uint32_t, KeyHash, KeyEqual>;
-
-inline NameIndex NoNames() {
-    return NameIndex(0, KeyHash{KeyComparison::IgnoreCase}, KeyEqual{KeyComparison::IgnoreCase});
-}
 
 std::vector<InputVariable> ReadInputs(TextView plain);
 std::vector<OutputVariable> ReadOutputs(TextView plain);

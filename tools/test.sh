@@ -2,7 +2,7 @@
 # The test suites, and the count of their results.
 
 # The static checks of the Windows half take many minutes more: ./quorvane lint runs them, too.
-SUITES="format tidy asan native x64 x86 fuzz products"
+SUITES="format rooms tidy asan native x64 x86 fuzz products"
 PASSED=0 FAILED=0 SKIPPED=0
 FAILURES=()
 declare -A CASES
@@ -23,6 +23,7 @@ run_tests() {
 run_suite() {
     case $1 in
         format) check_format ;;
+        rooms) check_rooms ;;
         tidy) check_tidy lint ;;
         asan) run_programs core-asan "$@" ;;
         native) run_programs native "$@" ;;
@@ -71,6 +72,12 @@ check_format() {
     mapfile -t sources < <(find . -path ./out -prune -o \( -name '*.cpp' -o -name '*.h' \) -print)
     check formatting "./quorvane test format" logged format \
         clang-format --dry-run -Werror "${sources[@]}"
+}
+
+# The includes of all rooms against the tables that describe them.
+check_rooms() {
+    say "Checking the rooms"
+    check rooms "./quorvane test rooms" logged rooms python3 tools/check_rooms.py
 }
 
 check_tidy() {

@@ -4,12 +4,12 @@
 
 namespace Quorvane::Win {
 
-ActivationContext::ActivationContext(HMODULE module, WORD manifest) noexcept {
+ActivationContext::ActivationContext(HMODULE module) noexcept {
     ACTCTXW description{};
     description.cbSize = sizeof description;
     description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
     description.hModule = module;
-    description.lpResourceName = MAKEINTRESOURCEW(manifest);
+    description.lpResourceName = ISOLATIONAWARE_MANIFEST_RESOURCE_ID;
     context_ = ::CreateActCtxW(&description);
     if (context_ != INVALID_HANDLE_VALUE) {
         LiveCount<ActivationContext>::Add(1);

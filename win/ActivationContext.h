@@ -8,11 +8,12 @@
 
 namespace Quorvane::Win {
 
-/// An activation context made from a manifest resource of a module. Where the platform makes none,
-/// the context of the host stays in force.
+/// The activation context of the manifest that a DLL carries for windows of its own, the resource
+/// ISOLATIONAWARE_MANIFEST_RESOURCE_ID. Where the platform makes none, the context of the host
+/// stays in force.
 class ActivationContext {
   public:
-    ActivationContext(HMODULE module, WORD manifest) noexcept;
+    explicit ActivationContext(HMODULE module) noexcept;
     ~ActivationContext();
     ActivationContext(const ActivationContext&) = delete;
     ActivationContext& operator=(const ActivationContext&) = delete;

@@ -2,7 +2,7 @@
 // The graph of the membership functions of one variable.
 #include "editor/page/DrawVariableGraph.h"
 
-#include "editor/TextIds.h"
+#include "editor/checks/TextIds.h"
 #include "shared/NumberText.h"
 #include "shared/TermColors.h"
 #include "text/GetText.h"

@@ -2,7 +2,7 @@
 // The graph of the membership functions of one variable.
 #pragma once
 
-#include "editor/Side.h"
+#include "editor/checks/Side.h"
 #include "editor/page/GraphSurface.h"
 
 namespace Quorvane::Editor {

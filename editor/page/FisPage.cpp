@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "editor/TextIds.h"
+#include "editor/checks/TextIds.h"
 #include "editor/page/DrawVariableGraph.h"
 #include "editor/page/LabelEdits.h"
 #include "editor/page/VariableEdits.h"

@@ -2,8 +2,8 @@
 // The property page as plain values: its trees, buttons, graph and changed flag.
 #pragma once
 
-#include "editor/Prompt.h"
-#include "editor/Side.h"
+#include "editor/checks/Prompt.h"
+#include "editor/checks/Side.h"
 #include "editor/page/GraphSurface.h"
 #include "editor/page/TreeControl.h"
 

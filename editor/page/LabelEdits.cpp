@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
-#include "editor/TextIds.h"
+#include "editor/checks/DesignTime.h"
+#include "editor/checks/TextIds.h"
 #include "editor/page/RuleReferences.h"
-#include "editor/rules/DesignTime.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
 

@@ -2,8 +2,8 @@
 // What an edited label of a tree does to the model.
 #pragma once
 
-#include "editor/Prompt.h"
-#include "editor/Side.h"
+#include "editor/checks/Prompt.h"
+#include "editor/checks/Side.h"
 #include "editor/page/TreeNode.h"
 
 namespace Quorvane::Editor {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string>
 
-#include "editor/TextIds.h"
+#include "editor/checks/TextIds.h"
 #include "editor/page/RuleReferences.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"

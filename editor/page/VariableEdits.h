@@ -2,8 +2,8 @@
 // New and deleted variables and terms in the model.
 #pragma once
 
-#include "editor/Prompt.h"
-#include "editor/Side.h"
+#include "editor/checks/Prompt.h"
+#include "editor/checks/Side.h"
 
 namespace Quorvane::Editor {
 

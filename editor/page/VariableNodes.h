@@ -2,7 +2,7 @@
 // From the variables of one side to the nodes of its tree.
 #pragma once
 
-#include "editor/Side.h"
+#include "editor/checks/Side.h"
 #include "editor/page/TreeNode.h"
 
 namespace Quorvane::Editor {

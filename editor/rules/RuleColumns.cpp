@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "editor/TextIds.h"
+#include "editor/checks/TextIds.h"
 #include "text/GetText.h"
 
 namespace Quorvane::Editor {

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
-#include "editor/TextIds.h"
-#include "editor/rules/Checks.h"
-#include "editor/rules/DesignTime.h"
+#include "editor/checks/Checks.h"
+#include "editor/checks/DesignTime.h"
+#include "editor/checks/TextIds.h"
 #include "editor/rules/RuleText.h"
 #include "shared/NumberText.h"
 #include "shared/TermColors.h"

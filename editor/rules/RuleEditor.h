@@ -2,7 +2,7 @@
 // The rule editor as plain values: its panels, rows, weight box, buttons and changed flag.
 #pragma once
 
-#include "editor/Prompt.h"
+#include "editor/checks/Prompt.h"
 #include "editor/rules/RuleList.h"
 #include "editor/rules/RulePanel.h"
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "editor/Side.h"
+#include "editor/checks/Side.h"
 
 namespace Quorvane::Editor {
 

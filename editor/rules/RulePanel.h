@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "editor/Side.h"
+#include "editor/checks/Side.h"
 
 namespace Quorvane::Editor {
 

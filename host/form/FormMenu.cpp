@@ -2,7 +2,7 @@
 // FormMenu: the main window's menu bar, its shortcut keys, and the commands that both give.
 #include "host/form/FormMenu.h"
 
-#include "host/form/Texts.h"
+#include "host/form/parts/Texts.h"
 
 #include <array>
 

@@ -2,12 +2,12 @@
 // FormWindow: the main window with the form, the tools for design and run mode, and the file menu.
 #include "host/form/FormWindow.h"
 
-#include "host/HResult.h"
-#include "host/Wide.h"
-#include "host/form/Automation.h"
-#include "host/form/FileDialogs.h"
-#include "host/form/PropertyFrame.h"
-#include "host/form/Texts.h"
+#include "host/container/HResult.h"
+#include "host/container/Wide.h"
+#include "host/form/design/PropertyFrame.h"
+#include "host/form/parts/Automation.h"
+#include "host/form/parts/FileDialogs.h"
+#include "host/form/parts/Texts.h"
 
 #include <algorithm>
 

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "host/form/FormMenu.h"
-#include "host/form/FormSurface.h"
-#include "host/form/KeptFocus.h"
-#include "host/form/PropertyGrid.h"
-#include "host/form/RunPanel.h"
+#include "host/form/design/PropertyGrid.h"
+#include "host/form/parts/KeptFocus.h"
+#include "host/form/run/RunPanel.h"
+#include "host/form/surface/FormSurface.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // main: the graphical host program, a form to place controls on.
-#include "host/Apartment.h"
-#include "host/Options.h"
+#include "host/container/Apartment.h"
+#include "host/container/Options.h"
 #include "host/form/FormWindow.h"
 
 #include <cstdlib>

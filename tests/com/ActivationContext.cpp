@@ -2,7 +2,7 @@
 // Making, activating and ending an activation context.
 #include "tests/com/ActivationContext.h"
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 

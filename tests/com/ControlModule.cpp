@@ -2,8 +2,8 @@
 // The way from the test program to the control in the same build.
 #include "tests/com/ControlModule.h"
 
-#include "control/com/Module.h"
-#include "control/com/Scoped.h"
+#include "com/Module.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 

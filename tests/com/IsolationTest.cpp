@@ -7,11 +7,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QuorvaneAxEditor.h>
-
-#include "control/com/ComPtr.h"
-#include "control/com/Module.h"
-#include "control/com/Scoped.h"
+#include "com/ComPtr.h"
+#include "com/Module.h"
+#include "com/Scoped.h"
+#include "idl/QuorvaneAxEditor.h"
 #include "tests/com/ActivationContext.h"
 #include "tests/com/ControlModule.h"
 

@@ -2,8 +2,8 @@
 // The registered control in the platform's script program.
 #include <gtest/gtest.h>
 
-#include "control/com/Module.h"
-#include "control/com/Scoped.h"
+#include "com/Module.h"
+#include "com/Scoped.h"
 #include "tests/com/ControlModule.h"
 #include "tests/com/support/ChildProcess.h"
 #include "tests/com/support/LoadedModule.h"

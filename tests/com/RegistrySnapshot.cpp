@@ -2,8 +2,8 @@
 // Reading a registry tree.
 #include "tests/com/RegistrySnapshot.h"
 
-#include "control/com/RegistryJournal.h"
-#include "control/com/Scoped.h"
+#include "com/RegistryJournal.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 namespace {

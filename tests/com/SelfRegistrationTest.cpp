@@ -6,10 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QuorvaneAxEditor.h>
-
-#include "control/com/ComPtr.h"
-#include "control/com/Scoped.h"
+#include "com/ComPtr.h"
+#include "com/Scoped.h"
+#include "idl/QuorvaneAxEditor.h"
 #include "tests/com/ControlModule.h"
 #include "tests/com/RegistrySnapshot.h"
 #include "tests/com/support/LoadedModule.h"

@@ -11,10 +11,9 @@
 #include <string>
 #include <vector>
 
-#include <QuorvaneAxEditor.h>
-
-#include "control/com/ComPtr.h"
-#include "control/com/Scoped.h"
+#include "com/ComPtr.h"
+#include "com/Scoped.h"
+#include "idl/QuorvaneAxEditor.h"
 #include "tests/com/ControlModule.h"
 
 namespace Quorvane {

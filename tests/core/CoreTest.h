@@ -16,14 +16,8 @@ namespace Quorvane {
 /// Starts and ends every test with the state of a new process.
 class CoreTest : public testing::Test {
   protected:
-    CoreTest() { ResetAll(); }
-    ~CoreTest() override { ResetAll(); }
-
-  private:
-    static void ResetAll() {
-        Definition::Reset();
-        Definition::State().Platform = &NeutralTextServices();
-    }
+    CoreTest() { Definition::Reset(); }
+    ~CoreTest() override { Definition::Reset(); }
 };
 
 /// Stores plain definition texts, encoded, in the process.

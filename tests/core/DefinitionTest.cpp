@@ -2,6 +2,7 @@
 // Tests of the process-wide state and of what releases it.
 #include "shared/Definition.h"
 
+#include "engine/CurrentErrorText.h"
 #include "engine/PrepareRuleBase.h"
 #include "model/ParseDefinition.h"
 #include "shared/TermColors.h"
@@ -21,7 +22,7 @@ TEST_F(DefinitionTest, ANewProcessHoldsNothing) {
     EXPECT_FALSE(Definition::IsHeld());
     EXPECT_EQ(State().LanguageId, 0);
     EXPECT_EQ(State().CurrentErrorId, 0);
-    EXPECT_EQ(Definition::CurrentErrorText(), u"");
+    EXPECT_EQ(RunTime::CurrentErrorText(), u"");
     EXPECT_EQ(&State(), &State());
 }
 
@@ -64,9 +65,7 @@ TEST_F(DefinitionTest, IsHeldByPreparedTablesAlone) {
     EXPECT_TRUE(Definition::IsHeld());
 }
 
-TEST_F(DefinitionTest, ResetKeepsNothingButThePlatform) {
-    const TestPlatform platform;
-    State().Platform = &platform;
+TEST_F(DefinitionTest, ResetKeepsNothing) {
     Parse(u"X/1/0/A,0,0,1,1", u"Y/1/0/B,1", u"X>A/Y<B:1");
     RunTime::PrepareRuleBase();
     State().LanguageId = 2052;
@@ -75,8 +74,6 @@ TEST_F(DefinitionTest, ResetKeepsNothingButThePlatform) {
     EXPECT_FALSE(Definition::IsHeld());
     EXPECT_EQ(State().CurrentErrorId, 0);
     EXPECT_EQ(State().HelpFile, u"");
-    EXPECT_EQ(State().Platform, &platform);
-    State().Platform = &NeutralTextServices();
 }
 
 TEST_F(DefinitionTest, ReleasingTheModelKeepsDefaultsTablesAndTexts) {
@@ -148,9 +145,9 @@ TEST_F(DefinitionTest, RequiringWhatIsNotSetRaises) {
 
 TEST_F(DefinitionTest, TheCurrentErrorTextIsInTheCurrentLanguage) {
     State().CurrentErrorId = 79;
-    EXPECT_EQ(Definition::CurrentErrorText(), u"Invalid linguistic input signal.");
+    EXPECT_EQ(RunTime::CurrentErrorText(), u"Invalid linguistic input signal.");
     State().LanguageId = 2052;
-    EXPECT_EQ(Definition::CurrentErrorText(), u"无效的语言输入信号。");
+    EXPECT_EQ(RunTime::CurrentErrorText(), u"无效的语言输入信号。");
 }
 
 TEST_F(DefinitionTest, AnErrorIsAStandardException) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The layout of the control's display.
-#include "control/DisplayLayout.h"
+#include "control/display/DisplayLayout.h"
 
 #include <gtest/gtest.h>
 

@@ -250,7 +250,8 @@ TEST(NumberText, LeavesOtherFormsOfTheUserToThePlatform) {
 }
 
 TEST(NumberText, NeutralServicesKnowNoOtherForm) {
-    const TextServices& neutral = NeutralTextServices();
+    const TextServices& neutral = PlatformText();
+    ASSERT_EQ(&neutral, &NeutralServices::Instance);
     EXPECT_EQ(neutral.DecimalSeparator(), u".");
     EXPECT_EQ(neutral.AnsiCode(0x41), 0x41);
     EXPECT_EQ(neutral.AnsiCode(0xFF), 0xFF);

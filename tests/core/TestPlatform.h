@@ -4,7 +4,8 @@
 
 #include <span>
 
-#include "shared/Definition.h"
+#include "shared/FisError.h"
+#include "shared/TextServices.h"
 
 namespace Quorvane {
 
@@ -64,14 +65,13 @@ class TestPlatform final : public TextServices {
 /// Installs text services for as long as it lives.
 class PlatformInUse {
   public:
-    explicit PlatformInUse(const TextServices& services)
-        : former_(std::exchange(Definition::State().Platform, &services)) {}
-    ~PlatformInUse() { Definition::State().Platform = former_; }
+    explicit PlatformInUse(const TextServices& services) : former_(InstallPlatformText(services)) {}
+    ~PlatformInUse() { InstallPlatformText(former_); }
     PlatformInUse(const PlatformInUse&) = delete;
     PlatformInUse& operator=(const PlatformInUse&) = delete;
 
   private:
-    const TextServices* former_;
+    const TextServices& former_;
 };
 
 } // namespace Quorvane

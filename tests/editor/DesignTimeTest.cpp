@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Tests of the validation routines: which input is refused, with which message, in which order.
-#include "editor/rules/DesignTime.h"
+#include "editor/checks/DesignTime.h"
 
-#include "editor/rules/Checks.h"
+#include "editor/checks/Checks.h"
 #include "tests/core/TestPlatform.h"
 #include "tests/editor/EditorTest.h"
 

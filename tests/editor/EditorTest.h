@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "editor/Prompt.h"
+#include "editor/checks/Prompt.h"
 #include "tests/core/CoreTest.h"
 
 namespace Quorvane::Editor {

@@ -2,7 +2,7 @@
 // The ends of label edits in the real trees: by focus loss, by Apply, and with the page's own end.
 #include <gtest/gtest.h>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "tests/editorwindows/PageTest.h"
 
 namespace Quorvane {

@@ -2,7 +2,7 @@
 // The property page worked by keyboard alone.
 #include <gtest/gtest.h>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "tests/com/support/HeldKey.h"
 #include "tests/editorwindows/PageTest.h"
 

@@ -4,8 +4,8 @@
 
 #include <olectl.h>
 
-#include "control/com/Module.h"
-#include "control/com/Scoped.h"
+#include "com/Module.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 

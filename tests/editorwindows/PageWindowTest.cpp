@@ -4,8 +4,8 @@
 
 #include <olectl.h>
 
-#include "control/com/ComObject.h"
-#include "control/com/Scoped.h"
+#include "com/ComObject.h"
+#include "com/Scoped.h"
 #include "tests/editorwindows/PageTest.h"
 #include "win/Handle.h"
 

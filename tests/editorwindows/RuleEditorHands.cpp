@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "tests/editorwindows/PageTest.h"
 
 namespace Quorvane {

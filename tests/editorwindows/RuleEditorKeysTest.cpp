@@ -2,7 +2,7 @@
 // The rule editor's focus, keys, panels and list in the real window.
 #include <gtest/gtest.h>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "tests/com/support/HeldKey.h"
 #include "tests/editorwindows/PageTest.h"
 #include "tests/editorwindows/RuleEditorHands.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reading the two files of a batch.
-#include "host/BatchFiles.h"
+#include "host/formfile/BatchFiles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // FormFileTest: reading and writing form files, whole and damaged.
-#include "host/FormFile.h"
+#include "host/formfile/FormFile.h"
 
 #include <fstream>
 #include <limits>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // HostedControlTest: the order in which a host calls its control, its site and its events.
-#include "host/HostedControl.h"
+#include "host/container/HostedControl.h"
 
-#include "host/ErrorLog.h"
-#include "host/HResult.h"
+#include "host/container/ErrorLog.h"
+#include "host/container/HResult.h"
 #include "tests/host/Apartment.h"
 #include "tests/host/StandInControl.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // OptionsTest: the command line.
-#include "host/Options.h"
+#include "host/container/Options.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // ProgramTest: the host program as a whole, with the real control.
-#include "host/FormFile.h"
+#include "host/formfile/FormFile.h"
 
 #include "tests/com/support/ChildProcess.h"
 #include "tests/com/support/TestFolder.h"

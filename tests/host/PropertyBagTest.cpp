@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // PropertyBagTest: what a control reads from the bag and writes into it.
-#include "host/PropertyBag.h"
+#include "host/container/PropertyBag.h"
 
-#include "host/ErrorLog.h"
-#include "host/FormFont.h"
-#include "host/Variant.h"
-#include "host/Wide.h"
+#include "host/container/ErrorLog.h"
+#include "host/container/FormFont.h"
+#include "host/container/Variant.h"
+#include "host/container/Wide.h"
 #include "tests/host/Apartment.h"
 
 #include <limits>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // RoomHeatingTest: the sample form with its script on the real control, as the host program runs
 // it.
-#include "host/RunningForm.h"
+#include "host/script/RunningForm.h"
 
 #include "tests/host/Apartment.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // RunningFormTest: whole forms with their scripts.
-#include "host/RunningForm.h"
+#include "host/script/RunningForm.h"
 
-#include "host/HResult.h"
+#include "host/container/HResult.h"
 #include "tests/host/Apartment.h"
 #include "tests/host/StandInClass.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // SampleFormTest: the sample forms say in their comments what their encoded texts hold.
-#include "host/FormFile.h"
+#include "host/formfile/FormFile.h"
 
 #include <charconv>
 

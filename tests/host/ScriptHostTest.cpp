@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // ScriptHostTest: scripts, their objects and their errors.
-#include "host/ScriptHost.h"
+#include "host/script/ScriptHost.h"
 
-#include "host/HResult.h"
-#include "host/HostObject.h"
-#include "host/Variant.h"
+#include "host/container/HResult.h"
+#include "host/container/Variant.h"
+#include "host/script/HostObject.h"
 #include "tests/host/Apartment.h"
 
 namespace {

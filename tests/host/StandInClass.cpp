@@ -2,7 +2,7 @@
 // StandInClass: makes the stand-in control a class of this process.
 #include "tests/host/StandInClass.h"
 
-#include "host/HResult.h"
+#include "host/container/HResult.h"
 
 namespace Quorvane::Host {
 

@@ -2,7 +2,7 @@
 // StandInControl: a small COM object that records how a host treats it.
 #include "tests/host/StandInControl.h"
 
-#include "host/HResult.h"
+#include "host/container/HResult.h"
 
 #include <filesystem>
 

@@ -2,9 +2,9 @@
 // StandInControl: a small COM object that records how a host treats it.
 #pragma once
 
-#include "host/ComObject.h"
-#include "host/EventSink.h"
-#include "host/Variant.h"
+#include "host/container/ComObject.h"
+#include "host/container/EventSink.h"
+#include "host/container/Variant.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Utf8Test: conversion between UTF-8 and UTF-16.
-#include "host/Utf8.h"
+#include "host/formfile/Utf8.h"
 
 #include <gtest/gtest.h>
 

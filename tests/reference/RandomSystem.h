@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "model/LinguisticVariable.h"
+#include "shared/LinguisticVariable.h"
 #include "shared/Text.h"
 #include "shared/Value.h"
 #include "tests/reference/Random.h"

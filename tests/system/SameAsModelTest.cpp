@@ -62,8 +62,8 @@ bool IsTaken(const Reference::SystemTexts& texts) {
 /// Whether a rule names something that the control does not look up before a cycle.
 bool IsUnknownName(const DefinitionError& error) {
     return error.Part == DefinitionPart::Rules &&
-           (error.Message.find("put, not") != std::string::npos ||
-            error.Message.find("has no term") != std::string::npos);
+           (error.Message.find(u"put, not") != Text::npos ||
+            error.Message.find(u"has no term") != Text::npos);
 }
 
 class SameAsModelTest : public CoreTest {
@@ -81,7 +81,7 @@ class SameAsModelTest : public CoreTest {
             EXPECT_EQ(PlainTexts(FromPlainTexts(written)), written);
             EXPECT_TRUE(FromPlainTexts(written) == system);
         } catch (const DefinitionError& error) {
-            EXPECT_TRUE(!isTaken || IsUnknownName(error)) << error.Message;
+            EXPECT_TRUE(!isTaken || IsUnknownName(error)) << Narrow(error.Message);
             ++Refused;
         }
     }

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "control/com/ErrorBoundary.h"
+#include "com/ErrorBoundary.h"
 #include "tests/windows/support/Form.h"
 
 namespace Quorvane {

@@ -6,10 +6,10 @@
 
 #include <gtest/gtest.h>
 
-#include "QuorvaneAxEditor.h"
-#include "control/DisplayWindow.h"
-#include "control/com/Module.h"
-#include "control/com/Scoped.h"
+#include "com/Module.h"
+#include "com/Scoped.h"
+#include "control/display/DisplayWindow.h"
+#include "idl/QuorvaneAxEditor.h"
 #include "tests/com/ActivationContext.h"
 #include "tests/windows/support/Form.h"
 

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "editor/page/PageLayout.h"
+#include "editor/windows/PageLayout.h"
 #include "win/WorkArea.h"
 
 namespace Quorvane {

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "control/com/ComObject.h"
+#include "com/ComObject.h"
 #include "tests/windows/support/Form.h"
 #include "tests/windows/support/PageFrame.h"
 #include "win/ActivationContext.h"

@@ -7,8 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include "control/Colors.h"
-#include "control/com/ErrorBoundary.h"
+#include "com/ErrorBoundary.h"
+#include "control/display/Colors.h"
 #include "shared/Definition.h"
 #include "tests/com/support/Systems.h"
 #include "tests/com/support/TestBag.h"

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "com/Scoped.h"
 #include "control/HelpFile.h"
-#include "control/com/Scoped.h"
 #include "shared/Definition.h"
 #include "tests/windows/support/Form.h"
 

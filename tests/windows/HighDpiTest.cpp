@@ -8,8 +8,8 @@
 
 #include <string>
 
-#include "control/com/Module.h"
-#include "control/com/Scoped.h"
+#include "com/Module.h"
+#include "com/Scoped.h"
 #include "shared/Definition.h"
 #include "tests/windows/support/Form.h"
 #include "win/Dpi.h"

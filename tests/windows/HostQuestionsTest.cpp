@@ -8,7 +8,7 @@
 
 #include <vector>
 
-#include "control/com/ErrorBoundary.h"
+#include "com/ErrorBoundary.h"
 #include "tests/windows/support/Form.h"
 #include "tests/windows/support/Picture.h"
 

@@ -7,8 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include "control/com/ErrorBoundary.h"
-#include "control/com/ObjectSafety.h"
+#include "com/ErrorBoundary.h"
+#include "com/ObjectSafety.h"
 #include "tests/windows/support/Form.h"
 
 namespace Quorvane {

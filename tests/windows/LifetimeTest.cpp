@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "control/com/ErrorBoundary.h"
-#include "control/com/Module.h"
+#include "com/ErrorBoundary.h"
+#include "com/Module.h"
 #include "tests/windows/support/Form.h"
 #include "tests/windows/support/PageFrame.h"
 #include "win/ActivationContext.h"

@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "control/com/ErrorBoundary.h"
-#include "control/com/Module.h"
+#include "com/ErrorBoundary.h"
+#include "com/Module.h"
 #include "tests/com/support/EventSink.h"
 #include "tests/com/support/HostDictionary.h"
 #include "tests/com/support/Systems.h"

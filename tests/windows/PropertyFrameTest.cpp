@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "control/com/ClassFactory.h"
-#include "control/com/ErrorBoundary.h"
-#include "control/com/Module.h"
+#include "com/ClassFactory.h"
+#include "com/ErrorBoundary.h"
+#include "com/Module.h"
 #include "tests/windows/support/Form.h"
 #include "win/WindowText.h"
 

@@ -8,9 +8,10 @@
 
 #include <string>
 
-#include "control/Resource.h"
-#include "control/com/Module.h"
-#include "control/com/Scoped.h"
+#include "com/Module.h"
+#include "com/Scoped.h"
+#include "control/display/Resource.h"
+#include "module/Resource.h"
 #include "shared/Text.h"
 
 namespace Quorvane {
@@ -82,7 +83,7 @@ TEST_F(Resources, HaveTheErrorPictureForEachUsualResolution) {
 }
 
 TEST_F(Resources, AskForCommonControlsOfVersionSix) {
-    const std::string manifest = Data(QUORVANE_MANIFEST, MAKEINTRESOURCEW(24));
+    const std::string manifest = Data(2, RT_MANIFEST);
     EXPECT_NE(manifest.find("Microsoft.Windows.Common-Controls"), std::string::npos);
     EXPECT_NE(manifest.find("version=\"6.0.0.0\""), std::string::npos);
 }

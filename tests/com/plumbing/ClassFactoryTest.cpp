@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Making instances, the rule of the one thread, and when the module may be unloaded.
-#include "control/com/ClassFactory.h"
+#include "com/ClassFactory.h"
 
 #include <oleauto.h>
 
 #include <thread>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "tests/com/plumbing/PlumbingTest.h"
 
 namespace Quorvane {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Identity, reference counts and aggregation of COM objects.
-#include "control/com/ComObject.h"
+#include "com/ComObject.h"
 
 #include "tests/com/plumbing/PlumbingTest.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Connecting sinks, raising events, and sinks that change everything while they are called.
-#include "control/com/ConnectionPoint.h"
+#include "com/ConnectionPoint.h"
 
 #include <olectl.h>
 

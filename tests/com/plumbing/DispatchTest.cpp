@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Late-bound calls as hosts and scripts make them.
-#include "control/com/Dispatch.h"
+#include "com/Dispatch.h"
 
 #include <oleauto.h>
 #include <olectl.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The enumerator template, over values, interfaces and connections.
-#include "control/com/Enumerator.h"
+#include "com/Enumerator.h"
 
 #include "tests/com/plumbing/PlumbingTest.h"
 

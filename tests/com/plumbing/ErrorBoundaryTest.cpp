@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Every exception becomes its HRESULT and its error information, and none gets out.
-#include "control/com/ErrorBoundary.h"
+#include "com/ErrorBoundary.h"
 
 #include <oleauto.h>
 
 #include <functional>
 #include <stdexcept>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "shared/FisError.h"
 #include "tests/com/plumbing/PlumbingTest.h"
 

@@ -10,7 +10,7 @@
 #include <ostream>
 #include <vector>
 
-#include "control/com/Module.h"
+#include "com/Module.h"
 #include "tests/com/plumbing/Trial.h"
 #include "tests/com/support/InvokeOnly.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What registration writes, and that it takes everything back.
-#include "control/com/Registration.h"
+#include "com/Registration.h"
 
-#include "control/com/ErrorBoundary.h"
-#include "control/com/RegistryJournal.h"
-#include "control/com/Scoped.h"
+#include "com/ErrorBoundary.h"
+#include "com/RegistryJournal.h"
+#include "com/Scoped.h"
 #include "tests/com/RegistrySnapshot.h"
 #include "tests/com/plumbing/PlumbingTest.h"
 

@@ -2,8 +2,8 @@
 // The trial object, and the module description that the plumbing asks for.
 #include "tests/com/plumbing/Trial.h"
 
-#include "control/com/ErrorBoundary.h"
-#include "control/com/Module.h"
+#include "com/ErrorBoundary.h"
+#include "com/Module.h"
 #include "shared/FisError.h"
 
 namespace Quorvane {

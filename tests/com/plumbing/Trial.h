@@ -9,11 +9,11 @@
 #include <map>
 
 #include "Trial_idl.h"
-#include "control/com/ClassInfo.h"
-#include "control/com/ComObject.h"
-#include "control/com/ConnectionPoint.h"
-#include "control/com/Dispatch.h"
-#include "control/com/Scoped.h"
+#include "com/ClassInfo.h"
+#include "com/ComObject.h"
+#include "com/ConnectionPoint.h"
+#include "com/Dispatch.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 

@@ -11,8 +11,7 @@
 
 #include <memory>
 
-#include <QuorvaneAxEditor.h>
-
+#include "idl/QuorvaneAxEditor.h"
 #include "tests/com/support/EventSink.h"
 #include "tests/com/support/LoadedModule.h"
 #include "tests/com/support/MessageBoxes.h"

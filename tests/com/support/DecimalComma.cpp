@@ -6,7 +6,7 @@
 
 #include <iterator>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 namespace {

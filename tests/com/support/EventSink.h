@@ -9,9 +9,8 @@
 #include <functional>
 #include <vector>
 
-#include <QuorvaneAxEditor.h>
-
-#include "control/com/ComObject.h"
+#include "com/ComObject.h"
+#include "idl/QuorvaneAxEditor.h"
 #include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane {

@@ -7,9 +7,9 @@
 #include <functional>
 #include <map>
 
-#include "control/ScriptingRuntime.h"
-#include "control/com/ComObject.h"
-#include "control/com/Scoped.h"
+#include "com/ComObject.h"
+#include "com/Scoped.h"
+#include "idl/ScriptingRuntime.h"
 
 namespace Quorvane {
 

@@ -8,7 +8,7 @@
 
 #include <cstddef>
 
-#include "control/com/ComObject.h"
+#include "com/ComObject.h"
 
 namespace Quorvane {
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "tests/com/ControlModule.h"
 
 namespace Quorvane {

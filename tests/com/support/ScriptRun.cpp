@@ -2,9 +2,9 @@
 // Scripts on a placed control, run by the host's script engine as a form's code-behind is.
 #include "tests/com/support/ScriptRun.h"
 
-#include "host/EventSink.h"
-#include "host/HostObject.h"
-#include "host/ScriptHost.h"
+#include "host/container/EventSink.h"
+#include "host/script/HostObject.h"
+#include "host/script/ScriptHost.h"
 
 namespace Quorvane {
 namespace {

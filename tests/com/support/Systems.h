@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 

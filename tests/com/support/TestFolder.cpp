@@ -10,7 +10,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 namespace {

@@ -7,7 +7,7 @@
 #include <ocidl.h>
 #include <olectl.h>
 
-#include "control/com/ComPtr.h"
+#include "com/ComPtr.h"
 
 namespace Quorvane {
 

@@ -12,8 +12,8 @@
 #include <map>
 #include <vector>
 
-#include "control/com/ComObject.h"
-#include "control/com/Scoped.h"
+#include "com/ComObject.h"
+#include "com/Scoped.h"
 
 namespace Quorvane {
 

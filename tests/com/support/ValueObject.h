@@ -6,7 +6,7 @@
 
 #include <functional>
 
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
 #include "tests/com/support/InvokeOnly.h"
 
 namespace Quorvane {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "control/ScriptingRuntime.h"
-#include "control/com/Scoped.h"
+#include "com/Scoped.h"
+#include "idl/ScriptingRuntime.h"
 
 namespace Quorvane {
 

@@ -5,9 +5,9 @@
 #include <commctrl.h>
 #include <olectl.h>
 
-#include "control/DisplayWindow.h"
-#include "control/com/ClassFactory.h"
-#include "control/com/ErrorBoundary.h"
+#include "com/ClassFactory.h"
+#include "com/ErrorBoundary.h"
+#include "control/display/DisplayWindow.h"
 #include "tests/com/support/TestBag.h"
 #include "win/Handle.h"
 

@@ -6,8 +6,8 @@
 
 #include <oleidl.h>
 
-#include "QuorvaneAxEditor.h"
-#include "control/com/ComPtr.h"
+#include "com/ComPtr.h"
+#include "idl/QuorvaneAxEditor.h"
 #include "tests/windows/support/Site.h"
 
 namespace Quorvane {

@@ -6,7 +6,7 @@
 
 #include <ocidl.h>
 
-#include "control/com/ComObject.h"
+#include "com/ComObject.h"
 
 namespace Quorvane {
 

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// The parts of the automation value owners that call the platform's conversions.
+#include "com/Scoped.h"
+
+#include <cstdint>
+
+#include "com/ErrorBoundary.h"
+
+namespace Quorvane::Com {
+namespace {
+
+/// The platform follows a reference to nowhere as well.
+void RefuseNullReference(const VARIANT& value) {
+    if ((value.vt & VT_BYREF) != 0 && !value.byref) {
+        throw HresultError(E_INVALIDARG);
+    }
+}
+
+} // namespace
+
+// The platform's declarations lack const for what they only read.
+
+Variant::Variant(const VARIANT& value) : Variant() {
+    Check(::VariantCopy(&value_, const_cast<VARIANT*>(&value)));
+}
+
+Variant ChangeType(const VARIANT& value, VARTYPE type) {
+    Variant result;
+    // The platform does not follow a by-reference variant in every conversion; follow it here.
+    auto& source = const_cast<VARIANT&>(Dereference(value));
+    RefuseNullReference(source);
+    Check(::VariantChangeType(result.Put(), &source, 0, type));
+    return result;
+}
+
+OLE_COLOR ToColor(const VARIANT& value) {
+    const double number = ChangeType(value, VT_R8).Get().dblVal;
+    if (!(number >= INT32_MIN && number <= UINT32_MAX)) {
+        throw HresultError(DISP_E_OVERFLOW);
+    }
+    return static_cast<OLE_COLOR>(static_cast<std::int64_t>(number));
+}
+
+Variant WithoutReference(const VARIANT& value) {
+    RefuseNullReference(value);
+    // The header of the compiler forgets that the source is not changed.
+    auto& source = const_cast<VARIANT&>(value);
+    Variant copy;
+    Check(::VariantCopyInd(copy.Put(), &source));
+    return copy;
+}
+
+const VARIANT& Dereference(const VARIANT& value) noexcept {
+    // Automation allows one such step; a host's longer chain is followed, an endless one is not.
+    constexpr int MostSteps = 8;
+    const VARIANT* result = &value;
+    for (int step = 0; step < MostSteps; ++step) {
+        if (result->vt != (VT_BYREF | VT_VARIANT) || !result->pvarVal) {
+            break;
+        }
+        result = result->pvarVal;
+    }
+    return *result;
+}
+
+} // namespace Quorvane::Com
