@@ -143,7 +143,7 @@ TEST_F(GapsAgainstEveryCell, OfRandomSystems) {
 /// Partitions whose every combination has a rule, but that some rules are left out.
 TEST_F(GapsAgainstEveryCell, OfGridsThatMayLackRules) {
     Reference::Random random(7);
-    for (int run = 0; run < 60 && !HasFailure(); ++run) {
+    for (int run = 0; run < 20 && !HasFailure(); ++run) {
         SCOPED_TRACE(testing::Message() << "run " << run);
         const std::uint32_t inputs = 1 + random.Below(3);
         System::FuzzySystem system;
@@ -171,8 +171,8 @@ TEST_F(GapsAgainstEveryCell, OfGridsThatMayLackRules) {
             Compare(system);
         }
     }
-    EXPECT_GT(Ends.Gaps, 8);
-    EXPECT_GT(Ends.None, 20);
+    EXPECT_GT(Ends.Gaps, 3);
+    EXPECT_GT(Ends.None, 5);
 }
 
 } // namespace

@@ -1,26 +1,27 @@
 // SPDX-License-Identifier: MIT
 // Tests that sound systems raise no alarm.
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
-#include "host/FormFile.h"
+#include "formats/FormSystem.h"
 #include "model/BuiltInDefinition.h"
 #include "tests/check/CheckTest.h"
 
 namespace Quorvane::Check {
 namespace {
 
-Text TextOf(const Host::FormFile& form, TextView key) {
-    const Host::FormProperty* const property = form.Controls.at(0).Properties.Find(key);
-    return property ? std::get<Text>(property->Value) : Text();
+std::string ContentOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 TEST(Samples, HaveNoFaults) {
     int forms = 0;
     for (const auto& entry : std::filesystem::directory_iterator(QUORVANE_SAMPLES)) {
         if (entry.path().extension() == ".form") {
-            const Host::FormFile form = Host::ReadFormFile(entry.path());
-            const CheckResult result = CheckSystem(System::FromStoredTexts(
-                {TextOf(form, u"Inputs"), TextOf(form, u"Outputs"), TextOf(form, u"Rules")}));
+            const CheckResult result =
+                CheckSystem(Formats::ReadFormSystem(ContentOf(entry.path())));
             EXPECT_EQ(Faults(result), std::vector<FindingKind>{}) << entry.path();
             ++forms;
         }
