@@ -1,8 +1,11 @@
 # SPDX-License-Identifier: MIT
-# What is delivered (the control, the host programs) goes into out/x64 or out/x86.
+# What is delivered (the control, the programs) goes into out/x64, out/x86 or, of the native preset,
+# out/native.
 
 add_custom_target(products)
-if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+if(NOT MINGW)
+    set(QUORVANE_PRODUCTS ${CMAKE_BINARY_DIR}/products CACHE PATH "Folder of what is delivered")
+elseif(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(QUORVANE_PRODUCTS ${PROJECT_SOURCE_DIR}/out/x64)
     # What manifests call the width of this build.
     set(QUORVANE_ASSEMBLY_ARCHITECTURE amd64)
