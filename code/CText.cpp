@@ -32,8 +32,8 @@ constexpr std::string_view Words[] = {
     "signed",    "sizeof",   "static",   "struct",    "switch",    "template", "this",
     "throw",     "true",     "try",      "typedef",   "typeid",    "typename", "typeof",
     "union",     "unsigned", "using",    "virtual",   "void",      "volatile", "while",
-    "xor",       "xor_eq",   "defaults", "degree_in", "is_finite", "lower",    "positions",
-    "rules",     "table",    "terms",    "upper"};
+    "xor",       "xor_eq",   "defaults", "degree_in", "is_finite", "is_set",   "lower",
+    "positions", "rules",    "table",    "terms",     "upper"};
 
 } // namespace
 

@@ -67,7 +67,7 @@ class Compiler {
         added.Then.resize(outputs_.size());
         for (const System::Clause& clause : rule.Consequents) {
             const auto place = System::PlaceOf(system_, clause, outputs_);
-            if (clause.Term && place && outputs_[*place].IsSet) {
+            if (clause.Term && place) {
                 added.Then[*place] = IndexOfPosition(static_cast<std::uint32_t>(*place),
                                                      clause.Variable, *clause.Term);
             }
@@ -146,12 +146,12 @@ bool Run(const CompiledSystem& system, std::span<const double> inputs, std::span
         }
     }
     for (std::size_t output = 0; output < outputs.size(); ++output) {
-        const double value = numerators[output] / denominators[output];
-        const bool isFinite = std::isfinite(numerators[output]) &&
-                              std::isfinite(denominators[output]) &&
-                              (denominators[output] == 0 || std::isfinite(value));
-        failed = failed || !isFinite;
-        outputs[output] = denominators[output] == 0 ? system.Outputs[output].Default : value;
+        const bool isSet = system.Outputs[output].IsSet && denominators[output] != 0;
+        outputs[output] =
+            isSet ? numerators[output] / denominators[output] : system.Outputs[output].Default;
+        // The sums of an output that no cycle sets count, too.
+        failed = failed || !std::isfinite(numerators[output]) ||
+                 !std::isfinite(denominators[output]) || !std::isfinite(outputs[output]);
     }
     for (std::size_t output = 0; failed && output < outputs.size(); ++output) {
         outputs[output] = system.Outputs[output].Default;

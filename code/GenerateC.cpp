@@ -83,7 +83,17 @@ class SourceWriter {
         for (const CompiledPosition& position : compiled_.Positions) {
             text_ += "    " + NumberConstant(position.Value) + ", /* " + NameOf(position) + " */\n";
         }
-        text_ += "};\n\n/* The outputs where no rule fires. */\n"
+        text_ += "};\n\n";
+        if (!AreAllSet()) {
+            text_ += "/* Whether the last rule names the output; else it keeps its default. */\n"
+                     "static const unsigned char is_set[] = {";
+            for (std::size_t i = 0; i < compiled_.Outputs.size(); ++i) {
+                text_ += i == 0 ? "" : ", ";
+                text_ += compiled_.Outputs[i].IsSet ? '1' : '0';
+            }
+            text_ += "};\n\n";
+        }
+        text_ += "/* The outputs where no rule fires. */\n"
                  "static const double defaults[] = {";
         for (std::size_t i = 0; i < compiled_.Outputs.size(); ++i) {
             text_ += (i == 0 ? "" : ", ") + NumberConstant(compiled_.Outputs[i].Default);
@@ -144,7 +154,12 @@ class SourceWriter {
         text_ +=
             Filled(FunctionRest, {{"UPPER", upper_},
                                   {"RULES", std::to_string(compiled_.Rules.size())},
-                                  {"WHEN", std::to_string(compiled_.Rules.front().When.size())}});
+                                  {"WHEN", std::to_string(compiled_.Rules.front().When.size())},
+                                  {"IS_SET", AreAllSet() ? "" : "is_set[j] && "}});
+    }
+
+    bool AreAllSet() const {
+        return std::ranges::all_of(compiled_.Outputs, &CompiledOutput::IsSet);
     }
 
     static constexpr std::string_view FunctionWithTerms =
@@ -192,7 +207,7 @@ class SourceWriter {
         "        }\n"
         "        for (j = 0; j < @UPPER@_OUTPUTS; ++j) {\n"
         "            outputs[j] = defaults[j];\n"
-        "            if (denominators[j] != 0)\n"
+        "            if (@IS_SET@denominators[j] != 0)\n"
         "                outputs[j] = numerators[j] / denominators[j];\n"
         "            if (!is_finite(numerators[j]) || !is_finite(denominators[j]) ||\n"
         "                !is_finite(outputs[j]))\n"

@@ -38,7 +38,7 @@ TEST(FunctionName, IsAnIdentifierThatIsFree) {
 }
 
 TEST(InComment, CannotEndTheComment) {
-    EXPECT_EQ(InComment(u"a*/b??/\\\n\u00E4"), "a__b______");
+    EXPECT_EQ(InComment(u"a*/b?/\\\n\u00E4"), "a__b_____");
 }
 
 TEST(IndexType, TakesTheLeastRoom) {

@@ -22,9 +22,9 @@ constexpr std::size_t Parts = 20;
 constexpr std::size_t SystemsOfPart = 110;
 
 /// What the sources define beside the function, which here has to differ from system to system.
-constexpr std::string_view LocalNames[] = {"defaults",  "degree_in", "is_finite", "lower",
-                                           "positions", "rule",      "rules",     "table",
-                                           "term",      "terms",     "upper"};
+constexpr std::string_view LocalNames[] = {"defaults", "degree_in", "is_finite", "is_set",
+                                           "lower",    "positions", "rule",      "rules",
+                                           "table",    "term",      "terms",     "upper"};
 
 std::string Ascii(const Text& text) {
     return {text.begin(), text.end()};

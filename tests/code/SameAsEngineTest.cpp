@@ -66,7 +66,7 @@ class RandomSystemsTest : public testing::Test {
         std::vector<double> run(compiled.Outputs.size());
         const int failed = generated.run(point.data(), outputs.data());
         EXPECT_EQ(failed, expected.Fault ? 1 : 0);
-        EXPECT_EQ(Run(compiled, point, run), !expected.Fault);
+        EXPECT_EQ(Code::Run(compiled, point, run), !expected.Fault);
         Ends.Failures += failed;
         ASSERT_EQ(expected.Outputs.size(), outputs.size());
         for (std::size_t i = 0; i < outputs.size(); ++i) {
