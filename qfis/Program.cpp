@@ -55,7 +55,7 @@ int wmain(int count, wchar_t** arguments) {
     std::vector<std::string> utf8;
     for (int i = 1; i < count; ++i) {
         const std::wstring wide(arguments[i]);
-        utf8.push_back(Host::EncodeUtf8({wide.begin(), wide.end()}));
+        utf8.push_back(Host::EncodeUtf8(std::u16string(wide.begin(), wide.end())));
     }
     return Run(std::move(utf8));
 }

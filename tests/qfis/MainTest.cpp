@@ -108,7 +108,7 @@ TEST_F(MainTest, ExplainsADefault) {
     EXPECT_NE(Out.find("  Level = 120, outside 0 to 100: Low 0, High 0\n"), std::string::npos);
     EXPECT_NE(Out.find("Rules that fire\n  none\n"), std::string::npos);
     EXPECT_NE(Out.find("  Pump = 500, the default: no rule fires\n"
-                       "      rule 1: Level = 120 is outside 0 to 100\n"),
+                       "      rule 1 and 2 more: Level = 120 is outside 0 to 100\n"),
               std::string::npos);
 }
 
