@@ -20,6 +20,8 @@ using namespace Quorvane;
 
 constexpr std::size_t Parts = 20;
 constexpr std::size_t SystemsOfPart = 110;
+/// Tables are long; one system in so many has one.
+constexpr std::size_t SystemsPerTable = 8;
 
 /// What the sources define beside the function, which here has to differ from system to system.
 constexpr std::string_view LocalNames[] = {"defaults", "degree_in", "is_finite", "is_set",
@@ -82,19 +84,28 @@ class Writer {
         }
         Declare(name);
         std::string table = "NULL";
-        try {
-            const std::string tableName = "t" + name;
-            code += InOne(Code::GenerateTable(system, tableName, RANDOM_TABLE_DIVISIONS).Code,
-                          tableName);
-            table = tableName;
-            Declare(table);
-        } catch (const Code::CodeError&) {
-            // Some have bounds or numbers that a table cannot have.
+        if (count_ % SystemsPerTable == 0) {
+            code += MakeTable(system, "t" + name, table);
         }
         entries_ += "{" + name + ", " + table + ", \"" + Ascii(texts.Inputs) + "\", \"" +
                     Ascii(texts.Outputs) + "\", \"" + Ascii(texts.Rules) + "\"},\n";
         ++count_;
         return code;
+    }
+
+    /// The code of a system as a table, whose name it sets; none where bounds or numbers are such
+    /// as a table cannot have.
+    std::string MakeTable(const System::FuzzySystem& system, const std::string& name,
+                          std::string& table) {
+        try {
+            std::string code =
+                InOne(Code::GenerateTable(system, name, RANDOM_TABLE_DIVISIONS).Code, name);
+            table = name;
+            Declare(name);
+            return code;
+        } catch (const Code::CodeError&) {
+            return {};
+        }
     }
 
     void Declare(const std::string& name) {
