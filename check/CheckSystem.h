@@ -15,7 +15,7 @@ struct CheckLimits {
     std::size_t Pairs = 50;
     /// How many steps an exhaustive search may take before samples are taken instead; a step looks
     /// at one rule, a few nanoseconds.
-    std::size_t Steps = 10'000'000;
+    std::size_t Steps = 4'000'000;
     /// How many of the points between which the response is measured.
     std::size_t Samples = 4000;
 };
