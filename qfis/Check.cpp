@@ -50,7 +50,7 @@ void WriteResult(std::ostream& out, const FuzzySystem& system, const CheckResult
         << Counted(CountOf(result, Severity::Note), "note") << '\n';
 }
 
-Json ToJson(const FuzzySystem& system, const Finding& finding) {
+Json FindingJson(const FuzzySystem& system, const Finding& finding) {
     Json json = {{"kind", Check::NameOf(finding.Kind)},
                  {"severity", Check::NameOf(finding.Level)},
                  {"message", ToJson(Describe(system, finding))}};
@@ -84,14 +84,14 @@ Json ToJson(const FuzzySystem& system, const Finding& finding) {
     return json;
 }
 
-Json ToJson(const FuzzySystem& system, const CheckResult& result) {
+Json ResultJson(const FuzzySystem& system, const CheckResult& result) {
     Json json = {{"findings", Json::array()},
                  {"omitted", Json::object()},
                  {"errors", CountOf(result, Severity::Error)},
                  {"warnings", CountOf(result, Severity::Warning)},
                  {"notes", CountOf(result, Severity::Note)}};
     for (const Finding& finding : result.Findings) {
-        json["findings"].push_back(ToJson(system, finding));
+        json["findings"].push_back(FindingJson(system, finding));
     }
     for (const auto& [kind, count] : result.Omitted) {
         json["omitted"][std::string(Check::NameOf(kind))] = count;
@@ -105,7 +105,7 @@ int Check(const CheckOptions& options, const Console& console) {
     const FuzzySystem system = LoadSystem(options.File, options.Control);
     const CheckResult result = Check::CheckSystem(system);
     if (options.Json) {
-        console.Out << ToJson(system, result).dump(2) << '\n';
+        console.Out << ResultJson(system, result).dump(2) << '\n';
     } else {
         WriteResult(console.Out, system, result);
     }

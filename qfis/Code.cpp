@@ -19,7 +19,7 @@ std::string NameOf(const CodeOptions& options) {
 }
 
 struct Generated {
-    Code::GeneratedCode Code;
+    Code::GeneratedCode Texts;
     std::optional<Code::TableError> Error;
 };
 

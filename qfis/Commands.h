@@ -57,6 +57,8 @@ struct CodeOptions : SystemOptions {
     std::string Name;
     /// For a table with so many divisions of each input; none for the system itself.
     std::optional<std::int32_t> TableDivisions;
+    /// C is what there is, whether it is asked for or not.
+    bool IsC = true;
 };
 
 int Explain(const ExplainOptions& options, const Console& console);

@@ -234,7 +234,7 @@ class CommandLine {
             "equal to the control's to the bit. With --table it looks them up in a table of so "
             "many\n"
             "divisions of each input instead and interpolates; the error is measured and told.");
-        command->add_flag("--c", "As C99, the one language there is.");
+        command->add_flag("--c", code_.IsC, "As C99, the one language there is.");
         command->add_option("-o,--output", code_.Folder, "The folder of the files.");
         command->add_option("--name", code_.Name,
                             "The function's name; else that of the system's file.");
