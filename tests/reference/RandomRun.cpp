@@ -51,7 +51,7 @@ void Rename(Choices& choices, Dictionary& dictionary) {
 void PutQuietly(ValueDictionary& values, TextView key, Value value) {
     try {
         values.Put(key, std::move(value));
-    } catch (const FisError&) {
+    } catch (const std::exception&) {
         return;
     }
 }
@@ -60,7 +60,7 @@ void PutQuietly(ValueDictionary& values, TextView key, Value value) {
 Value GetQuietly(ValueDictionary& values, TextView key) {
     try {
         return values.Get(key);
-    } catch (const FisError&) {
+    } catch (const std::exception&) {
         return {};
     }
 }
