@@ -70,6 +70,7 @@ void Activation::MakeWindow(HWND parent, const RECT* position) {
     frame_ = std::move(frame);
     document_ = std::move(document);
     core_.OpenWindow(holder, place);
+    FollowUIDead();
     SetRects(place, &clip);
     ::ShowWindow(core_.Window(), SW_SHOWNA);
 }
@@ -84,6 +85,7 @@ HRESULT Activation::Activate(HWND parent, const RECT* position) {
         ::ShowWindow(core_.Window(), SW_SHOWNA);
         return S_OK;
     }
+    core_.StartIfNeeded();
     const auto clientSite = core_.Site().Get();
     const auto site = clientSite.As<IOleInPlaceSite>();
     if (!site) {
@@ -109,6 +111,9 @@ HRESULT Activation::Activate(HWND parent, const RECT* position) {
         InPlaceDeactivate();
         throw;
     }
+    if (!IsActive()) {
+        return E_UNEXPECTED;
+    }
     clientSite->ShowObject();
     return S_OK;
 }
@@ -131,8 +136,26 @@ void Activation::SetActiveObject(IOleInPlaceActiveObject* object) noexcept {
     }
 }
 
+/// Whether the host lets the control become UI active; it is told when it has kept the control
+/// from it, as it may have to give the focus back.
+bool Activation::MayBecomeUIActive(IOleInPlaceSite& site) noexcept {
+    const auto extended = Query<IOleInPlaceSiteEx>(&site);
+    if (!extended || extended->RequestUIActivate() != S_FALSE) {
+        return true;
+    }
+    site.OnUIDeactivate(FALSE);
+    return false;
+}
+
 HRESULT Activation::BecomeUIActive() {
     const auto site = site_;
+    if (!MayBecomeUIActive(*site)) {
+        return OLEOBJ_S_CANNOT_DOVERB_NOW;
+    }
+    if (!IsActive() || site != site_) {
+        // The host has deactivated meanwhile.
+        return E_UNEXPECTED;
+    }
     state_ = State::UIActive;
     const HRESULT result = site->OnUIActivate();
     if (FAILED(result)) {
@@ -153,7 +176,7 @@ HRESULT Activation::ActivateUI(HWND parent, const RECT* position, const MSG* mes
     }
     if (!IsUIActive()) {
         const HRESULT active = BecomeUIActive();
-        if (FAILED(active)) {
+        if (active != S_OK) {
             return active;
         }
     }
@@ -230,6 +253,23 @@ void Activation::SetRects(const RECT& position, const RECT* clip) noexcept {
                    position.bottom - position.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void Activation::FollowUIDead() {
+    HWND const window = core_.Window();
+    if (!window) {
+        return;
+    }
+    const bool isDead = core_.Site().IsUIDead();
+    if (!::IsWindow(window)) {
+        return;
+    }
+    HWND const focus = ::GetFocus();
+    if (isDead && (focus == window || ::IsChild(window, focus))) {
+        // A window that is disabled keeps the keys that go to its children.
+        ::SetFocus(::GetParent(window));
+    }
+    ::EnableWindow(window, !isDead);
+}
+
 void Activation::OnFocus(bool focused) {
     const auto alive = core_.SelfReference();
     if (focused && IsActive() && !IsUIActive()) {
@@ -254,6 +294,18 @@ HRESULT Activation::TranslateAccelerator(const MSG* message) {
     }
     MSG copy = *message;
     return site->TranslateAccelerator(&copy, KeyModifiers()) == S_OK ? S_OK : S_FALSE;
+}
+
+ModelessPause::ModelessPause(const Activation& activation) noexcept : frame_(activation.Frame()) {
+    if (frame_) {
+        frame_->EnableModeless(FALSE);
+    }
+}
+
+ModelessPause::~ModelessPause() {
+    if (frame_) {
+        frame_->EnableModeless(TRUE);
+    }
 }
 
 } // namespace Quorvane::Com

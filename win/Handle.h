@@ -108,6 +108,11 @@ struct GlobalMemoryKind {
     static void Close(HGLOBAL memory) noexcept { ::GlobalFree(memory); }
 };
 
+struct KernelKind {
+    using Type = HANDLE;
+    static void Close(HANDLE object) noexcept { ::CloseHandle(object); }
+};
+
 using Font = Handle<FontKind>;
 using Brush = Handle<BrushKind>;
 using Pen = Handle<PenKind>;
@@ -118,6 +123,8 @@ using MemoryDc = Handle<MemoryDcKind>;
 using MetaFile = Handle<MetaFileKind>;
 using EnhMetaFile = Handle<EnhMetaFileKind>;
 using GlobalMemory = Handle<GlobalMemoryKind>;
+/// A process, thread or event; never the invalid handle that files have.
+using KernelObject = Handle<KernelKind>;
 
 /// Selects a GDI object into a device context for as long as it lives.
 class Selection {

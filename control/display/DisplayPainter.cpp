@@ -13,16 +13,39 @@
 namespace Quorvane {
 namespace {
 
+/// More dots to the inch than any surface has; text is drawn no larger, and lengths do not
+/// overflow, in a picture that is enlarged beyond that.
+constexpr int MostDpi = 20000;
+
+/// So many rows are more than any surface shows; a metafile takes as many as it is told.
+constexpr LONG MostRows = 16384;
+
+/// The part of a device context that can be seen, in its units; all of it in a metafile, whose
+/// surface nobody knows.
+RECT VisiblePart(HDC context, const RECT& bounds) noexcept {
+    const DWORD type = ::GetObjectType(context);
+    RECT visible;
+    if (type == OBJ_METADC || type == OBJ_ENHMETADC ||
+        ::GetClipBox(context, &visible) == RGN_ERROR) {
+        return bounds;
+    }
+    return visible;
+}
+
+/// The units to the inch at which a control of a height in twips fills a height in units.
+int DpiFor(LONG units, float twips) noexcept {
+    const float dpi = static_cast<float>(units) * Win::TwipsPerInch / std::max(twips, 1.0F);
+    return std::clamp(static_cast<int>(std::lround(std::min<float>(dpi, MostDpi))), 1, MostDpi);
+}
+
 /// Draws the parts one after the other, in units of the device context.
 class DisplayPainter {
   public:
     DisplayPainter(HDC context, const RECT& bounds, const Display& display, float height)
         : context_(context), origin_{bounds.left, bounds.top}, size_{bounds.right - bounds.left,
                                                                      bounds.bottom - bounds.top},
-          display_(display),
-          dpi_(std::max(
-              1, static_cast<int>(std::lround(static_cast<float>(size_.cy) * Win::TwipsPerInch /
-                                              std::max(height, 1.0F))))) {}
+          visible_(VisiblePart(context, bounds)), display_(display),
+          dpi_(DpiFor(size_.cy, height)) {}
 
     void Draw() {
         const Win::SavedDc saved(context_);
@@ -72,6 +95,9 @@ class DisplayPainter {
 
     /// So many pixels of 96 to the inch, in units.
     int Units(int pixels) const noexcept { return ScalePixels(pixels, dpi_); }
+
+    /// Where drawing downwards can end: at a bottom, or just below what is seen.
+    LONG LastSeen(LONG bottom) const noexcept { return std::min(bottom, visible_.bottom + Line()); }
 
     /// The width of lines.
     int Line() const noexcept { return std::max(1, Units(1)); }
@@ -125,8 +151,11 @@ class DisplayPainter {
     void DrawGrid(const RECT& rows, LONG pitch, int columnWidth) const noexcept {
         const COLORREF color = ::GetSysColor(COLOR_BTNFACE);
         const int line = Line();
-        for (LONG bottom = rows.top + pitch; bottom <= rows.bottom; bottom += pitch) {
+        const LONG hidden = std::max<LONG>(0, (visible_.top - rows.top) / pitch);
+        LONG bottom = rows.top + (hidden + 1) * pitch;
+        for (LONG drawn = 0; bottom <= LastSeen(rows.bottom) && drawn < MostRows; ++drawn) {
             Rule({rows.left, bottom - line, rows.right, bottom}, color);
+            bottom += pitch;
         }
         const LONG middle = rows.left + columnWidth;
         if (middle < rows.right) {
@@ -153,8 +182,9 @@ class DisplayPainter {
         const Win::SavedDc saved(context_);
         ::IntersectClipRect(context_, outer.left, outer.top, outer.right, outer.bottom);
         DrawGrid({inner.left, headerBottom, inner.right, inner.bottom}, pitch, box.ColumnWidth);
+        LONG drawn = 0;
         for (const ListRow& texts : face.Rows) {
-            if (row.top >= inner.bottom) {
+            if (row.top >= LastSeen(inner.bottom) || drawn++ == MostRows) {
                 break;
             }
             const LONG bottom = row.bottom;
@@ -181,6 +211,7 @@ class DisplayPainter {
     HDC context_;
     POINT origin_;
     SIZE size_;
+    RECT visible_;
     const Display& display_;
     /// Units to the inch of the control as it is drawn.
     int dpi_;

@@ -2,6 +2,8 @@
 // FormFile: the property list, and form files on disk.
 #include "host/formfile/FormFile.h"
 
+#include "host/formfile/FilePath.h"
+
 #include <algorithm>
 #include <array>
 #include <fstream>
@@ -22,6 +24,12 @@ template <typename Items>
 auto FindKey(Items& items, std::u16string_view key) {
     return std::find_if(items.begin(), items.end(),
                         [&](const FormProperty& item) { return SameName(item.Key, key); });
+}
+
+void RequireFilePath(const std::filesystem::path& path) {
+    if (!IsFilePath(path)) {
+        throw FormFileError(0, "the path has a zero character");
+    }
 }
 
 } // namespace
@@ -84,6 +92,7 @@ bool IsPlacementKey(std::u16string_view key) {
 }
 
 FormFile ReadFormFile(const std::filesystem::path& path) {
+    RequireFilePath(path);
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     if (error) {
@@ -101,6 +110,7 @@ FormFile ReadFormFile(const std::filesystem::path& path) {
 }
 
 void SaveFormFile(const std::filesystem::path& path, const FormFile& form) {
+    RequireFilePath(path);
     const std::string bytes = WriteFormFile(form);
     std::filesystem::path temporary = path;
     temporary += ".new";

@@ -3,6 +3,7 @@
 #include "host/script/RunningForm.h"
 
 #include "host/container/Wide.h"
+#include "host/formfile/FilePath.h"
 #include "host/formfile/Utf8.h"
 
 #include <fstream>
@@ -20,6 +21,9 @@ FormScript ReadScript(const std::filesystem::path& path) {
     FormScript script{path, ScriptHost::EngineFor(path.extension().wstring()), {}};
     if (script.Engine.empty()) {
         Refuse(path, "is neither .vbs nor .js");
+    }
+    if (!IsFilePath(path)) {
+        Refuse(path, "has a zero character in its name");
     }
     std::ifstream stream(path, std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(stream), {});
