@@ -32,20 +32,23 @@ void RangeSearch::MakeCorners(std::size_t input) {
 }
 
 RangeSearch::Corner RangeSearch::MakeCorner(std::size_t input, const Piece& piece, double x) const {
+    Corner corner = CornerAt(input, piece, x);
+    if (std::ranges::any_of(piece.Active,
+                            [&](std::uint32_t active) { return corner.Degrees[active] == 0; })) {
+        // Beside 0 there are numbers so small that the degree is rounded away; a little further in
+        // it is not.
+        constexpr double Little = 0x1p-40;
+        corner = CornerAt(input, piece, x + (MiddleOf(piece.Values) - x) * Little);
+    }
+    return corner;
+}
+
+RangeSearch::Corner RangeSearch::CornerAt(std::size_t input, const Piece& piece, double x) const {
     const Axis& axis = rules_.Axes[input];
     Corner corner{x, std::vector<double>(axis.Conditions.size())};
     for (const std::uint32_t condition : piece.Active) {
-        double& degree = corner.Degrees[condition];
-        degree = DegreeOf(axis.Conditions[condition], rules_.Checked().Inputs[input], x);
-        if (degree == 0) {
-            // Beside 0 there are numbers so small that the degree is rounded away; a little further
-            // in it is not.
-            constexpr double Little = 0x1p-40;
-            const double inside = x + (MiddleOf(piece.Values) - x) * Little;
-            if (inside != x) {
-                return MakeCorner(input, piece, inside);
-            }
-        }
+        corner.Degrees[condition] =
+            DegreeOf(axis.Conditions[condition], rules_.Checked().Inputs[input], x);
     }
     return corner;
 }

@@ -47,6 +47,7 @@ class RangeSearch {
 
     void MakeCorners(std::size_t input);
     Corner MakeCorner(std::size_t input, const Piece& piece, double x) const;
+    Corner CornerAt(std::size_t input, const Piece& piece, double x) const;
     void Search(const std::vector<Candidate>& candidates, std::size_t depth);
     static void ScaleUp(std::vector<Candidate>& candidates);
     bool CanRise(const std::vector<Candidate>& candidates) const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Tests of faults in single rules, variables and terms.
+#include "check/Describe.h"
 #include "tests/check/CheckTest.h"
+#include "tests/reference/RandomSystem.h"
 
 namespace Quorvane::Check {
 namespace {
@@ -244,6 +246,24 @@ TEST(Check, PutsErrorsFirstAndNotesLast) {
     EXPECT_TRUE(std::ranges::is_sorted(result.Findings, std::ranges::greater(), &Finding::Level));
     EXPECT_EQ(result.Findings.front().Level, Severity::Error);
     EXPECT_EQ(result.Findings.back().Level, Severity::Note);
+}
+
+TEST(Check, EndsForWhateverSystemThereIs) {
+    for (std::uint64_t seed = 1; seed <= 300; ++seed) {
+        SCOPED_TRACE(testing::Message() << "seed " << seed);
+        Reference::Random random(seed);
+        const auto texts =
+            Reference::MakeSystem(random, {.OddNames = 40, .OddOutputs = 40, .BadRules = 0});
+        const System::FuzzySystem system = Read(texts.Inputs, texts.Outputs, texts.Rules);
+        for (const Finding& finding : CheckSystem(system, {.Samples = 50}).Findings) {
+            EXPECT_FALSE(Describe(system, finding).empty());
+            EXPECT_TRUE(finding.Share >= 0);
+        }
+    }
+    // The flank is as wide as no number, and no rule of Hi is alone.
+    EXPECT_FALSE(CheckSystem(Read(u"X/1E308/-1E308/A,-1E308,-1E308,-9E307,1.5E308", Outputs,
+                                  u"X>A/Y<Lo:1|X>A/Y<Hi:0.5"))
+                     .Findings.empty());
 }
 
 TEST(UncoveredUniverse, IsWhereNoTermHolds) {

@@ -8,15 +8,15 @@
 extern "C" {
 #endif
 
-typedef int (*system_function)(const double *inputs, double *outputs);
+typedef int (*system_function)(const double* inputs, double* outputs);
 
 /* A system: its code, its code as a table (null where it has none), and its definition texts. */
 struct random_system {
     system_function run;
     system_function look_up;
-    const char *inputs;
-    const char *outputs;
-    const char *rules;
+    const char* inputs;
+    const char* outputs;
+    const char* rules;
 };
 
 /* How many divisions the tables have. */
