@@ -85,12 +85,12 @@ HRESULT Activation::Activate(HWND parent, const RECT* position) {
         ::ShowWindow(core_.Window(), SW_SHOWNA);
         return S_OK;
     }
+    core_.StartIfNeeded();
     const auto clientSite = core_.Site().Get();
     const auto site = clientSite.As<IOleInPlaceSite>();
     if (!site) {
         return OLEOBJ_S_CANNOT_DOVERB_NOW;
     }
-    core_.StartIfNeeded();
     if (site->CanInPlaceActivate() != S_OK) {
         return E_FAIL;
     }
@@ -243,8 +243,12 @@ void Activation::SetRects(const RECT& position, const RECT* clip) noexcept {
             region = ::CreateRectRgnIndirect(&visible);
         }
     }
-    // The window owns the region from here on.
-    ::SetWindowRgn(window, region, TRUE);
+    RECT former{};
+    // To take no region away takes as long as to take one.
+    if (region || ::GetWindowRgnBox(window, &former) != ERROR) {
+        // The window owns the region from here on.
+        ::SetWindowRgn(window, region, TRUE);
+    }
     ::SetWindowPos(window, nullptr, position.left, position.top, position.right - position.left,
                    position.bottom - position.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -9,6 +9,7 @@
 #include "com/ErrorBoundary.h"
 #include "com/Scoped.h"
 #include "win/Handle.h"
+#include "win/SlimLock.h"
 
 namespace Quorvane::Com {
 namespace {
@@ -20,7 +21,7 @@ std::atomic<LONG>& LockCount() {
 
 /// Which thread the instances live on, and how many they are.
 struct InstanceThread {
-    std::mutex Guard;
+    Win::SlimLock Guard;
     DWORD Id = 0;
     /// Tells of the thread's end: its id may by then be that of another thread.
     Win::KernelObject Thread;

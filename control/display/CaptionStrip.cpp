@@ -11,19 +11,22 @@
 
 namespace Quorvane {
 
-CaptionStrip::CaptionStrip(HWND parent, UINT id, UINT labelId, const RECT& position,
+CaptionStrip::CaptionStrip(HWND parent, UINT id, UINT labelId, const PixelLayout& layout,
                            const StripFace& strip, const CaptionFace& caption)
-    : stripFace_(strip), captionFace_(caption) {
+    : stripFace_(strip), captionFace_(caption), labelBox_(layout.Label),
+      textWidth_(layout.Caption.Width) {
     Make<CaptionStrip>(Com::ModuleHandle(),
                        {.Parent = parent,
-                        .Position = position,
+                        .Position = RectangleOf(layout.Strip),
                         .Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                         .Id = id});
     // Drawn here, for the sake of a disabled one.
     constexpr DWORD LabelStyle = WS_CHILD | WS_VISIBLE | SS_OWNERDRAW;
-    label_ = Win::ChildWindow(
-        Win::MakeWindow(Com::ModuleHandle(), L"STATIC",
-                        {.Parent = Get(), .Position = {}, .Style = LabelStyle, .Id = labelId}));
+    label_ = Win::ChildWindow(Win::MakeWindow(Com::ModuleHandle(), L"STATIC",
+                                              {.Parent = Get(),
+                                               .Position = RectangleOf(layout.Label),
+                                               .Style = LabelStyle,
+                                               .Id = labelId}));
 }
 
 CaptionStrip::~CaptionStrip() {
@@ -54,8 +57,11 @@ void CaptionStrip::MoveLabel(const PixelBox& box, int textWidth) noexcept {
         textWidth_ = textWidth;
         ::InvalidateRect(label_.Get(), nullptr, TRUE);
     }
-    ::SetWindowPos(label_.Get(), nullptr, box.Left, box.Top, box.Width, box.Height,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+    if (labelBox_ != box) {
+        labelBox_ = box;
+        ::SetWindowPos(label_.Get(), nullptr, box.Left, box.Top, box.Width, box.Height,
+                       SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 void CaptionStrip::DrawLabel(const DRAWITEMSTRUCT& item) const noexcept {

@@ -4,9 +4,14 @@
 
 #include <windows.h>
 
+#include "control/display/DisplayLayout.h"
 #include "shared/Text.h"
 
 namespace Quorvane {
+
+inline RECT RectangleOf(const PixelBox& box) noexcept {
+    return {box.Left, box.Top, box.Left + box.Width, box.Top + box.Height};
+}
 
 /// How high a line of the font is, in pixels. It is measured on the screen: a metafile measures
 /// nothing.

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "com/Module.h"
+#include "control/display/CellDrawing.h"
 #include "win/Dpi.h"
 
 namespace Quorvane {
@@ -14,10 +15,6 @@ namespace {
 void PrepareCommonControls() noexcept {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
     ::InitCommonControlsEx(&classes);
-}
-
-RECT RectangleOf(const PixelBox& box) noexcept {
-    return {box.Left, box.Top, box.Left + box.Width, box.Top + box.Height};
 }
 
 HDWP Place(HDWP batch, HWND window, const PixelBox& box) noexcept {
@@ -31,8 +28,7 @@ HDWP Place(HDWP batch, HWND window, const PixelBox& box) noexcept {
 // Each is made where it stays: to move a window takes as long as to make one.
 DisplayWindow::Children::Children(DisplayWindow& surface, Display& display,
                                   const PixelLayout& layout)
-    : Strip(surface.Get(), PicCaption, LblCaption, RectangleOf(layout.Strip), display.picCaption,
-            display.lblCaption),
+    : Strip(surface.Get(), PicCaption, LblCaption, layout, display.picCaption, display.lblCaption),
       Input(surface.Get(), LvwInput, RectangleOf(layout.Input.Box), display.lvwInput,
             [&surface](bool focused, HWND other) { surface.OnFocus(focused, other); }),
       Output(surface.Get(), LvwOutput, RectangleOf(layout.Output.Box), display.lvwOutput,

@@ -36,16 +36,40 @@ int PictureSide(int dpi) noexcept {
 StatusBar::StatusBar(HWND parent, UINT id, const RECT& position, const StatusPanel& panel)
     : panel_(panel), window_(Win::MakeWindow(
                          Com::ModuleHandle(), STATUSCLASSNAMEW,
-                         {.Parent = parent, .Position = position, .Style = BarStyle, .Id = id})) {}
+                         {.Parent = parent, .Position = position, .Style = BarStyle, .Id = id})),
+      subclass_(Get(), [this](UINT message, WPARAM, LPARAM) { return OnMessage(message); }) {}
+
+/// A bar with nothing in it is plain, as in the drawing without windows.
+std::optional<LRESULT> StatusBar::OnMessage(UINT message) {
+    const bool isEmpty = !panel_.Visible || (panel_.Message.empty() && !panel_.HasErrorPicture);
+    if (!isEmpty) {
+        return std::nullopt;
+    }
+    switch (message) {
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT: {
+        const Win::PaintDc paint(Get());
+        RECT area{};
+        ::GetClientRect(Get(), &area);
+        ::FillRect(paint.Get(), &area, ::GetSysColorBrush(COLOR_BTNFACE));
+        return 0;
+    }
+    default:
+        return std::nullopt;
+    }
+}
 
 void StatusBar::SetDpi(int dpi) noexcept {
     dpi_ = dpi;
     Win::Font font = StatusFont(dpi);
     ::SendMessageW(Get(), WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
     font_ = std::move(font);
-    ::SendMessageW(Get(), SB_SETICON, FirstPanel, 0);
-    errorPicture_.Reset();
-    imgStatus_ = {};
+    if (errorPicture_) {
+        ::SendMessageW(Get(), SB_SETICON, FirstPanel, 0);
+        errorPicture_.Reset();
+        imgStatus_ = {};
+    }
 }
 
 HICON StatusBar::ErrorPicture() noexcept {
@@ -69,6 +93,9 @@ void StatusBar::Reflect() noexcept {
     ::SendMessageW(Get(), SB_GETPARTS, 1, reinterpret_cast<LPARAM>(&current));
     if (current != wanted) {
         ::SendMessageW(Get(), SB_SETPARTS, 1, reinterpret_cast<LPARAM>(&wanted));
+    }
+    if (panel_.Message.empty() && !panel_.HasErrorPicture && !errorPicture_) {
+        return; // as it was made
     }
     HICON const picture = panel_.HasErrorPicture ? ErrorPicture() : nullptr;
     ::SendMessageW(Get(), SB_SETICON, FirstPanel, reinterpret_cast<LPARAM>(picture));

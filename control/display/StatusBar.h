@@ -4,8 +4,11 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "control/display/Display.h"
 #include "win/ImageList.h"
+#include "win/Subclass.h"
 #include "win/Window.h"
 
 namespace Quorvane {
@@ -28,6 +31,7 @@ class StatusBar final {
 
   private:
     HICON ErrorPicture() noexcept;
+    std::optional<LRESULT> OnMessage(UINT message);
 
     const StatusPanel& panel_;
     int dpi_ = 0;
@@ -36,6 +40,7 @@ class StatusBar final {
     Win::Font font_;
     Win::Icon errorPicture_;
     Win::ChildWindow window_;
+    Win::Subclass subclass_;
 };
 
 } // namespace Quorvane

@@ -134,13 +134,13 @@ LRESULT VariableList::FindRow(const NMLVFINDITEMW& question) const noexcept {
 
 /// Not every version of the platform shows that a list is disabled.
 LRESULT VariableList::ColourRow(NMLVCUSTOMDRAW& drawing) const noexcept {
-    if (face_.Enabled) {
-        return CDRF_DODEFAULT;
-    }
     if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) {
-        return CDRF_NOTIFYITEMDRAW;
+        FillGapAboveRows(drawing.nmcd.hdc);
+        return face_.Enabled ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
     }
-    drawing.clrText = ::GetSysColor(COLOR_GRAYTEXT);
+    if (!face_.Enabled) {
+        drawing.clrText = ::GetSysColor(COLOR_GRAYTEXT);
+    }
     return CDRF_DODEFAULT;
 }
 
@@ -191,7 +191,7 @@ void VariableList::HideScrollBarOfWholeColumns() const noexcept {
 
 /// Under Wine, a list with a grid leaves a gap between header and rows, and black if it is
 /// buffered.
-void VariableList::FillGapAboveRows() const noexcept {
+void VariableList::FillGapAboveRows(HDC context) const noexcept {
     constexpr LONG GapOfEmptyList = 2;
     RECT header{};
     RECT client{};
@@ -204,9 +204,7 @@ void VariableList::FillGapAboveRows() const noexcept {
     const RECT gap{0, header.bottom, client.right,
                    hasRow ? row.top : header.bottom + GapOfEmptyList};
     if (gap.top < gap.bottom) {
-        const Win::WindowDc context(Get());
-        const Win::Brush brush(::CreateSolidBrush(ListView_GetBkColor(Get())));
-        ::FillRect(context.Get(), &gap, brush.Get());
+        FillArea(context, gap, ListView_GetBkColor(Get()));
     }
 }
 
@@ -223,17 +221,12 @@ std::optional<LRESULT> VariableList::OnMessage(UINT message, WPARAM first, LPARA
     case WM_NCCALCSIZE:
         HideScrollBarOfWholeColumns();
         break;
-    case WM_PAINT: {
-        const LRESULT result = ::DefSubclassProc(Get(), message, first, 0);
-        FillGapAboveRows();
-        return result;
-    }
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
         // The list draws its focus first, as the handler may be the end of it.
         HWND const other = reinterpret_cast<HWND>(first);
         const FocusHandler handler = focusHandler_;
-        const LRESULT result = ::DefSubclassProc(Get(), message, first, 0);
+        const LRESULT result = Win::Subclass::Default(Get(), message, first, 0);
         handler(message == WM_SETFOCUS, other);
         return result;
     }

@@ -50,7 +50,7 @@ class VariableList final {
   private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM first, LPARAM second);
     void HideScrollBarOfWholeColumns() const noexcept;
-    void FillGapAboveRows() const noexcept;
+    void FillGapAboveRows(HDC context) const noexcept;
     void ShowColumn(int index, const Text& header, int width) noexcept;
     void TellText(NMLVDISPINFOW& question) const noexcept;
     LRESULT ColourRow(NMLVCUSTOMDRAW& drawing) const noexcept;

@@ -15,9 +15,6 @@
 namespace Quorvane::Editor {
 namespace {
 
-/// A rule may be added while the rule base holds fewer.
-constexpr std::size_t MostRules = 32768;
-
 constexpr TextView FirstWeight = u"1";
 
 RuleDictionary& Rules() {

@@ -31,6 +31,9 @@ std::uint32_t RuleRowColor();
 /// buttons. Every change goes to the rule base of the process at once.
 class RuleEditor {
   public:
+    /// A rule may be added while the rule base holds fewer.
+    static constexpr std::size_t MostRules = 32768;
+
     /// The editor at its load: panels made, rules listed, the last rule selected and shown. The
     /// changed flag is that of the page. The prompt outlives the editor. Raises ObjectNotSet
     /// without a model.

@@ -18,6 +18,12 @@ namespace {
 
 constexpr int IconSide = 16;
 
+/// The button that has the focus is the one that Enter presses. Not every platform takes the mark
+/// off it when the focus leaves the page.
+void ShowDefault(HWND button, bool isDefault) {
+    ::SendMessageW(button, BM_SETSTYLE, isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+}
+
 /// Shows what was refused, after the tree has ended its edit.
 constexpr UINT ShowRefusalMessage = WM_APP + 1;
 
@@ -25,6 +31,16 @@ constexpr UINT ShowRefusalMessage = WM_APP + 1;
 
 void PageView::SideEvents::OnNodeClick(TreeNode& node) {
     view_.Act([&] { view_.page_.NodeClick(side_, node); });
+}
+
+void PageView::SideEvents::OnFocus() {
+    if (!view_.page_.WaitsForClick()) {
+        view_.Act([&] { view_.page_.EnterTree(side_); });
+    }
+}
+
+Text PageView::SideEvents::OnTip(TreeNode& node) {
+    return view_.page_.TipOf(side_, node);
 }
 
 void PageView::SideEvents::OnMoveKey() {
@@ -81,7 +97,9 @@ bool PageView::EndEdits() {
 }
 
 SIZE PageView::NaturalSize() const {
-    return PageLayout::NaturalSize(DialogFont(Win::DpiOf(Get() ? Get() : ::GetActiveWindow())));
+    const DialogFont font(Win::DpiOf(Get() ? Get() : ::GetActiveWindow()));
+    const PageSize size = PageLayout::NaturalSize(font.Units());
+    return {size.Width, size.Height};
 }
 
 /// The part of a place that is within the frame: some frames give a page more room than they have,
@@ -99,22 +117,23 @@ void PageView::Create(HWND frame, const RECT& position) {
     const Win::ActivationScope styled(visualStyles_);
     Make<PageView>(Com::ModuleHandle(), {.Parent = frame,
                                          .Position = InFrame(frame, position),
-                                         .Style = WS_CHILD | WS_CLIPCHILDREN,
+                                         .Style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                                          .ExtendedStyle = WS_EX_CONTROLPARENT,
                                          .Id = 0});
     given_ = position;
     FollowFrame(frame);
     prompt_.SetOwner(Get());
     MakeControls();
-    ShowSelection();
     Arrange();
+    ShowNodes();
     Reflect();
 }
 
 /// Trees that are made anew show their roots selected; the buttons and the graph are for the nodes
 /// that the logic has.
-void PageView::ShowSelection() {
+void PageView::ShowNodes() {
     for (const Side side : {Side::Input, Side::Output}) {
+        tree(side).ShowNodes();
         if (const TreeNode* const selected = page_.Selected(side)) {
             tree(side).Select(*selected);
         }
@@ -174,7 +193,8 @@ void PageView::MakeControls() {
     treInput_.Create(Get(), TreInputId, made.Font, made.imgIO.Get());
     treOutput_.Create(Get(), TreOutputId, made.Font, made.imgIO.Get());
     const auto button = [&](UINT id) {
-        return MakeControl(Get(), WC_BUTTONW, {}, WS_TABSTOP | BS_PUSHBUTTON, id, made.Font);
+        return MakeControl(Get(), WC_BUTTONW, {}, WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, id,
+                           made.Font);
     };
     made.cmdAdd = button(CmdAddId);
     made.cmdModify = button(CmdModifyId);
@@ -210,13 +230,16 @@ void PageView::Arrange() {
     if (!controls_ || !controls_->picMF) {
         return;
     }
-    const auto place = [](HWND window, const RECT& area) {
-        ::MoveWindow(window, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                     TRUE);
+    const auto place = [](HWND window, const Area& area) {
+        ::MoveWindow(window, area.Left, area.Top, area.Width, area.Height, TRUE);
     };
     RECT page{};
     ::GetClientRect(Get(), &page);
-    const PageLayout layout = PageLayout::For({page.right, page.bottom}, controls_->Font);
+    const PageLayout layout =
+        PageLayout::For({static_cast<int>(page.right), static_cast<int>(page.bottom)},
+                        {.Units = controls_->Font.Units(),
+                         .TreeLine = TreeView_GetItemHeight(treInput_.Window()),
+                         .Edges = 2 * ::GetSystemMetrics(SM_CYEDGE)});
     place(treInput_.Window(), layout.TreInput);
     place(treOutput_.Window(), layout.TreOutput);
     for (std::size_t i = 0; i < PageLayout::ButtonCount; ++i) {
@@ -269,10 +292,17 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_NOTIFY:
         return OnNotify(*reinterpret_cast<NMHDR*>(second));
     case WM_COMMAND:
-        if (HIWORD(first) == FromAccelerator && second == 0) {
-            OnAccelerator(LOWORD(first));
-        } else if (HIWORD(first) == BN_CLICKED) {
+        switch (HIWORD(first)) {
+        case BN_SETFOCUS:
+        case BN_KILLFOCUS:
+            ShowDefault(reinterpret_cast<HWND>(second), HIWORD(first) == BN_SETFOCUS);
+            break;
+        case BN_CLICKED:
+        case FromAccelerator:
             OnCommand(LOWORD(first));
+            break;
+        default:
+            break;
         }
         return 0;
     default:
@@ -308,16 +338,6 @@ void PageView::OnCommand(UINT id) {
     default:
         break;
     }
-}
-
-/// A key acts on the tree that it is typed in, whichever was clicked last.
-void PageView::OnAccelerator(UINT id) {
-    const std::shared_ptr<void> alive = keepAlive_();
-    if (!page_.WaitsForClick()) {
-        const Side side = ::GetFocus() == treOutput_.Window() ? Side::Output : Side::Input;
-        Act([&] { page_.EnterTree(side); });
-    }
-    OnCommand(id);
 }
 
 void PageView::OpenRuleEditor() {

@@ -8,10 +8,10 @@
 #include <optional>
 
 #include "editor/page/FisPage.h"
+#include "editor/page/PageLayout.h"
 #include "editor/windows/Controls.h"
 #include "editor/windows/GraphWindow.h"
 #include "editor/windows/MessagePrompt.h"
-#include "editor/windows/PageLayout.h"
 #include "editor/windows/TreeView.h"
 #include "win/ActivationContext.h"
 #include "win/Subclass.h"
@@ -86,9 +86,11 @@ class PageView final : private Win::Window {
       public:
         SideEvents(PageView& view, Side side) noexcept : view_(view), side_(side) {}
         void OnNodeClick(TreeNode& node) override;
+        void OnFocus() override;
         void OnMoveKey() override;
         bool OnBeforeLabelEdit(TreeNode& node) override;
         bool OnAfterLabelEdit(TreeNode& node, TextView label) override;
+        Text OnTip(TreeNode& node) override;
 
       private:
         PageView& view_;
@@ -116,13 +118,12 @@ class PageView final : private Win::Window {
     TreeView& tree(Side side) { return side == Side::Input ? treInput_ : treOutput_; }
 
     void MakeControls();
-    void ShowSelection();
+    void ShowNodes();
     void UseDpi();
     std::array<HWND, PageLayout::ButtonCount> Buttons() const;
     void Arrange();
     LRESULT OnNotify(NMHDR& header);
     void OnCommand(UINT id);
-    void OnAccelerator(UINT id);
     void OpenRuleEditor();
 
     /// Does what the user has asked of the logic, then reflects it. Errors are shown.

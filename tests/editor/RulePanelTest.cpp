@@ -117,6 +117,19 @@ TEST_F(RulePanelTest, ScrollsFromTheHeightOfItsFrameOn) {
     EXPECT_EQ(PanelScrollStep, 750);
 }
 
+TEST_F(RulePanelTest, TheItemsOfAListBoxShareItsRoom) {
+    struct Case {
+        int Room;
+        int Line;
+        int Item;
+    };
+    const Case cases[] = {{39, 13, 13}, {61, 19, 20}, {83, 26, 27}, {39, 14, 19},
+                          {12, 13, 13}, {0, 13, 13},  {39, 0, 0}};
+    for (const auto& [room, line, item] : cases) {
+        EXPECT_EQ(ItemHeightIn(room, line), item) << room << ' ' << line;
+    }
+}
+
 TEST_F(RulePanelTest, ColumnsAreHeadedInTheOrderOfTheVariables) {
     Parse(ThreeInputs, u"O1/1/0/P,0|O2/1/0/P,0|O3/1/0/P,0", u"");
     struct Expected {

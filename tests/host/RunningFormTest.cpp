@@ -206,9 +206,9 @@ TEST_F(FormScriptTest, RefusesWhatItCannotRun) {
     WriteFile("a.py", "pass");
     WriteFile("latin.vbs", "' \xE4");
     WriteFile("a.vbs", "beside");
-    for (const FormValue& script : {FormValue(u"missing.vbs"s), FormValue(u"a.py"s),
-                                    FormValue(u"latin.vbs"s), FormValue(u""s), FormValue(1),
-                                    FormValue(u"a.py\0.vbs"s), FormValue(u"a.vbs\0.vbs"s)})
+    for (const FormValue& script :
+         {FormValue(u"missing.vbs"s), FormValue(u"a.py"s), FormValue(u"latin.vbs"s),
+          FormValue(u""s), FormValue(1), FormValue(u"a.py\0.vbs"s), FormValue(u"a.vbs\0.vbs"s)})
         EXPECT_THROW(Find(Naming(script)), FormFileError);
 }
 
