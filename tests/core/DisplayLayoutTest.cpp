@@ -129,7 +129,7 @@ TEST(DisplayLayout, LaysTheStripOverTheListsAndTheseOverTheStatusBar) {
     EXPECT_EQ(level(Constituent::Status), 3);
 }
 
-TEST(DisplayLayoutTest, LengthsStayNumbersForASurfaceWithoutEnd) {
+TEST(DisplayLayout, LengthsStayNumbersForASurfaceWithoutEnd) {
     DisplayLayout layout;
     LayOut(layout, 4e12F, 4e12F, 1e12F);
     const PixelLayout pixels = ToPixels(layout, 1 << 27, 1 << 27, 20000);

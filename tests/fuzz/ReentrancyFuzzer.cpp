@@ -63,7 +63,7 @@ class Host {
     }
 
     void Step() {
-        if (!State().InputVariables) {
+        if (!State().InputVariables || !State().OutputVariables || !State().RuleBase) {
             run_.Load();
         }
         if (run_.Next() == Reference::Step::Prepare) {
