@@ -25,9 +25,13 @@ endfunction()
 
 # quorvane_tell_products(sources...): define QUORVANE_PRODUCTS in sources of a test program as the
 # way from the program to the products. It is relative: the folder can be moved, and the 32-bit
-# tests run elsewhere.
+# tests run elsewhere. Sources of a library say with QUORVANE_PROGRAM_FOLDER where its programs are.
 function(quorvane_tell_products)
-    file(RELATIVE_PATH way ${CMAKE_CURRENT_BINARY_DIR} ${QUORVANE_PRODUCTS})
+    set(folder ${CMAKE_CURRENT_BINARY_DIR})
+    if(DEFINED QUORVANE_PROGRAM_FOLDER)
+        set(folder ${QUORVANE_PROGRAM_FOLDER})
+    endif()
+    file(RELATIVE_PATH way ${folder} ${QUORVANE_PRODUCTS})
     string(REPLACE "/" "\\\\" way ${way})
     set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_DEFINITIONS "QUORVANE_PRODUCTS=\"${way}\"")
 endfunction()

@@ -85,12 +85,12 @@ HRESULT Activation::Activate(HWND parent, const RECT* position) {
         ::ShowWindow(core_.Window(), SW_SHOWNA);
         return S_OK;
     }
+    core_.StartIfNeeded();
     const auto clientSite = core_.Site().Get();
     const auto site = clientSite.As<IOleInPlaceSite>();
     if (!site) {
         return OLEOBJ_S_CANNOT_DOVERB_NOW;
     }
-    core_.StartIfNeeded();
     if (site->CanInPlaceActivate() != S_OK) {
         return E_FAIL;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -48,11 +49,25 @@ struct ConvertOptions : SystemOptions {
     std::string Format;
 };
 
+struct CheckOptions : SystemOptions {};
+
+struct CodeOptions : SystemOptions {
+    std::string Folder = ".";
+    /// Of the function and the files; empty for that of the system's file.
+    std::string Name;
+    /// For a table with so many divisions of each input; none for the system itself.
+    std::optional<std::int32_t> TableDivisions;
+    /// C is what there is, whether it is asked for or not.
+    bool IsC = true;
+};
+
 int Explain(const ExplainOptions& options, const Console& console);
 int Run(const RunOptions& options, const Console& console);
 int Test(const TestOptions& options, const Console& console);
 int Table(const TableOptions& options, const Console& console);
 int Diff(const DiffOptions& options, const Console& console);
 int Convert(const ConvertOptions& options, const Console& console);
+int Check(const CheckOptions& options, const Console& console);
+int Code(const CodeOptions& options, const Console& console);
 
 } // namespace Quorvane::Qfis

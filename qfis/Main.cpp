@@ -15,7 +15,8 @@ namespace Quorvane::Qfis {
 namespace {
 
 constexpr const char* About =
-    "qfis - explain, run, test, tabulate, compare and convert fuzzy systems.\n\n"
+    "qfis - explain, check, run, test, tabulate, compare and convert fuzzy systems, and turn them\n"
+    "into C.\n\n"
     "FILE is a plain-text definition (.fuzzy), a form (.form), or a text with the three "
     "definition\n"
     "texts, plain or stored (.txt). Its content tells which. Exit code: 0 fine, 1 findings, 2 bad\n"
@@ -43,6 +44,8 @@ class CommandLine {
         AddTable();
         AddDiff();
         AddConvert();
+        AddCheck();
+        AddCode();
     }
 
     int Run(std::vector<std::string> arguments, const Console& console) {
@@ -208,6 +211,38 @@ class CommandLine {
             ->check(CLI::IsMember({"fuzzy", "form", "texts", "stored"}));
     }
 
+    void AddCheck() {
+        Add("check", "Tell what is wrong with a system, or worth knowing of it.", check_, Check,
+            "Example: qfis check Tank.fuzzy\n\n"
+            "Errors: what cannot work. Warnings: gaps where no rule fires, rules that contradict\n"
+            "each other, never fire or say nothing new, variables and terms that nothing uses, "
+            "ranges\n"
+            "that terms do not cover or outputs do not reach. Notes: jumps, the steepest place, "
+            "and\n"
+            "general rules of less weight.\n\n"
+            "All is exact but this: gaps and reached ranges of very large systems (\"about\", \"as "
+            "far as\n"
+            "samples show\"), jumps and steepest places, which are the largest among samples.\n"
+            "Exit code 1: an error or a warning.");
+    }
+
+    void AddCode() {
+        CLI::App* const command = Add(
+            "code", "Write a system as C99.", code_, Code,
+            "Example: qfis code Tank.fuzzy -o src\n\n"
+            "Writes NAME.c and NAME.h: a function without heap, library or state, whose results "
+            "are\n"
+            "equal to the control's to the bit. With --table it looks them up in a table of so "
+            "many\n"
+            "divisions of each input instead and interpolates; the error is measured and told.");
+        command->add_flag("--c", code_.IsC, "As C99, the one language there is.");
+        command->add_option("-o,--output", code_.Folder, "The folder of the files.");
+        command->add_option("--name", code_.Name,
+                            "The function's name; else that of the system's file.");
+        command->add_option("--table", code_.TableDivisions,
+                            "A lookup table with so many divisions of each input.");
+    }
+
     static void CompleteDialect(CsvDialect& dialect) {
         if (dialect.Delimiter == '\0') {
             dialect.Delimiter = dialect.DecimalMark == ',' ? ';' : ',';
@@ -236,6 +271,8 @@ class CommandLine {
     TableOptions table_;
     DiffOptions diff_;
     ConvertOptions convert_;
+    CheckOptions check_;
+    CodeOptions code_;
 };
 
 } // namespace

@@ -13,8 +13,8 @@
 
 namespace Quorvane::Win {
 
-/// Shows a text while the mouse rests on a part of a window. The window asks for nothing: lists and
-/// trees have tips of their own for some of their parts, not for all, and not on every platform.
+/// Shows a text while the mouse rests on a part of a window. Lists and trees have tips of their own
+/// for some of their parts only, and not on every platform.
 class HoverTip {
   public:
     struct Tip {

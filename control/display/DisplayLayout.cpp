@@ -28,8 +28,10 @@ class Scale {
   public:
     explicit Scale(float dpi) : pixelsPerTwip_(dpi / TwipsPerInch) {}
 
+    /// Far beyond any surface lengths end, so that they and their sums stay numbers.
     int operator()(float twips) const {
-        return static_cast<int>(std::lround(twips * pixelsPerTwip_));
+        constexpr float Longest = 1 << 28;
+        return static_cast<int>(std::lround(std::clamp(twips * pixelsPerTwip_, -Longest, Longest)));
     }
 
   private:

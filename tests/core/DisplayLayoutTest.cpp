@@ -129,5 +129,19 @@ TEST(DisplayLayout, LaysTheStripOverTheListsAndTheseOverTheStatusBar) {
     EXPECT_EQ(level(Constituent::Status), 3);
 }
 
+TEST(DisplayLayout, LengthsStayNumbersForASurfaceWithoutEnd) {
+    DisplayLayout layout;
+    LayOut(layout, 4e12F, 4e12F, 1e12F);
+    const PixelLayout pixels = ToPixels(layout, 1 << 27, 1 << 27, 20000);
+    for (const PixelBox& box : {pixels.Strip, pixels.Label, pixels.Input.Box, pixels.Output.Box}) {
+        EXPECT_GE(box.Left, 0);
+        EXPECT_LE(box.Top, 1 << 28);
+        EXPECT_LE(box.Height, 1 << 28);
+    }
+    EXPECT_GT(pixels.Strip.Width, 1 << 27);
+    EXPECT_GT(pixels.Input.Box.Height, 1 << 27);
+    EXPECT_GT(pixels.Input.ColumnWidth, 1 << 27);
+}
+
 } // namespace
 } // namespace Quorvane

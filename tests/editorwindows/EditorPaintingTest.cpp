@@ -13,7 +13,11 @@
 namespace Quorvane {
 namespace {
 
-class EditorPaintingTest : public PageTest {};
+class EditorPaintingTest : public PageTest {
+  protected:
+    /// The mouse rests where it marks nothing, also in a maximized window.
+    EditorPaintingTest() { ::SetCursorPos(0, 0); }
+};
 
 void SetSize(HWND window, SIZE size) {
     ::SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy,

@@ -200,6 +200,19 @@ TEST(FormFile, NamesTheLineOfEveryDamage) {
     }
 }
 
+TEST(FormFile, CountsLinesAlikeWhateverEndsThem) {
+    for (const std::string& end : {"\n"s, "\r"s, "\r\n"s}) {
+        for (const std::string& damage : {"Key = \xC3("s, "Key ="s, "Key = \"\x01\""s}) {
+            try {
+                ParseFormFile("' One" + end + "Version 1" + end + end + damage);
+                ADD_FAILURE() << "accepted " << damage;
+            } catch (const FormFileError& error) {
+                EXPECT_EQ(error.Line, 4) << damage;
+            }
+        }
+    }
+}
+
 TEST(FormFile, RefusesZeroBytesAndEndlessNesting) {
     int line = -1;
     EXPECT_NE(ErrorOf("Version 1\nBegin Form F\nA = \"a\0b\"\n"s, line).find("control character"),

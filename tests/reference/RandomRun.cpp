@@ -51,7 +51,7 @@ void Rename(Choices& choices, Dictionary& dictionary) {
 void PutQuietly(ValueDictionary& values, TextView key, Value value) {
     try {
         values.Put(key, std::move(value));
-    } catch (const FisError&) {
+    } catch (const std::exception&) {
         return;
     }
 }
@@ -60,7 +60,7 @@ void PutQuietly(ValueDictionary& values, TextView key, Value value) {
 Value GetQuietly(ValueDictionary& values, TextView key) {
     try {
         return values.Get(key);
-    } catch (const FisError&) {
+    } catch (const std::exception&) {
         return {};
     }
 }
@@ -102,10 +102,12 @@ Step RandomRun::Next() {
     if (choices_.Percent(15)) {
         Edit();
     }
-    if (host_.Share != 0 && choices_.Percent(host_.Share)) {
+    // Code of a host may have run, and taken the model away.
+    const auto hasModel = [] { return State().InputVariables && State().OutputVariables; };
+    if (host_.Share != 0 && choices_.Percent(host_.Share) && hasModel()) {
         EditAsHost();
     }
-    if (choices_.Percent(85)) {
+    if (choices_.Percent(85) && hasModel()) {
         SetInputs();
     }
     return choices_.Percent(6) ? Step::Prepare : Step::Infer;

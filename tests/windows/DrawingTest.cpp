@@ -143,6 +143,40 @@ TEST_F(Drawing, IsTheSameInAMetafileAsOnTheScreen) {
     }
 }
 
+/// Whether the control has a window or not: text in a metafile is as large as on the screen, at the
+/// extent that was set last.
+TEST_F(Drawing, KeepsItsScaleInAMetafileAfterEveryExtent) {
+    for (const bool isActive : {false, true}) {
+        if (isActive) {
+            form_.Activate();
+        }
+        for (SIZEL extent : {SIZEL{16934, 10583}, SIZEL{8467, 7938}, SIZEL{21167, 5292}, Extent}) {
+            const auto object = form_.As<IOleObject>();
+            ASSERT_EQ(object->SetExtent(DVASPECT_CONTENT, &extent), S_OK);
+            const int width = ::MulDiv(extent.cx, 96, 2540);
+            const int height = ::MulDiv(extent.cy, 96, 2540);
+            const Picture direct = Drawn({0, 0, width, height}, width, height);
+            for (const DWORD type : {DWORD{TYMED_MFPICT}, DWORD{TYMED_ENHMF}}) {
+                FORMATETC format{static_cast<CLIPFORMAT>(type == TYMED_MFPICT ? CF_METAFILEPICT
+                                                                              : CF_ENHMETAFILE),
+                                 nullptr, DVASPECT_CONTENT, -1, type};
+                STGMEDIUM medium{};
+                ASSERT_EQ(form_.As<IDataObject>()->GetData(&format, &medium), S_OK);
+                Picture played(width, height);
+                played.Play(medium);
+                ::ReleaseStgMedium(&medium);
+                for (const RECT& area : {CaptionText, FirstLabel}) {
+                    const int expected = direct.Ink(area);
+                    EXPECT_GT(expected, 0) << extent.cx << " x " << extent.cy;
+                    EXPECT_NEAR(played.Ink(area), expected, expected / 3 + 4)
+                        << type << " at " << extent.cx << " x " << extent.cy << " active "
+                        << isActive;
+                }
+            }
+        }
+    }
+}
+
 TEST_F(Drawing, IsABitmapForHostsThatWantOne) {
     FORMATETC format{CF_BITMAP, nullptr, DVASPECT_CONTENT, -1, TYMED_GDI};
     STGMEDIUM medium{};

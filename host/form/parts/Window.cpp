@@ -53,8 +53,9 @@ void Window::Create(const wchar_t* className, const wchar_t* title, DWORD style,
         windowClass.lpszClassName = className;
         RegisterClassExW(&windowClass);
     }
-    CreateWindowExW(extendedStyle, className, title, style, CW_USEDEFAULT, CW_USEDEFAULT,
-                    CW_USEDEFAULT, CW_USEDEFAULT, parent, menu, module, this);
+    // Siblings that are moved over each other do not take each other's pixels along.
+    CreateWindowExW(extendedStyle, className, title, style | WS_CLIPSIBLINGS, CW_USEDEFAULT,
+                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, parent, menu, module, this);
     if (!handle_) {
         Fail(HRESULT_FROM_WIN32(GetLastError()), L"create a window", title);
     }
@@ -104,9 +105,10 @@ RECT WorkAreaOf(HWND window) {
 
 HWND CreateChild(HWND parent, const wchar_t* className, const wchar_t* text, DWORD style, int id,
                  DWORD extendedStyle) {
-    const HWND child = CreateWindowExW(
-        extendedStyle, className, text, style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent,
-        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+    const HWND child = CreateWindowExW(extendedStyle, className, text,
+                                       style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
+                                       parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                       GetModuleHandleW(nullptr), nullptr);
     if (!child) {
         Fail(HRESULT_FROM_WIN32(GetLastError()), L"create a window", className);
     }

@@ -7,6 +7,7 @@
 #include <ocidl.h>
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,10 @@ struct ReplayedHost {
 
     bool Calls(const char* step) const;
 };
+
+inline void PrintTo(const ReplayedHost& host, std::ostream* stream) {
+    *stream << host.Name;
+}
 
 /// A control in a container that is played back. It loads the system Adder where it loads.
 class Replay {
