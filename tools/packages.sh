@@ -3,7 +3,7 @@
 
 packages_of() {
     case $1 in
-        build) echo cmake ninja-build g++ ccache googletest ;;
+        build) echo cmake ninja-build g++ ccache googletest libutfcpp-dev ;;
         windows) echo g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools ;;
         wine) echo wine wine64 fonts-wine fonts-wqy-microhei xvfb openbox ;;
         check) echo clang libclang-rt-dev llvm clang-format clang-tidy python3 ;;
