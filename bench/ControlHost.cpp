@@ -6,7 +6,7 @@
 
 #include "com/Scoped.h"
 #include "model/TransformText.h"
-#include "tests/com/ControlModule.h"
+#include "tests/com/support/ControlModule.h"
 
 namespace Quorvane::Bench {
 namespace {

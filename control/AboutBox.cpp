@@ -2,12 +2,11 @@
 // The about box.
 #include "control/FISControl.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 #include "win/MessageBox.h"
 
 namespace Quorvane {
 namespace {
-
-constexpr std::int32_t AboutTextId = 38;
 
 /// The name of the component, which titles a message box of no title of its own.
 constexpr TextView ComponentName = u"QuorvaneAxEditor";
@@ -17,7 +16,7 @@ constexpr TextView ComponentName = u"QuorvaneAxEditor";
 STDMETHODIMP FISControl::ShowAboutBox() noexcept {
     return Com::Guard<_FISControl>([&] {
         const Com::KeepAlive alive(this);
-        Win::ShowMessage(Site().Window(), Main::GetText(AboutTextId), Text(ComponentName),
+        Win::ShowMessage(Site().Window(), Main::GetText(TextIds::About), Text(ComponentName),
                          MB_OK | MB_ICONINFORMATION);
     });
 }

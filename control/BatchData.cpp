@@ -9,13 +9,12 @@
 #include "shared/ItemAddresses.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 #include "win/MessageBox.h"
 
 namespace Quorvane {
 namespace {
 
-constexpr std::int32_t InvalidEvaluation = 84;
-constexpr std::int32_t ControllerTitle = 35;
 constexpr std::int32_t DefaultDivisions = 10;
 
 /// The folder with its final backslash. Raises InvalidCall for the empty path.
@@ -127,8 +126,8 @@ STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);
         } catch (...) {
             // Whatever failed, the host is not told by an error but the person by this message.
-            Win::ShowMessage(Site().Window(), Main::GetText(InvalidEvaluation),
-                             Main::GetText(ControllerTitle), MB_OK | MB_ICONERROR);
+            Win::ShowMessage(Site().Window(), Main::GetText(TextIds::InvalidEvaluation),
+                             Main::GetText(TextIds::Controller), MB_OK | MB_ICONERROR);
         }
     });
 }

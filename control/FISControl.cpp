@@ -7,6 +7,7 @@
 #include "control/DispatchIds.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 #include "win/Dpi.h"
 
 namespace Quorvane {
@@ -21,7 +22,7 @@ constexpr SIZEL InitialExtent{8467, 5292};
 FISControl::FISControl(IUnknown* outer)
     : ComObject(outer), ControlCore(InitialExtent), display_(*this) {
     // Some hosts neither initialise nor load a control before they use it.
-    display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
+    display_.lblCaption.Caption = Main::GetText(TextIds::InferenceSystem);
     display_.lvwInput.Font.Set(NewDialogFont());
     display_.lvwOutput.Font.Set(display_.lvwInput.Font.Get());
     display_.Resize(Win::TwipsOfHimetric(InitialExtent.cx), Win::TwipsOfHimetric(InitialExtent.cy));

@@ -128,9 +128,6 @@ class FISControl final
     bool OnDisplayHelp() override;
     void OnDisplayFontChanged() override;
 
-    /// The text that a control is captioned with until the host sets another.
-    static constexpr std::int32_t DefaultCaptionId = 36;
-
     /// Tells the host that a persisted property has changed.
     void PropertyChanged(DISPID property);
 

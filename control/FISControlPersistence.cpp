@@ -11,6 +11,7 @@
 #include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane {
 
@@ -35,7 +36,7 @@ Com::ComPtr<IFontDisp> FISControl::AmbientFont() const {
 void FISControl::InitProperties() {
     const DefaultArithmetic arithmetic;
     Definition::ProcessState& state = Definition::State();
-    display_.lblCaption.Caption = Main::GetText(DefaultCaptionId);
+    display_.lblCaption.Caption = Main::GetText(TextIds::InferenceSystem);
     display_.lvwInput.Font.Set(AmbientFont());
     display_.lvwOutput.Font.Set(display_.lvwInput.Font.Get());
     state.LanguageId = static_cast<std::int32_t>(Site().LocaleId());
@@ -53,7 +54,8 @@ void FISControl::ReadProperties(IPropertyBag& bag, IErrorLog* log) {
     const PropertyReader reader(bag, log);
     ListFace& input = display_.lvwInput;
     ListFace& output = display_.lvwOutput;
-    display_.lblCaption.Caption = reader.ReadText(L"Caption", Main::GetText(DefaultCaptionId));
+    display_.lblCaption.Caption =
+        reader.ReadText(L"Caption", Main::GetText(TextIds::InferenceSystem));
     input.Font.Set(reader.ReadFont(L"Font", AmbientFont()));
     input.BackColor = reader.ReadColor(L"BackColor", DefaultBackColor);
     input.ForeColor = reader.ReadColor(L"ForeColor", DefaultForeColor);
@@ -82,7 +84,8 @@ void FISControl::WriteProperties(IPropertyBag& bag, bool all) const {
     const PropertyWriter writer(bag, all);
     const Definition::ProcessState& state = Definition::State();
     const ListFace& input = display_.lvwInput;
-    writer.WriteText(L"Caption", display_.lblCaption.Caption, Main::GetText(DefaultCaptionId));
+    writer.WriteText(L"Caption", display_.lblCaption.Caption,
+                     Main::GetText(TextIds::InferenceSystem));
     writer.WriteFont(L"Font", input.Font.Get().Get(), AmbientFont().Get());
     writer.WriteColor(L"BackColor", input.BackColor, DefaultBackColor);
     writer.WriteColor(L"ForeColor", input.ForeColor, DefaultForeColor);

@@ -12,11 +12,10 @@
 #include "idl/QuorvaneAxEditor.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane {
 namespace {
-
-constexpr std::int32_t HelpFileNameId = 37;
 
 /// The most characters that a help directory can have, its terminating zero included.
 constexpr DWORD LongestDirectory = 32768;
@@ -49,7 +48,7 @@ void SetHelpFile() {
     ::RegQueryValueExA(key.Get(), "", nullptr, nullptr, reinterpret_cast<BYTE*>(directory.data()),
                        &size);
     directory.resize(std::min(std::max<DWORD>(size, 1) - 1, LongestDirectory));
-    Definition::State().HelpFile = FromAnsi(directory) + Main::GetText(HelpFileNameId);
+    Definition::State().HelpFile = FromAnsi(directory) + Main::GetText(TextIds::HelpFile);
 }
 
 } // namespace Quorvane

@@ -8,23 +8,23 @@
 
 #include "shared/Definition.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::RunTime {
 
 /// The text ids of the engine's messages; each is the offset of its error number as well.
 enum class Message : std::int32_t {
-    InvalidInputSignal = 79,
-    InvalidInputVariable = 80,
-    InvalidOutputVariable = 81,
-    InvalidRule = 82,
-    InvalidInference = 83,
+    InvalidInputSignal = TextIds::InvalidInputSignal,
+    InvalidInputVariable = TextIds::InvalidInputVariable,
+    InvalidOutputVariable = TextIds::InvalidOutputVariable,
+    InvalidRule = TextIds::InvalidRule,
+    InvalidInference = TextIds::InvalidInference,
 };
 
 /// The error of a routine, whatever failed inside it.
 inline FisError EngineError(Message message) {
-    constexpr std::int32_t SourceId = 35;
     const auto id = static_cast<std::int32_t>(message);
-    return {ObjectErrorBase + static_cast<std::uint32_t>(id), Main::GetText(SourceId),
+    return {ObjectErrorBase + static_cast<std::uint32_t>(id), Main::GetText(TextIds::Controller),
             Main::GetText(id)};
 }
 

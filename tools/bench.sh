@@ -59,8 +59,8 @@ run_bench() {
     for suite in "$@"; do
         case $suite in
             native) bench_one native native && plot_growth ;;
-            x64) need windows wine && wine_start x64 && bench_one x64 mingw64 in_wine x64 3600 wine ;;
-            x86) need windows wine i386 && wine_start x86 && bench_one x86 mingw32 in_wine x86 3600 wine ;;
+            x64) need windows64 wine && wine_start x64 && bench_one x64 mingw64 in_wine x64 3600 wine ;;
+            x86) need windows32 wine i386 && wine_start x86 && bench_one x86 mingw32 in_wine x86 3600 wine ;;
             *) die "unknown suite '$suite'" ;;
         esac || die "the benchmarks of $suite failed"
     done

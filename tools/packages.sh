@@ -4,11 +4,15 @@
 packages_of() {
     case $1 in
         build) echo cmake ninja-build g++ ccache googletest libutfcpp-dev ;;
-        windows) echo g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools ;;
+        windows64) echo g++-mingw-w64-x86-64-posix mingw-w64-tools ;;
+        windows32) echo g++-mingw-w64-i686-posix mingw-w64-tools ;;
         wine) echo wine wine64 fonts-wine fonts-wqy-microhei xvfb openbox ;;
-        check) echo clang libclang-rt-dev llvm clang-format clang-tidy python3 ;;
+        clang) echo clang libclang-rt-dev ;;
+        coverage) echo llvm ;;
+        format) echo clang-format ;;
+        tidy) echo clang-tidy ;;
+        rooms | plot) echo python3 ;;
         i386) echo debootstrap ;;
-        plot) echo python3 ;;
     esac
 }
 

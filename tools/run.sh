@@ -20,7 +20,7 @@ run_sample() {
 
 # Builds, starts Wine on the virtual display, and registers the control.
 start_run() {
-    need build windows wine
+    need build windows64 wine
     build_quietly mingw64 products form_pictures || die "the build failed"
     wine_start x64 || die "Wine did not start"
     say "Registering the control"

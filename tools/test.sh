@@ -1,23 +1,53 @@
 # SPDX-License-Identifier: MIT
 # The test suites, and the count of their results.
 
-# The static checks of the Windows half take many minutes more: ./quorvane lint runs them, too.
+# Every suite there is. The static checks of the Windows half take many minutes more: ./quorvane lint
+# runs them, too.
 SUITES="format rooms tidy asan native x64 x86 fuzz products"
 PASSED=0 FAILED=0 SKIPPED=0
 FAILURES=()
 declare -A CASES
 
-# run_tests [SUITE [PROGRAM [FILTER]]]: all suites or one, then the totals
+# What only "all" runs: the optimized native build, whose cases the sanitized one has as well, the
+# static checks of sources that did not change, and windows on x86, which are those of x64.
+DAILY_SUITES="format rooms changed asan x64 x86 fuzz products"
+WINDOW_PROGRAMS="window_tests editor_window_tests form_tests"
+DAILY=
+
+# run_tests [all | SUITE [PROGRAM [FILTER]]]: the daily suites, all of them or one, then the totals
 run_tests() {
-    local suite
-    case " $SUITES " in *" ${1:-format} "*) ;; *) die "no suite '$1'; there are: $SUITES" ;; esac
-    need build windows wine check
+    local suites=$DAILY_SUITES suite
+    case "${1:-}" in
+        "") ;;
+        all) suites=$SUITES ;;
+        *) suites=$1 ;;
+    esac
+    for suite in $suites; do
+        case " $SUITES changed " in *" $suite "*) ;; *) die "no suite '$suite'; there are: $SUITES" ;; esac
+    done
+    # shellcheck disable=SC2086  # a list of groups
+    need $(for suite in $suites; do packages_of_suite "$suite"; done)
     # Tests know the texts and numbers of this locale; those of a comma set one themselves.
     export LC_ALL=C.UTF-8
-    for suite in ${1:-$SUITES}; do
+    [ $# -gt 0 ] || DAILY=yes
+    for suite in $suites; do
         run_suite "$suite" "${2:-*}" "${3:-*}" || true
     done
     print_totals
+}
+
+# The groups of packages that a suite needs; a suite alone installs no more.
+packages_of_suite() {
+    case $1 in
+        format) echo format ;;
+        rooms) echo rooms ;;
+        tidy | changed) echo build clang tidy ;;
+        asan | fuzz) echo build clang ;;
+        native) echo build ;;
+        x64) echo build windows64 wine ;;
+        x86) echo build windows32 wine ;;
+        products) echo build windows64 windows32 ;;
+    esac
 }
 
 run_suite() {
@@ -25,6 +55,7 @@ run_suite() {
         format) check_format ;;
         rooms) check_rooms ;;
         tidy) check_tidy lint ;;
+        changed) check_changed ;;
         asan) run_programs core-asan "$@" ;;
         native) run_programs native "$@" ;;
         x64) run_programs mingw64 "$@" ;;
@@ -49,8 +80,9 @@ check() {
     if "${@:3}"; then count 1 0 0; else count 0 1 0 && failure "$1" "$2"; fi
 }
 
+# build_or_fail PRESET [TARGET...]: a build that fails counts as a failed case.
 build_or_fail() {
-    build_quietly "$1" && return
+    build_quietly "$@" && return
     count 0 1 0
     failure "build of $1" "cmake --preset $1 && cmake --build --preset $1"
     return 1
@@ -84,10 +116,38 @@ check_tidy() {
     check "static checks" "cmake --build --preset $1" build_quietly "$1"
 }
 
-# run_programs PRESET SUITE PROGRAM FILTER: build, then run the GoogleTest programs of the preset
+# The static checks of the sources that differ from the branch that this one follows, committed or
+# not; without such a branch, from the commit before.
+check_changed() {
+    local base sources
+    base=$(git merge-base HEAD '@{upstream}' 2>/dev/null || git rev-parse HEAD~1 2>/dev/null) || base=HEAD
+    mapfile -t sources < <(git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h' | sed 's/\.h$/.cpp/' | sort -u)
+    logged configure-lint cmake --preset lint || return
+    # Sources that the native build does not compile are those of the Windows half.
+    mapfile -t sources < <(for source in "${sources[@]}"; do
+        grep -qF "\"file\": \"$PWD/$source\"" out/build/lint/compile_commands.json && echo "$source"
+    done)
+    if [ ${#sources[@]} -eq 0 ]; then
+        say "Static checks: no portable source differs from $(git rev-parse --short "$base")"
+        return
+    fi
+    say "Checking ${#sources[@]} changed sources"
+    check "static checks of what changed" "./quorvane test changed" \
+        logged changed clang-tidy --quiet -p out/build/lint "${sources[@]}"
+}
+
+# is_left_out SUITE PROGRAM: whether daily work goes without it
+is_left_out() {
+    [ -n "$DAILY" ] && [ "$1" = x86 ] && [[ " $WINDOW_PROGRAMS " == *" $2 "* ]]
+}
+
+# run_programs PRESET SUITE PROGRAM FILTER: build, then run the GoogleTest programs of the preset.
+# Of a program that is named, nothing but itself and what it runs is built.
 run_programs() {
-    local preset=$1 suite=$2 pattern=$3 filter=$4 program run=()
-    build_or_fail "$preset" || return
+    local preset=$1 suite=$2 pattern=$3 filter=$4 program run=() targets=()
+    [[ $pattern == *[*?[]* ]] || targets=("$pattern")
+    [ -z "$DAILY" ] || [ "$suite" != x86 ] || targets=(tests_without_windows)
+    build_or_fail "$preset" "${targets[@]}" || return
     case $suite in
         x64 | x86)
             wine_start "$suite" || { skip_suite "$suite"; return; }
@@ -97,6 +157,7 @@ run_programs() {
     for program in out/build/"$preset"/tests/*/*_tests{,.exe}; do
         # shellcheck disable=SC2053
         [[ -x $program && $(basename "$program" .exe) == $pattern ]] || continue
+        ! is_left_out "$suite" "$(basename "$program" .exe)" || continue
         run_gtest "$suite" "$(basename "$program" .exe)" "$filter" "${run[@]}" "$program"
     done
 }
@@ -137,7 +198,7 @@ run_gtest() {
 # run_fuzzers SECONDS: every fuzzer that long; each is one case
 run_fuzzers() {
     local program name
-    build_or_fail fuzz || return
+    build_or_fail fuzz fuzzers || return
     for program in out/build/fuzz/fuzzers/*; do
         name=${program##*/}
         say "Running $name for $1 s"
@@ -151,7 +212,7 @@ run_fuzzers() {
 # The products need system DLLs and nothing else.
 check_products() {
     local product
-    build_or_fail mingw64 && build_or_fail mingw32 || return
+    build_or_fail mingw64 products && build_or_fail mingw32 products || return
     say "Checking what the products import"
     for product in out/x64/*.ocx out/x64/*.exe out/x86/*.ocx out/x86/*.exe; do
         check "imports of $product" "./quorvane test products" only_system_imports "$product"

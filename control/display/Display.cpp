@@ -9,16 +9,11 @@
 #include "engine/CurrentErrorText.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 #include "win/Dpi.h"
 
 namespace Quorvane {
-namespace {
-
-constexpr std::int32_t InputHeader = 16;
-constexpr std::int32_t OutputHeader = 32;
-constexpr std::int32_t ValueHeader = 33;
-
-} // namespace
+namespace {} // namespace
 
 Display::Display(DisplayOwner& owner) : owner_(owner) {
     // The lists share one font as a rule; it is the input list's that the host knows.
@@ -52,10 +47,10 @@ void Display::FitLabel() noexcept {
 }
 
 void Display::FetchHeaders() {
-    lvwInput.Columns = {{u"Input", Main::GetText(InputHeader)},
-                        {u"Value", Main::GetText(ValueHeader)}};
-    lvwOutput.Columns = {{u"Output", Main::GetText(OutputHeader)},
-                         {u"Value", Main::GetText(ValueHeader)}};
+    lvwInput.Columns = {{u"Input", Main::GetText(TextIds::Input)},
+                        {u"Value", Main::GetText(TextIds::Value)}};
+    lvwOutput.Columns = {{u"Output", Main::GetText(TextIds::Output)},
+                         {u"Value", Main::GetText(TextIds::Value)}};
 }
 
 void Display::Resize(float width, float height) noexcept {

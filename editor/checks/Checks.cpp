@@ -10,8 +10,6 @@
 namespace Quorvane::DesignTime {
 namespace {
 
-namespace TextIds = Editor::TextIds;
-
 [[noreturn]] void Refuse(std::int32_t textId, TextView limit = {}) {
     throw FisError(ObjectErrorBase + static_cast<std::uint32_t>(textId), {},
                    Main::GetText(textId, limit));

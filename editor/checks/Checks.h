@@ -5,9 +5,9 @@
 #include <optional>
 
 #include "editor/checks/Prompt.h"
-#include "editor/checks/TextIds.h"
 #include "shared/FisError.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::DesignTime {
 
@@ -28,8 +28,7 @@ decltype(auto) RunAsEditor(Body&& body) {
     try {
         return std::forward<Body>(body)();
     } catch (const FisError& error) {
-        throw FisError(error.Number, Main::GetText(Editor::TextIds::InferenceSystem),
-                       error.Description);
+        throw FisError(error.Number, Main::GetText(TextIds::InferenceSystem), error.Description);
     }
 }
 

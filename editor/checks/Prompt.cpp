@@ -2,8 +2,8 @@
 // Message boxes that the editors have in common.
 #include "editor/checks/Prompt.h"
 
-#include "editor/checks/TextIds.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 

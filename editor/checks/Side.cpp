@@ -3,7 +3,7 @@
 #include "editor/checks/Side.h"
 
 #include "editor/checks/DesignTime.h"
-#include "editor/checks/TextIds.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

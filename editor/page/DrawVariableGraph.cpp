@@ -2,10 +2,10 @@
 // The graph of the membership functions of one variable.
 #include "editor/page/DrawVariableGraph.h"
 
-#include "editor/checks/TextIds.h"
 #include "shared/NumberText.h"
 #include "shared/TermColors.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "editor/checks/TextIds.h"
 #include "editor/page/DrawVariableGraph.h"
 #include "editor/page/LabelEdits.h"
 #include "editor/page/VariableEdits.h"
@@ -12,6 +11,7 @@
 #include "model/BuildDefinition.h"
 #include "model/ParseDefinition.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

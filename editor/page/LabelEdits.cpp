@@ -5,10 +5,10 @@
 #include <algorithm>
 
 #include "editor/checks/DesignTime.h"
-#include "editor/checks/TextIds.h"
 #include "editor/page/RuleReferences.h"
 #include "shared/NumberText.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "editor/checks/TextIds.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

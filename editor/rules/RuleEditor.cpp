@@ -6,11 +6,11 @@
 
 #include "editor/checks/Checks.h"
 #include "editor/checks/DesignTime.h"
-#include "editor/checks/TextIds.h"
 #include "editor/rules/RuleText.h"
 #include "shared/NumberText.h"
 #include "shared/TermColors.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

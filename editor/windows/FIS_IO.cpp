@@ -8,9 +8,9 @@
 #include "com/ClientSite.h"
 #include "com/Scoped.h"
 #include "com/TaskMemory.h"
-#include "editor/checks/TextIds.h"
 #include "shared/Definition.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {

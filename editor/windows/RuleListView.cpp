@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "editor/checks/TextIds.h"
 #include "text/GetText.h"
+#include "text/TextIds.h"
 #include "win/Dpi.h"
 #include "win/Raised.h"
 #include "win/WideText.h"

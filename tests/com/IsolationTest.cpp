@@ -11,8 +11,8 @@
 #include "com/Module.h"
 #include "com/Scoped.h"
 #include "idl/QuorvaneAxEditor.h"
-#include "tests/com/ActivationContext.h"
-#include "tests/com/ControlModule.h"
+#include "tests/com/support/ActivationContext.h"
+#include "tests/com/support/ControlModule.h"
 
 namespace Quorvane {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "com/Module.h"
 #include "com/Scoped.h"
-#include "tests/com/ControlModule.h"
 #include "tests/com/support/ChildProcess.h"
+#include "tests/com/support/ControlModule.h"
 #include "tests/com/support/LoadedModule.h"
 #include "tests/com/support/TestFolder.h"
 

@@ -9,8 +9,8 @@
 #include "com/ComPtr.h"
 #include "com/Scoped.h"
 #include "idl/QuorvaneAxEditor.h"
-#include "tests/com/ControlModule.h"
 #include "tests/com/RegistrySnapshot.h"
+#include "tests/com/support/ControlModule.h"
 #include "tests/com/support/LoadedModule.h"
 
 namespace Quorvane {

@@ -14,7 +14,7 @@
 #include "com/ComPtr.h"
 #include "com/Scoped.h"
 #include "idl/QuorvaneAxEditor.h"
-#include "tests/com/ControlModule.h"
+#include "tests/com/support/ControlModule.h"
 
 namespace Quorvane {
 namespace {

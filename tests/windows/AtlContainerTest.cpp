@@ -10,7 +10,7 @@
 #include "com/Scoped.h"
 #include "control/display/DisplayWindow.h"
 #include "idl/QuorvaneAxEditor.h"
-#include "tests/com/ActivationContext.h"
+#include "tests/com/support/ActivationContext.h"
 #include "tests/windows/support/Form.h"
 
 namespace Quorvane {

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "com/Scoped.h"
-#include "tests/com/ControlModule.h"
+#include "tests/com/support/ControlModule.h"
 
 namespace Quorvane {
 namespace {

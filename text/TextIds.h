@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The texts of the editors, by their number in the text table.
+// The texts by their number in the text table.
 #pragma once
 
 #include <cstdint>
 
-namespace Quorvane::Editor::TextIds {
+namespace Quorvane::TextIds {
 
 /// Not assigned in the table: the empty text.
 inline constexpr std::int32_t Nothing = -1;
@@ -21,8 +21,14 @@ inline constexpr std::int32_t Antecedent = 22;
 inline constexpr std::int32_t Then = 25;
 inline constexpr std::int32_t Consequent = 27;
 inline constexpr std::int32_t Output = 32;
+inline constexpr std::int32_t Value = 33;
 inline constexpr std::int32_t Is = 34;
+/// The source of the errors of the engine.
+inline constexpr std::int32_t Controller = 35;
+/// The source of the errors of the editors, and the default caption.
 inline constexpr std::int32_t InferenceSystem = 36;
+inline constexpr std::int32_t HelpFile = 37;
+inline constexpr std::int32_t About = 38;
 inline constexpr std::int32_t Add = 52;
 inline constexpr std::int32_t Modify = 53;
 inline constexpr std::int32_t Delete = 54;
@@ -47,5 +53,11 @@ inline constexpr std::int32_t IdentifierTooLong = 75;
 inline constexpr std::int32_t LeadingDigit = 76;
 inline constexpr std::int32_t EqualBounds = 77;
 inline constexpr std::int32_t RuleBaseEmpty = 78;
+inline constexpr std::int32_t InvalidInputSignal = 79;
+inline constexpr std::int32_t InvalidInputVariable = 80;
+inline constexpr std::int32_t InvalidOutputVariable = 81;
+inline constexpr std::int32_t InvalidRule = 82;
+inline constexpr std::int32_t InvalidInference = 83;
+inline constexpr std::int32_t InvalidEvaluation = 84;
 
-} // namespace Quorvane::Editor::TextIds
+} // namespace Quorvane::TextIds

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Making, activating and ending an activation context.
-#include "tests/com/ActivationContext.h"
+#include "tests/com/support/ActivationContext.h"
 
 #include "com/Scoped.h"
 

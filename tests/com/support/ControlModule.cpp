@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The way from the test program to the control in the same build.
-#include "tests/com/ControlModule.h"
+#include "tests/com/support/ControlModule.h"
 
 #include "com/Module.h"
 #include "com/Scoped.h"
