@@ -25,11 +25,15 @@ Variant::Variant(const VARIANT& value) : Variant() {
 }
 
 Variant ChangeType(const VARIANT& value, VARTYPE type) {
+    return ChangeType(value, type, LOCALE_USER_DEFAULT, 0);
+}
+
+Variant ChangeType(const VARIANT& value, VARTYPE type, LCID locale, USHORT flags) {
     Variant result;
     // The platform does not follow a by-reference variant in every conversion; follow it here.
     auto& source = const_cast<VARIANT&>(Dereference(value));
     RefuseNullReference(source);
-    Check(::VariantChangeType(result.Put(), &source, 0, type));
+    Check(::VariantChangeTypeEx(result.Put(), &source, locale, flags, type));
     return result;
 }
 
