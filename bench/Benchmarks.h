@@ -35,4 +35,8 @@ void PrintBatchTable(const Medians& medians);
 void RegisterComBenchmarks();
 void PrintComTable(const Medians& medians);
 
+/// Windows; on Windows alone.
+void RegisterFaceBenchmarks();
+void PrintFaceTable(const Medians& medians);
+
 } // namespace Quorvane::Bench

@@ -54,9 +54,18 @@ class Bag final : public Com::ComObject<IPropertyBag> {
 
 } // namespace
 
-ControlHost& ControlHost::Of(const Workload& workload) {
+ControlHost& ControlHost::One() {
     // Never destroyed: COM has gone by the time that would happen.
     static auto& host = *new ControlHost;
+    return host;
+}
+
+void ControlHost::ForgetLoaded() {
+    One().loaded_.clear();
+}
+
+ControlHost& ControlHost::Of(const Workload& workload) {
+    ControlHost& host = One();
     if (host.loaded_ != workload.Name) {
         host.Load(workload);
         host.loaded_ = workload.Name;
@@ -66,7 +75,13 @@ ControlHost& ControlHost::Of(const Workload& workload) {
 
 ControlHost::ControlHost() {
     Com::Check(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-    Com::Check(ControlClass()->CreateInstance(nullptr, __uuidof(_FISControl), control_.PutVoid()));
+    control_ = NewControl();
+}
+
+Com::ComPtr<_FISControl> NewControl() {
+    Com::ComPtr<_FISControl> control;
+    Com::Check(ControlClass()->CreateInstance(nullptr, __uuidof(_FISControl), control.PutVoid()));
+    return control;
 }
 
 void ControlHost::Load(const Workload& workload) {

@@ -25,6 +25,10 @@ class ControlHost {
     /// loads that. Throws where the control cannot be made or loaded.
     static ControlHost& Of(const Workload& workload);
 
+    /// Has the system loaded again when it is asked for next: to be called after another control
+    /// has ended, which takes the system of the process with it.
+    static void ForgetLoaded();
+
     const Com::ComPtr<_FISControl>& Control() const { return control_; }
     Com::ComPtr<IDictionary> InVals() const;
     Com::ComPtr<IDictionary> OutVals() const;
@@ -34,11 +38,15 @@ class ControlHost {
   private:
     ControlHost();
 
+    static ControlHost& One();
     void Load(const Workload& workload);
 
     Com::ComPtr<_FISControl> control_;
     std::string loaded_;
 };
+
+/// A new control of the built module.
+Com::ComPtr<_FISControl> NewControl();
 
 /// An empty dictionary of the platform whose keys compare as texts without regard to case.
 Com::ComPtr<IDictionary> NewPlatformDictionary();

@@ -46,6 +46,7 @@ int main(int argc, char** argv) {
     Quorvane::Bench::RegisterBatchBenchmarks();
 #ifdef _WIN32
     Quorvane::Bench::RegisterComBenchmarks();
+    Quorvane::Bench::RegisterFaceBenchmarks();
 #endif
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
@@ -55,6 +56,7 @@ int main(int argc, char** argv) {
     Quorvane::Bench::PrintBatchTable(reporter.Medians);
 #ifdef _WIN32
     Quorvane::Bench::PrintComTable(reporter.Medians);
+    Quorvane::Bench::PrintFaceTable(reporter.Medians);
 #endif
     return 0;
 }

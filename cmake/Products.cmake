@@ -1,8 +1,11 @@
 # SPDX-License-Identifier: MIT
-# What is delivered (the control, the host programs) goes into out/x64 or out/x86.
+# What is delivered (the control, the programs) goes into out/x64, out/x86 or, of the native preset,
+# out/native.
 
 add_custom_target(products)
-if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+if(NOT MINGW)
+    set(QUORVANE_PRODUCTS ${CMAKE_BINARY_DIR}/products CACHE PATH "Folder of what is delivered")
+elseif(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(QUORVANE_PRODUCTS ${PROJECT_SOURCE_DIR}/out/x64)
     # What manifests call the width of this build.
     set(QUORVANE_ASSEMBLY_ARCHITECTURE amd64)
@@ -16,6 +19,8 @@ function(quorvane_product target)
     set_target_properties(${target} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${QUORVANE_PRODUCTS} LIBRARY_OUTPUT_DIRECTORY ${QUORVANE_PRODUCTS})
     add_dependencies(products ${target})
+    # Products run in processes, or beside modules, that are not ours.
+    target_link_libraries(${target} PRIVATE quorvane_runtime)
 endfunction()
 
 # quorvane_tell_products(sources...): define QUORVANE_PRODUCTS in sources of a test program as the

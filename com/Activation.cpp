@@ -71,6 +71,7 @@ void Activation::MakeWindow(HWND parent, const RECT* position) {
     frame_ = std::move(frame);
     document_ = std::move(document);
     core_.OpenWindow(holder, place);
+    FollowUIDead();
     SetRects(place, &clip);
     ::ShowWindow(core_.Window(), SW_SHOWNA);
 }
@@ -85,6 +86,7 @@ HRESULT Activation::Activate(HWND parent, const RECT* position) {
         ::ShowWindow(core_.Window(), SW_SHOWNA);
         return S_OK;
     }
+    core_.StartIfNeeded();
     const auto clientSite = core_.Site().Get();
     const auto site = clientSite.As<IOleInPlaceSite>();
     if (!site) {
@@ -110,6 +112,9 @@ HRESULT Activation::Activate(HWND parent, const RECT* position) {
         InPlaceDeactivate();
         throw;
     }
+    if (!IsActive()) {
+        return E_UNEXPECTED;
+    }
     clientSite->ShowObject();
     return S_OK;
 }
@@ -132,8 +137,26 @@ void Activation::SetActiveObject(IOleInPlaceActiveObject* object) noexcept {
     }
 }
 
+/// Whether the host lets the control become UI active; it is told when it has kept the control
+/// from it, as it may have to give the focus back.
+bool Activation::MayBecomeUIActive(IOleInPlaceSite& site) noexcept {
+    const auto extended = Query<IOleInPlaceSiteEx>(&site);
+    if (!extended || extended->RequestUIActivate() != S_FALSE) {
+        return true;
+    }
+    site.OnUIDeactivate(FALSE);
+    return false;
+}
+
 HRESULT Activation::BecomeUIActive() {
     const auto site = site_;
+    if (!MayBecomeUIActive(*site)) {
+        return OLEOBJ_S_CANNOT_DOVERB_NOW;
+    }
+    if (!IsActive() || site != site_) {
+        // The host has deactivated meanwhile.
+        return E_UNEXPECTED;
+    }
     state_ = State::UIActive;
     const HRESULT result = site->OnUIActivate();
     if (FAILED(result)) {
@@ -154,7 +177,7 @@ HRESULT Activation::ActivateUI(HWND parent, const RECT* position, const MSG* mes
     }
     if (!IsUIActive()) {
         const HRESULT active = BecomeUIActive();
-        if (FAILED(active)) {
+        if (active != S_OK) {
             return active;
         }
     }
@@ -221,10 +244,31 @@ void Activation::SetRects(const RECT& position, const RECT* clip) noexcept {
             region = ::CreateRectRgnIndirect(&visible);
         }
     }
-    // The window owns the region from here on.
-    ::SetWindowRgn(window, region, TRUE);
+    RECT former{};
+    // To take no region away takes as long as to take one.
+    if (region || ::GetWindowRgnBox(window, &former) != ERROR) {
+        // The window owns the region from here on.
+        ::SetWindowRgn(window, region, TRUE);
+    }
     ::SetWindowPos(window, nullptr, position.left, position.top, position.right - position.left,
                    position.bottom - position.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Activation::FollowUIDead() {
+    HWND const window = core_.Window();
+    if (!window) {
+        return;
+    }
+    const bool isDead = core_.Site().IsUIDead();
+    if (!::IsWindow(window)) {
+        return;
+    }
+    HWND const focus = ::GetFocus();
+    if (isDead && (focus == window || ::IsChild(window, focus))) {
+        // A window that is disabled keeps the keys that go to its children.
+        ::SetFocus(::GetParent(window));
+    }
+    ::EnableWindow(window, !isDead);
 }
 
 void Activation::OnFocus(bool focused) {
@@ -251,6 +295,18 @@ HRESULT Activation::TranslateAccelerator(const MSG* message) {
     }
     MSG copy = *message;
     return site->TranslateAccelerator(&copy, KeyModifiers()) == S_OK ? S_OK : S_FALSE;
+}
+
+ModelessPause::ModelessPause(const Activation& activation) noexcept : frame_(activation.Frame()) {
+    if (frame_) {
+        frame_->EnableModeless(FALSE);
+    }
+}
+
+ModelessPause::~ModelessPause() {
+    if (frame_) {
+        frame_->EnableModeless(TRUE);
+    }
 }
 
 } // namespace Quorvane::Com

@@ -43,17 +43,25 @@ class Activation {
     /// Moves the window, and cuts it to `clip`; a null or empty `clip` does not cut.
     void SetRects(const RECT& position, const RECT* clip) noexcept;
 
+    /// Lets the user reach the window, or not, as the host's ambient property UIDead says. Throws
+    /// HresultError where the host cannot be asked.
+    void FollowUIDead();
+
     /// The keyboard focus has come to the window or left it.
     void OnFocus(bool focused);
 
     /// A key that the host offers before it uses it itself: S_OK where it was taken.
     HRESULT TranslateAccelerator(const MSG* message);
 
+    /// The frame of the host; null while the control is not active.
+    const ComPtr<IOleInPlaceFrame>& Frame() const noexcept { return frame_; }
+
   private:
     enum class State { Loaded, Active, UIActive };
 
     static HRESULT Enter(IOleInPlaceSite& site);
     void MakeWindow(HWND parent, const RECT* position);
+    static bool MayBecomeUIActive(IOleInPlaceSite& site) noexcept;
     HRESULT BecomeUIActive();
     void SetActiveObject(IOleInPlaceActiveObject* object) noexcept;
 
@@ -62,6 +70,20 @@ class Activation {
     ComPtr<IOleInPlaceSite> site_;
     ComPtr<IOleInPlaceFrame> frame_;
     ComPtr<IOleInPlaceUIWindow> document_;
+};
+
+/// While it lives, the host keeps its modeless windows from the user, who answers a modal box of
+/// the control's. Nothing happens where the control is not active: its host's frame is not known.
+class ModelessPause {
+  public:
+    explicit ModelessPause(const Activation& activation) noexcept;
+    ~ModelessPause();
+    ModelessPause(const ModelessPause&) = delete;
+    ModelessPause& operator=(const ModelessPause&) = delete;
+
+  private:
+    /// Held: the control may be deactivated while the box is open.
+    ComPtr<IOleInPlaceFrame> frame_;
 };
 
 } // namespace Quorvane::Com

@@ -7,6 +7,49 @@
 #include "com/ErrorBoundary.h"
 
 namespace Quorvane::Com {
+namespace {
+
+/// Whether an answer tells of trouble between us and the host. Hosts that merely do not offer a
+/// property say so with nearly any other failure.
+bool IsTrouble(HRESULT result) noexcept {
+    // The errors of remote calls, by the numbers that the platform keeps for them.
+    constexpr int FirstRemoteError = 1700;
+    constexpr int LastRemoteError = 1999;
+    const int code = HRESULT_CODE(result);
+    const bool isRemote = HRESULT_FACILITY(result) == FACILITY_RPC ||
+                          (HRESULT_FACILITY(result) == FACILITY_WIN32 && code >= FirstRemoteError &&
+                           code <= LastRemoteError);
+    return isRemote || result == E_OUTOFMEMORY || result == E_ACCESSDENIED ||
+           result == CO_E_OBJNOTCONNECTED;
+}
+
+/// What `convert` makes of an ambient value. Nothing where the host offers none, or fills in one of
+/// a kind that says nothing, as some do for a property that they do not offer.
+template <class Convert>
+auto Understood(const Variant& value, Convert convert)
+    -> std::optional<decltype(convert(value.Get()))> {
+    if (value.Type() == VT_EMPTY) {
+        return std::nullopt;
+    }
+    try {
+        return convert(value.Get());
+    } catch (const HresultError& error) {
+        if (IsTrouble(error.Code())) {
+            throw;
+        }
+        return std::nullopt;
+    }
+}
+
+bool ToFlag(const VARIANT& value) {
+    return ChangeType(value, VT_BOOL).Get().boolVal != VARIANT_FALSE;
+}
+
+LCID ToLocale(const VARIANT& value) {
+    return static_cast<LCID>(ChangeType(value, VT_I4).Get().lVal);
+}
+
+} // namespace
 
 void ClientSite::Set(IOleClientSite* site) {
     ambients_ = Query<IDispatch>(site);
@@ -24,7 +67,7 @@ Variant ClientSite::Ambient(DISPID property) const {
     const HRESULT result =
         ambients->Invoke(property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
                          value.Put(), nullptr, nullptr);
-    if (result == DISP_E_MEMBERNOTFOUND || result == E_NOTIMPL) {
+    if (FAILED(result) && !IsTrouble(result)) {
         return {};
     }
     Check(result);
@@ -32,16 +75,16 @@ Variant ClientSite::Ambient(DISPID property) const {
 }
 
 bool ClientSite::UserMode() const {
-    const Variant mode = Ambient(DISPID_AMBIENT_USERMODE);
-    return mode.Type() == VT_EMPTY ||
-           ChangeType(mode.Get(), VT_BOOL).Get().boolVal != VARIANT_FALSE;
+    return Understood(Ambient(DISPID_AMBIENT_USERMODE), ToFlag).value_or(true);
+}
+
+bool ClientSite::IsUIDead() const {
+    return Understood(Ambient(DISPID_AMBIENT_UIDEAD), ToFlag).value_or(false);
 }
 
 LCID ClientSite::LocaleId() const {
-    const Variant locale = Ambient(DISPID_AMBIENT_LOCALEID);
-    return locale.Type() == VT_EMPTY
-               ? ::GetUserDefaultLCID()
-               : static_cast<LCID>(ChangeType(locale.Get(), VT_I4).Get().lVal);
+    const auto locale = Understood(Ambient(DISPID_AMBIENT_LOCALEID), ToLocale);
+    return locale ? *locale : ::GetUserDefaultLCID();
 }
 
 ComPtr<IFontDisp> ClientSite::Font() const {
@@ -51,11 +94,7 @@ ComPtr<IFontDisp> ClientSite::Font() const {
 }
 
 std::optional<OLE_COLOR> ClientSite::BackColor() const {
-    const Variant color = Ambient(DISPID_AMBIENT_BACKCOLOR);
-    if (color.Type() == VT_EMPTY) {
-        return std::nullopt;
-    }
-    return ToColor(color.Get());
+    return Understood(Ambient(DISPID_AMBIENT_BACKCOLOR), ToColor);
 }
 
 HWND ClientSite::Window() const noexcept {

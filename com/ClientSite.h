@@ -15,7 +15,8 @@
 namespace Quorvane::Com {
 
 /// A control's client site. A property that the host does not offer has the value that the function
-/// names; a host whose answer is a failure makes the function throw that failure as HresultError.
+/// names. Hosts say so with any failure, or with a value of no use; a failure of memory, of rights
+/// or of the way to the host is thrown as HresultError.
 class ClientSite {
   public:
     /// Replaces the site; null takes it away.
@@ -25,6 +26,9 @@ class ClientSite {
 
     /// Whether the host runs the form; without a word from the host it does.
     bool UserMode() const;
+
+    /// Whether the host has stopped its form: the user is to have no effect on its controls.
+    bool IsUIDead() const;
 
     /// The locale of the host's user interface, that of the user where the host names none.
     LCID LocaleId() const;

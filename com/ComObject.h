@@ -88,7 +88,8 @@ class ComObject : public Detail::ItemTraits<Items>::Base... {
     void Hold(InstanceClaim claim) noexcept { claim_ = std::move(claim); }
 
   protected:
-    explicit ComObject(IUnknown* outer = nullptr) noexcept
+    // The bases may allocate.
+    explicit ComObject(IUnknown* outer = nullptr)
         : inner_(*this), outer_(outer ? outer : &inner_) {}
 
     virtual ~ComObject() = default;

@@ -17,6 +17,15 @@
 
 namespace Quorvane::Com {
 
+/// What a property browser is told of one property.
+struct BrowsedProperty {
+    DISPID Id;
+    /// One of the platform's categories of properties, PROPCAT_...
+    int Category;
+    /// The page that edits it; null for none.
+    const CLSID* Page;
+};
+
 /// The unchanging facts of a control class.
 struct ControlTraits {
     const CLSID* Clsid;
@@ -27,6 +36,7 @@ struct ControlTraits {
     /// The OLEMISC bits.
     DWORD MiscStatus;
     std::span<const CLSID> PropertyPages;
+    std::span<const BrowsedProperty> Properties;
 };
 
 /// The base of a control class. The mix-ins of this folder (OleObject, ViewObject ...) work on it;
@@ -64,6 +74,12 @@ class ControlCore {
     virtual IUnknown* Unknown() noexcept = 0;
     /// The control's form in a stream; it is also that in a storage.
     virtual IPersistStreamInit& StreamForm() noexcept = 0;
+    /// The host has what is to be kept of the control: nothing has changed since.
+    virtual void SetClean() noexcept = 0;
+
+    /// The host is about to activate the control. One that it has neither initialised nor loaded
+    /// starts as a new one. Throws HresultError.
+    virtual void StartIfNeeded() = 0;
 
     // The window of the class.
     /// Makes the window, hidden, at a position in the parent, in pixels. Throws.

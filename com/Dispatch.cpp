@@ -5,6 +5,8 @@
 #include <oleauto.h>
 #include <olectl.h>
 
+#include <algorithm>
+
 #include "com/DispatchArguments.h"
 #include "com/ExceptionInfo.h"
 #include "com/Scoped.h"
@@ -77,6 +79,14 @@ HRESULT InvokeOnValue(const TypeDescription& type, IDispatch* target, const Disp
 }
 
 } // namespace
+
+void RequireNames(const LPOLESTR* names, UINT count, const DISPID* ids) {
+    const bool areThere = names && ids && count > 0 &&
+                          std::all_of(names, names + count, [](LPOLESTR name) { return name; });
+    if (!areThere) {
+        throw HresultError(E_INVALIDARG);
+    }
+}
 
 void FillException(HRESULT result, EXCEPINFO* exception) noexcept {
     if (!exception) {

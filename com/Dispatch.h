@@ -40,6 +40,10 @@ HRESULT InvokeMember(const TypeDescription& type, IDispatch* target, const Dispa
 /// is taken from the thread. Nothing happens for a null `exception`.
 void FillException(HRESULT result, EXCEPINFO* exception) noexcept;
 
+/// Throws HresultError(E_INVALIDARG) where the names to look up, one of them, or the place for
+/// their ids is not there: the type information follows them unseen.
+void RequireNames(const LPOLESTR* names, UINT count, const DISPID* ids);
+
 /// IDispatch over the dual interface I, described by the embedded type library unless another
 /// source is given. The class derived from it implements the members of I.
 template <class I, auto Describe = DescribeEmbeddedType>
@@ -63,7 +67,10 @@ class DualDispatch : public I {
 
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
                                DISPID* ids) noexcept override {
-        return Guard<I>([&] { return Description()->Info->GetIDsOfNames(names, count, ids); });
+        return Guard<I>([&] {
+            RequireNames(names, count, ids);
+            return Description()->Info->GetIDsOfNames(names, count, ids);
+        });
     }
 
     STDMETHODIMP Invoke(DISPID member, REFIID, LCID locale, WORD flags, DISPPARAMS* arguments,

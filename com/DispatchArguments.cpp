@@ -205,6 +205,10 @@ void DispatchArguments::Fit(std::size_t index, const DispatchParameter& paramete
     if (!IsReference(parameter.Type)) {
         value = VARIANT(Dereference(value));
         RequireInterface(ObjectIn(value), parameter.Interface);
+        if (IsConvertible(parameter.Type) && ObjectIn(value)) {
+            // Left to the type information, an object that is its own default would never end.
+            value = defaults_.emplace_back(ChangeType(value, parameter.Type)).Get();
+        }
         return;
     }
     const auto type = static_cast<VARTYPE>(parameter.Type & ~VT_BYREF);

@@ -59,6 +59,8 @@ class DispatchArguments {
     DISPPARAMS parameters_;
     std::vector<VARIANT> values_;
     UINT dropped_ = 0;
+    /// What objects among the arguments stand for.
+    std::vector<Variant> defaults_;
     std::vector<Stand> stands_;
 };
 

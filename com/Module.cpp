@@ -8,6 +8,8 @@
 
 #include "com/ErrorBoundary.h"
 #include "com/Scoped.h"
+#include "win/Handle.h"
+#include "win/SlimLock.h"
 
 namespace Quorvane::Com {
 namespace {
@@ -19,9 +21,30 @@ std::atomic<LONG>& LockCount() {
 
 /// Which thread the instances live on, and how many they are.
 struct InstanceThread {
-    std::mutex Guard;
-    DWORD Thread = 0;
+    Win::SlimLock Guard;
+    DWORD Id = 0;
+    /// Tells of the thread's end: its id may by then be that of another thread.
+    Win::KernelObject Thread;
     LONG Instances = 0;
+    std::uint32_t Era = 1;
+
+    bool HasEnded() const noexcept {
+        return Thread && ::WaitForSingleObject(Thread.Get(), 0) == WAIT_OBJECT_0;
+    }
+
+    /// Leaves what an ended thread has not released where it is, for good.
+    void GiveUp() {
+        if (const auto giveUpState = DescribeModule().GiveUpState) {
+            giveUpState();
+        }
+        Instances = 0;
+        ++Era;
+    }
+
+    void Choose(DWORD thread) noexcept {
+        Id = thread;
+        Thread = Win::KernelObject(::OpenThread(SYNCHRONIZE, FALSE, thread));
+    }
 };
 
 InstanceThread& Instances() {
@@ -75,32 +98,44 @@ InstanceClaim InstanceClaim::ForThisThread() {
     InstanceThread& instances = Instances();
     const std::lock_guard guard(instances.Guard);
     const DWORD thread = ::GetCurrentThreadId();
-    if (instances.Instances > 0 && instances.Thread != thread) {
+    if (instances.Instances > 0 && instances.HasEnded()) {
+        instances.GiveUp();
+    }
+    if (instances.Instances > 0 && instances.Id != thread) {
         throw HresultError(RPC_E_WRONG_THREAD,
                            u"Instances of this component live on another thread; all instances of "
                            u"a process must be created on one thread.");
     }
-    instances.Thread = thread;
+    if (instances.Instances == 0) {
+        instances.Choose(thread);
+    }
     ++instances.Instances;
     InstanceClaim claim;
-    claim.held_ = true;
+    claim.era_ = instances.Era;
     return claim;
 }
 
-InstanceClaim::InstanceClaim(InstanceClaim&& other) noexcept
-    : held_(std::exchange(other.held_, false)) {}
+InstanceClaim::InstanceClaim(InstanceClaim&& other) noexcept : era_(std::exchange(other.era_, 0)) {}
 
 InstanceClaim& InstanceClaim::operator=(InstanceClaim&& other) noexcept {
-    std::swap(held_, other.held_);
+    std::swap(era_, other.era_);
     return *this;
 }
 
 InstanceClaim::~InstanceClaim() {
-    if (held_) {
+    if (era_ != 0) {
         InstanceThread& instances = Instances();
         const std::lock_guard guard(instances.Guard);
-        --instances.Instances;
+        if (era_ == instances.Era) {
+            --instances.Instances;
+        }
     }
+}
+
+bool InstanceClaim::IsHeld() const noexcept {
+    InstanceThread& instances = Instances();
+    const std::lock_guard guard(instances.Guard);
+    return era_ == instances.Era;
 }
 
 } // namespace Quorvane::Com

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <span>
 
 #include "com/ClassTable.h"
@@ -21,6 +22,10 @@ struct ModuleDescription {
     LCID Locale;
     /// Whether the module holds state that must not be lost by unloading it; may be null.
     bool (*HoldsState)() noexcept;
+    /// Called when the thread of the instances has ended without releasing them: parts from what
+    /// they shared without calling or releasing any object in it. May be null; throws
+    /// std::bad_alloc, and then has done nothing.
+    void (*GiveUpState)();
 };
 
 const ModuleDescription& DescribeModule() noexcept;
@@ -47,14 +52,15 @@ void LockModule(bool lock) noexcept;
 LONG ModuleLockCount() noexcept;
 
 /// The claim of an instance that a host created to the one thread that instances may live on. The
-/// first instance chooses the thread, the last one to go frees the choice.
+/// first instance chooses the thread, the last one to go frees the choice. A thread that has ended
+/// frees it as well: its instances, which nobody may call any more, are given up.
 class InstanceClaim {
   public:
     /// No claim at all.
     InstanceClaim() noexcept = default;
 
     /// A claim for the current thread. Throws HresultError(RPC_E_WRONG_THREAD) with a description
-    /// while instances live on another thread.
+    /// while instances live on another living thread.
     static InstanceClaim ForThisThread();
 
     InstanceClaim(const InstanceClaim&) = delete;
@@ -63,10 +69,12 @@ class InstanceClaim {
     InstanceClaim& operator=(InstanceClaim&& other) noexcept;
     ~InstanceClaim();
 
-    bool IsHeld() const noexcept { return held_; }
+    /// False for no claim and for one that was given up with its thread.
+    bool IsHeld() const noexcept;
 
   private:
-    bool held_ = false;
+    /// Counts the threads that instances have lived on, from 1; 0 for no claim.
+    std::uint32_t era_ = 0;
 };
 
 } // namespace Quorvane::Com

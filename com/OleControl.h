@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <ocidl.h>
+#include <olectl.h>
 
 #include "com/ComObject.h"
 #include "com/ControlCore.h"
@@ -30,6 +31,9 @@ class OleControl : public IOleControl, protected ControlMixin {
     STDMETHODIMP OnAmbientPropertyChange(DISPID property) noexcept override {
         return Guard<IOleControl>([&] {
             const auto alive = Core().SelfReference();
+            if (property == DISPID_AMBIENT_UIDEAD || property == DISPID_UNKNOWN) {
+                Core().InPlace().FollowUIDead();
+            }
             Core().AmbientChanged(property);
         });
     }

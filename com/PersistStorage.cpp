@@ -40,11 +40,17 @@ STDMETHODIMP PersistStorage::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
         ComPtr<IStream> stream;
         Check(storage->CreateStream(StreamName, STGM_CREATE | STGM_WRITE | Exclusive, 0, 0,
                                     stream.Put()));
-        return Core().StreamForm().Save(stream.Get(), sameAsLoad);
+        Check(Core().StreamForm().Save(stream.Get(), sameAsLoad));
+        isSavedElsewhere_ = !sameAsLoad;
     });
 }
 
-STDMETHODIMP PersistStorage::SaveCompleted(IStorage*) noexcept {
+STDMETHODIMP PersistStorage::SaveCompleted(IStorage* storage) noexcept {
+    // A new storage is the control's from here on; without one a copy was saved.
+    if (storage && isSavedElsewhere_) {
+        Core().SetClean();
+    }
+    isSavedElsewhere_ = false;
     Core().Sinks().Saved();
     return S_OK;
 }

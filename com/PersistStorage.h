@@ -24,6 +24,10 @@ class PersistStorage : public IPersistStorage, protected ControlMixin {
     STDMETHODIMP Save(IStorage* storage, BOOL sameAsLoad) noexcept override;
     STDMETHODIMP SaveCompleted(IStorage* storage) noexcept override;
     STDMETHODIMP HandsOffStorage() noexcept override;
+
+  private:
+    /// Saved to a storage that may become the control's own, or may be a mere copy.
+    bool isSavedElsewhere_ = false;
 };
 
 } // namespace Quorvane::Com

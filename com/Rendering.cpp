@@ -2,6 +2,8 @@
 // Pictures of a control.
 #include "com/Rendering.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "com/ErrorBoundary.h"
@@ -14,6 +16,17 @@ namespace {
 bool IsRecording(HDC context) noexcept {
     const DWORD type = ::GetObjectType(context);
     return type == OBJ_METADC || type == OBJ_ENHMETADC;
+}
+
+/// How far from the origin a surface takes coordinates. What lies beyond is never seen, and moved
+/// here it does no harm: sums and differences of coordinates stay numbers.
+constexpr LONG Farthest = 1 << 27;
+
+void BringNear(RECT& rectangle) noexcept {
+    for (LONG* const edge :
+         {&rectangle.left, &rectangle.top, &rectangle.right, &rectangle.bottom}) {
+        *edge = std::clamp(*edge, -Farthest, Farthest);
+    }
 }
 
 void Normalise(RECT& rectangle) noexcept {
@@ -48,14 +61,23 @@ void ThrowIfNull(const void* handle) {
     }
 }
 
-/// A metafile in HIMETRIC, with its size, in movable memory.
+/// The units that a metafile of 16-bit coordinates is recorded in: HIMETRIC, unless the picture is
+/// too large for that.
+SIZE MetaFileUnits(const SIZEL& extent) noexcept {
+    constexpr LONG Most = std::numeric_limits<SHORT>::max();
+    const LONG larger = std::max({extent.cx, extent.cy, Most});
+    return {::MulDiv(extent.cx, Most, larger), ::MulDiv(extent.cy, Most, larger)};
+}
+
+/// A metafile with its size in HIMETRIC, in movable memory.
 HGLOBAL RecordMetaFilePict(ControlCore& core) {
     const SIZEL& extent = core.Extent();
     Win::MemoryDc recorder(::CreateMetaFileW(nullptr));
     ThrowIfNull(recorder.Get());
     ::SetWindowOrgEx(recorder.Get(), 0, 0, nullptr);
-    ::SetWindowExtEx(recorder.Get(), extent.cx, extent.cy, nullptr);
-    DrawIn(core, recorder.Get(), {0, 0, extent.cx, extent.cy});
+    const SIZE units = MetaFileUnits(extent);
+    ::SetWindowExtEx(recorder.Get(), units.cx, units.cy, nullptr);
+    DrawIn(core, recorder.Get(), {0, 0, units.cx, units.cy});
     Win::MetaFile file(::CloseMetaFile(recorder.Detach()));
     Win::GlobalMemory memory(::GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT)));
     ThrowIfNull(file.Get());
@@ -108,6 +130,7 @@ void DrawIn(ControlCore& core, HDC context, RECT bounds) {
     // A metafile has no pixels: its units are recorded as they are.
     RECT area = IsRecording(context) ? bounds : UsePixels(context, bounds);
     Normalise(area);
+    BringNear(area);
     core.Draw(context, area);
 }
 

@@ -24,16 +24,47 @@ Variant::Variant(const VARIANT& value) : Variant() {
     Check(::VariantCopy(&value_, const_cast<VARIANT*>(&value)));
 }
 
+HRESULT FollowDefaults(Variant& value) noexcept {
+    constexpr int LongestChain = 16;
+    for (int step = 0; HasDefault(value.Type()); ++step) {
+        const ComPtr<IDispatch> object(value.Get().pdispVal);
+        if (!object || step == LongestChain) {
+            return DISP_E_TYPEMISMATCH;
+        }
+        DISPPARAMS none{};
+        const HRESULT result = object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
+                                              DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
+                                              value.Put(), nullptr, nullptr);
+        if (FAILED(result)) {
+            return result;
+        }
+        if ((value.Type() & VT_BYREF) != 0) {
+            // No object may refer to a variable in its answer: it could be the object once more.
+            return DISP_E_TYPEMISMATCH;
+        }
+    }
+    return S_OK;
+}
+
 Variant ChangeType(const VARIANT& value, VARTYPE type) {
     return ChangeType(value, type, LOCALE_USER_DEFAULT, 0);
 }
 
 Variant ChangeType(const VARIANT& value, VARTYPE type, LCID locale, USHORT flags) {
-    Variant result;
     // The platform does not follow a by-reference variant in every conversion; follow it here.
-    auto& source = const_cast<VARIANT&>(Dereference(value));
-    RefuseNullReference(source);
-    Check(::VariantChangeTypeEx(result.Put(), &source, locale, flags, type));
+    const VARIANT& given = Dereference(value);
+    RefuseNullReference(given);
+    Variant followed;
+    auto* source = const_cast<VARIANT*>(&given);
+    if (HasDefault(static_cast<VARTYPE>(given.vt & ~VT_BYREF))) {
+        followed = WithoutReference(given);
+        if (FAILED(FollowDefaults(followed))) {
+            throw HresultError(DISP_E_TYPEMISMATCH);
+        }
+        source = &followed.Get();
+    }
+    Variant result;
+    Check(::VariantChangeTypeEx(result.Put(), source, locale, flags, type));
     return result;
 }
 

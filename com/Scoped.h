@@ -141,6 +141,17 @@ class Variant {
     VARIANT value_{};
 };
 
+/// Whether a type is that of an object, which stands for its default property.
+constexpr bool HasDefault(VARTYPE type) noexcept {
+    return type == VT_DISPATCH;
+}
+
+/// Replaces an object by its default property, and that of the object which this may be, until the
+/// value is no object. Returns the failure of an object that has none, and DISP_E_TYPEMISMATCH for
+/// a chain that does not end, as of an object that is its own default: the platform's conversions
+/// would follow it for ever.
+HRESULT FollowDefaults(Variant& value) noexcept;
+
 /// The value as another type, by the platform's conversion in the user's locale. Objects give
 /// their default property. Throws HresultError, DISP_E_TYPEMISMATCH for one that does not convert.
 Variant ChangeType(const VARIANT& value, VARTYPE type);

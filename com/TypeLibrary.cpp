@@ -10,6 +10,7 @@
 #include "com/ErrorBoundary.h"
 #include "com/Module.h"
 #include "com/Scoped.h"
+#include "win/SlimLock.h"
 
 namespace Quorvane::Com {
 namespace {
@@ -123,7 +124,7 @@ struct DescriptionCache {
         std::weak_ptr<const TypeDescription> Description;
     };
 
-    std::mutex Guard;
+    Win::SlimLock Guard;
     std::vector<Entry> Entries;
 };
 

@@ -49,6 +49,7 @@ HRESULT ShowPropertyPages(ControlCore& core, HWND parent) {
     HWND const owner = parent ? parent : core.Site().Window();
     IUnknown* objects[] = {core.Unknown()};
     const Text caption(traits.UserType);
+    const ModelessPause pause(core.InPlace());
     // The platform's declaration lacks const.
     auto* const pages = const_cast<CLSID*>(traits.PropertyPages.data());
     return ::OleCreatePropertyFrame(owner, 0, 0, Wide(caption), 1, objects,

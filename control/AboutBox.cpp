@@ -16,6 +16,7 @@ constexpr TextView ComponentName = u"QuorvaneAxEditor";
 STDMETHODIMP FISControl::ShowAboutBox() noexcept {
     return Com::Guard<_FISControl>([&] {
         const Com::KeepAlive alive(this);
+        const Com::ModelessPause pause(InPlace());
         Win::ShowMessage(Site().Window(), Main::GetText(TextIds::About), Text(ComponentName),
                          MB_OK | MB_ICONINFORMATION);
     });

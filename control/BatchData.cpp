@@ -73,7 +73,6 @@ class BatchRun final : public RunTime::GridVisitor {
         }
         // Held, as a host's dictionary may run code that assigns another one.
         const auto values = current;
-        const DefaultArithmetic::Pause pause(arithmetic_);
         Definition::Require(values).Put(inputs_.Names()[axis], value);
     }
 
@@ -91,7 +90,7 @@ class BatchRun final : public RunTime::GridVisitor {
   private:
     /// A cycle has arithmetic of its own; handlers of its event have the host's.
     void FireAsHost() {
-        const DefaultArithmetic::Pause pause(arithmetic_);
+        const DefaultArithmetic::Pause pause;
         Com::Check(control_.Fire());
     }
 
@@ -126,6 +125,7 @@ STDMETHODIMP FISControl::BatchData(BSTR* path, LONG* part) noexcept {
             BatchRun(*this, FolderOf(givenPath)).Run(givenPart > 0 ? givenPart : DefaultDivisions);
         } catch (...) {
             // Whatever failed, the host is not told by an error but the person by this message.
+            const Com::ModelessPause pause(InPlace());
             Win::ShowMessage(Site().Window(), Main::GetText(TextIds::InvalidEvaluation),
                              Main::GetText(TextIds::Controller), MB_OK | MB_ICONERROR);
         }

@@ -2,8 +2,10 @@
 // A text file of the batch.
 #include "control/BatchFile.h"
 
+#include <olectl.h>
+
 #include "com/ErrorBoundary.h"
-#include "com/Scoped.h"
+#include "win/WideText.h"
 
 namespace Quorvane {
 namespace {
@@ -20,7 +22,11 @@ void DeleteExisting(const wchar_t* path) {
     }
 }
 
-HANDLE Replace(const wchar_t* path) {
+HANDLE Replace(const Text& name) {
+    if (!Win::IsWholeWide(name)) {
+        throw Com::HresultError(CTL_E_BADFILENAMEORNUMBER);
+    }
+    const wchar_t* const path = Win::Wide(name);
     DeleteExisting(path);
     HANDLE const file = ::CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -32,7 +38,7 @@ HANDLE Replace(const wchar_t* path) {
 
 } // namespace
 
-BatchFile::BatchFile(const Text& path) : file_(Replace(Com::Wide(path))) {
+BatchFile::BatchFile(const Text& path) : file_(Replace(path)) {
     buffer_.reserve(BufferSize);
 }
 

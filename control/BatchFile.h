@@ -15,7 +15,8 @@ namespace Quorvane {
 /// A text file that is written from its beginning to its end through a buffer of constant size.
 class BatchFile {
   public:
-    /// Makes the file anew; one that exists is deleted first. Throws Com::HresultError.
+    /// Makes the file anew; one that exists is deleted first. Throws Com::HresultError, with the
+    /// number of a bad file name where the path has a zero character.
     explicit BatchFile(const Text& path);
 
     /// Closes the file. What could not be written by then is lost without a word: see Flush.

@@ -18,6 +18,7 @@
 #include "com/OleControl.h"
 #include "com/OleObject.h"
 #include "com/PersistStorage.h"
+#include "com/PropertyBrowsing.h"
 #include "com/PropertyPages.h"
 #include "com/QuickActivation.h"
 #include "com/RunnableObject.h"
@@ -39,7 +40,7 @@ class FISControl final
                             Com::OleObject, Com::OleControl, Com::InPlaceObject,
                             Com::InPlaceActiveObject, Com::ViewObject, Com::DataObject,
                             Com::PersistStorage, Com::QuickActivation, Com::RunnableObject,
-                            Com::PropertyPages, Com::ObjectSafety>,
+                            Com::PropertyPages, Com::PropertyBrowsing, Com::ObjectSafety>,
       private Com::ControlCore,
       private DisplayOwner {
   public:
@@ -113,6 +114,8 @@ class FISControl final
     const Com::ControlTraits& Traits() const noexcept override;
     IUnknown* Unknown() noexcept override { return ControllingUnknown(); }
     IPersistStreamInit& StreamForm() noexcept override { return *this; }
+    void SetClean() noexcept override { isDirty_ = false; }
+    void StartIfNeeded() override;
     void OpenWindow(HWND parent, const RECT& position) override;
     void CloseWindow() noexcept override;
     HWND Window() const noexcept override { return display_.Surface(); }
@@ -144,6 +147,10 @@ class FISControl final
     /// The font of the form, or that of the user's dialogs where the host offers none.
     Com::ComPtr<IFontDisp> AmbientFont() const;
 
+    /// Lays out for the extent where there is no window: a window has the size that the host gives
+    /// it.
+    void FitToExtent() noexcept;
+
     void AmbientLocaleChanged();
     void AmbientBackColorChanged();
 
@@ -171,6 +178,8 @@ class FISControl final
     Com::ComPtr<IDictionary> outVals_;
     bool dataShow_ = false;
     bool isDirty_ = false;
+    /// Whether a host has initialised or loaded the control, or tried to.
+    bool isStarted_ = false;
 };
 
 } // namespace Quorvane

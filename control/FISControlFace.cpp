@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <iterator>
 
+#include "control/DispatchIds.h"
 #include "control/FISControl.h"
 #include "control/HelpFile.h"
 #include "control/display/DisplayPainter.h"
 #include "control/display/DisplayWindow.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/Definition.h"
 #include "win/Dpi.h"
 #include "win/HelpViewer.h"
@@ -20,6 +22,21 @@ constexpr CLSID PropertyPageClasses[] = {
     __uuidof(::FIS_IO),
     {0x0BE35200, 0x8F91, 0x11CE, {0x9D, 0xE3, 0x00, 0xAA, 0x00, 0x4B, 0xB8, 0x51}},
     {0x0BE35201, 0x8F91, 0x11CE, {0x9D, 0xE3, 0x00, 0xAA, 0x00, 0x4B, 0xB8, 0x51}},
+};
+constexpr const CLSID* SystemPage = &PropertyPageClasses[0];
+constexpr const CLSID* FontPage = &PropertyPageClasses[1];
+constexpr const CLSID* ColorPage = &PropertyPageClasses[2];
+
+/// The properties that a form keeps. Those of the run time are of no use to a browser.
+constexpr Com::BrowsedProperty BrowsedProperties[] = {
+    {DISPID_CAPTION, Com::AppearanceCategory, nullptr},
+    {DISPID_ENABLED, Com::BehaviorCategory, nullptr},
+    {DISPID_FONT, Com::FontCategory, FontPage},
+    {DISPID_BACKCOLOR, Com::AppearanceCategory, ColorPage},
+    {DISPID_FORECOLOR, Com::AppearanceCategory, ColorPage},
+    {DispatchIds::Inputs, Com::DataCategory, SystemPage},
+    {DispatchIds::Outputs, Com::DataCategory, SystemPage},
+    {DispatchIds::Rules, Com::DataCategory, SystemPage},
 };
 
 /// Keys that move in a list, which a host would use to move between its controls.
@@ -36,6 +53,7 @@ const Com::ControlTraits& FISControl::Traits() const noexcept {
         .PropertiesVerb = u"&Properties...",
         .MiscStatus = MiscStatus,
         .PropertyPages = PropertyPageClasses,
+        .Properties = BrowsedProperties,
     };
     return traits;
 }
@@ -74,7 +92,11 @@ void FISControl::Draw(HDC context, const RECT& bounds) {
 }
 
 void FISControl::ExtentChanged() {
-    // A window has the size that the host gives it.
+    isDirty_ = true;
+    FitToExtent();
+}
+
+void FISControl::FitToExtent() noexcept {
     if (!display_.Surface()) {
         display_.Resize(Win::TwipsOfHimetric(Extent().cx), Win::TwipsOfHimetric(Extent().cy));
     }
@@ -85,7 +107,7 @@ void FISControl::ShowStarted() noexcept {
         // Some hosts load a control that they have activated.
         display_.ShowFonts();
     } else {
-        ExtentChanged();
+        FitToExtent();
     }
     ShowAppearance();
 }
@@ -119,12 +141,14 @@ void FISControl::ShowAppearance() noexcept {
 
 void FISControl::TellIfWindowless() noexcept {
     if (!display_.Surface()) {
+        const DefaultArithmetic::Pause pause;
         ViewChanged();
     }
 }
 
 void FISControl::FillVariableLists() {
     display_.FillVariableLists();
+    const DefaultArithmetic::Pause pause;
     ViewChanged();
 }
 

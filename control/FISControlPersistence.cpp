@@ -14,6 +14,30 @@
 #include "text/TextIds.h"
 
 namespace Quorvane {
+namespace {
+
+/// Where a stream keeps the extent, beside the properties. A host that keeps a bag keeps the extent
+/// itself.
+constexpr TextView ExtentX = u"_ExtentX";
+constexpr TextView ExtentY = u"_ExtentY";
+
+LONG ReadLength(const StreamPropertyBag& bag, TextView name, LONG byDefault) {
+    const auto* const length = bag.Find(name);
+    if (!length) {
+        return byDefault;
+    }
+    if (length->Type() != VT_I4 || length->Get().lVal < 0) {
+        throw Com::HresultError(STG_E_DOCFILECORRUPT);
+    }
+    return length->Get().lVal;
+}
+
+/// The extent that a stream keeps. Streams of former versions have none: then it is that of now.
+SIZEL ReadExtent(const StreamPropertyBag& bag, const SIZEL& now) {
+    return {ReadLength(bag, ExtentX, now.cx), ReadLength(bag, ExtentY, now.cy)};
+}
+
+} // namespace
 
 /// Shows the control as a start leaves it, whether or not the start succeeds: what was set before a
 /// failure stays, on the screen as elsewhere.
@@ -34,7 +58,6 @@ Com::ComPtr<IFontDisp> FISControl::AmbientFont() const {
 }
 
 void FISControl::InitProperties() {
-    const DefaultArithmetic arithmetic;
     Definition::ProcessState& state = Definition::State();
     display_.lblCaption.Caption = Main::GetText(TextIds::InferenceSystem);
     display_.lvwInput.Font.Set(AmbientFont());
@@ -44,22 +67,23 @@ void FISControl::InitProperties() {
     state.InputsText = Main::BuiltInInputs();
     state.OutputsText = Main::BuiltInOutputs();
     state.RulesText = Main::BuiltInRules();
+    const DefaultArithmetic arithmetic;
     Main::ParseDefinition();
     FillVariableLists();
 }
 
 // A failure ends the load where it stands: what was read before it stays, and the next load works.
 void FISControl::ReadProperties(IPropertyBag& bag, IErrorLog* log) {
-    const DefaultArithmetic arithmetic;
     const PropertyReader reader(bag, log);
+    const auto ambientFont = [this] { return AmbientFont(); };
     ListFace& input = display_.lvwInput;
     ListFace& output = display_.lvwOutput;
     display_.lblCaption.Caption =
         reader.ReadText(L"Caption", Main::GetText(TextIds::InferenceSystem));
-    input.Font.Set(reader.ReadFont(L"Font", AmbientFont()));
+    input.Font.Set(reader.ReadFont(L"Font", ambientFont));
     input.BackColor = reader.ReadColor(L"BackColor", DefaultBackColor);
     input.ForeColor = reader.ReadColor(L"ForeColor", DefaultForeColor);
-    output.Font.Set(reader.ReadFont(L"Font", AmbientFont()));
+    output.Font.Set(reader.ReadFont(L"Font", ambientFont));
     output.BackColor = reader.ReadColor(L"BackColor", DefaultBackColor);
     output.ForeColor = reader.ReadColor(L"ForeColor", DefaultForeColor);
     // Only the input list: a form saved as disabled shows a readable caption and outputs.
@@ -73,6 +97,7 @@ void FISControl::ReadProperties(IPropertyBag& bag, IErrorLog* log) {
     state.InputsText = reader.ReadText(L"Inputs", Text(Main::BuiltInInputs()));
     state.OutputsText = reader.ReadText(L"Outputs", Text(Main::BuiltInOutputs()));
     state.RulesText = reader.ReadText(L"Rules", Text(Main::BuiltInRules()));
+    const DefaultArithmetic arithmetic;
     Main::ParseDefinition();
     FillVariableLists();
     if (runMode) {
@@ -107,15 +132,24 @@ STDMETHODIMP FISControl::InitNew() noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
         const ShowAtEnd shown(*this);
+        isStarted_ = true;
         InitProperties();
-        isDirty_ = false;
+        // Nothing holds the control yet: a host that saves what has changed has to save it.
+        isDirty_ = true;
     });
+}
+
+void FISControl::StartIfNeeded() {
+    if (!isStarted_) {
+        Com::Check(InitNew());
+    }
 }
 
 STDMETHODIMP FISControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistPropertyBag>([&] {
         const ShowAtEnd shown(*this);
+        isStarted_ = true;
         ReadProperties(Com::In(bag), log);
         isDirty_ = false;
     });
@@ -133,7 +167,10 @@ STDMETHODIMP FISControl::Load(IStream* stream) noexcept {
     const Com::KeepAlive alive(this);
     return Com::Guard<IPersistStreamInit>([&] {
         const auto bag = StreamPropertyBag::ReadFrom(Com::In(stream));
+        const SIZEL extent = ReadExtent(*bag, Extent());
         const ShowAtEnd shown(*this);
+        isStarted_ = true;
+        Core().SetExtent(extent);
         ReadProperties(*bag, nullptr);
         isDirty_ = false;
     });
@@ -144,6 +181,8 @@ STDMETHODIMP FISControl::Save(IStream* stream, BOOL clearDirty) noexcept {
     return Com::Guard<IPersistStreamInit>([&] {
         const auto bag = Com::MakeObject<StreamPropertyBag>();
         WriteProperties(*bag, false);
+        bag->Set(ExtentX, Com::Variant(Extent().cx));
+        bag->Set(ExtentY, Com::Variant(Extent().cy));
         bag->WriteTo(Com::In(stream));
         isDirty_ = isDirty_ && !clearDirty;
     });

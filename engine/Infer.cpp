@@ -25,13 +25,16 @@ double Finite(double result) {
 /// registers for it.
 [[gnu::noinline]] void PutOutput(RulesInUse& rules, std::uint32_t index, Value value) {
     rules.Keep();
-    const UsedOutput& output = rules->UsedOutputs[index];
+    UsedOutput& output = rules->UsedOutputs[index];
     const bool isThere = output.Current != nullptr;
+    const bool isCurrent = rules->Binding.IsCurrent();
     const std::shared_ptr<OwnValueDictionary> values = Definition::State().OutputValues;
     Definition::Require(values).Put(output.Name, std::move(value));
-    // One that is added runs no code and moves no other: thousands of them need no look each.
-    if (isThere) {
+    if (isThere || !isCurrent) {
         rules.Refresh();
+    } else {
+        // One that is added runs no code and moves no other: thousands of them need no look each.
+        rules->Binding.BindAdded(output);
     }
 }
 

@@ -45,9 +45,12 @@ inline bool CanBePaired(const TrapezoidPoints& points) {
            std::isfinite(points[3] - points[2]);
 }
 
-/// The value itself in the universe, and infinity, which is beyond all points, outside.
+/// The value itself in the universe, and infinity, which is beyond all points, outside: below the
+/// lower bound or above the upper one, or where it is not a number. A bound that is not a number,
+/// as only code can set one, bounds nothing: no value is below or above it.
 inline double InUniverse(double x, double upper, double lower) {
-    return x >= lower && x <= upper ? x : std::numeric_limits<double>::infinity();
+    const bool isOutside = x < lower || x > upper || std::isnan(x);
+    return isOutside ? std::numeric_limits<double>::infinity() : x;
 }
 
 /// Two trapezoids that can be paired, as their flanks.

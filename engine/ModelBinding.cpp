@@ -52,4 +52,9 @@ void ModelBinding::Bind(RuleTables& tables) {
     }
 }
 
+void ModelBinding::BindAdded(UsedOutput& output) {
+    output.Current = FindItem(Definition::State().OutputValues.get(), output.Name);
+    stamp_ = ChangeStamp::Current();
+}
+
 } // namespace Quorvane::RunTime

@@ -17,14 +17,22 @@ class ModelBinding {
     /// Looks all names of the tables up again unless nothing has changed since. The tables are the
     /// same every time.
     void Refresh(RuleTables& tables) {
-        // A dictionary that ends changes the stamp, so an address that is the same is the same one.
-        const Definition::ProcessState& state = Definition::State();
-        if (stamp_ != ChangeStamp::Current() || inputValues_ != state.InputValues.get() ||
-            outputValues_ != state.OutputValues.get() ||
-            defaults_ != state.DefaultOutputValues.get()) {
+        if (!IsCurrent()) {
             Bind(tables);
         }
     }
+
+    /// Whether nothing has changed since the names were looked up.
+    bool IsCurrent() const noexcept {
+        // A dictionary that ends changes the stamp, so an address that is the same is the same one.
+        const Definition::ProcessState& state = Definition::State();
+        return stamp_ == ChangeStamp::Current() && inputValues_ == state.InputValues.get() &&
+               outputValues_ == state.OutputValues.get() &&
+               defaults_ == state.DefaultOutputValues.get();
+    }
+
+    /// Looks up the one output that has been added to a system to which the binding was current.
+    void BindAdded(UsedOutput& output);
 
   private:
     void Bind(RuleTables& tables);

@@ -14,8 +14,7 @@ namespace {
 /// Codes below this are the same in every ANSI code page.
 constexpr char16_t AsciiEnd = 0x80;
 
-Text Encode(TextView text) {
-    const TextServices& platform = PlatformText();
+Text Encode(TextView text, const TextServices& platform) {
     Text stored;
     stored.reserve(2 * text.size());
     for (const char16_t character : text) {
@@ -49,8 +48,7 @@ std::uint8_t HexDigit(char16_t digit) {
     return value;
 }
 
-Text Decode(TextView stored) {
-    const TextServices& platform = PlatformText();
+Text Decode(TextView stored, const TextServices& platform) {
     Text text((stored.size() + 1) / 2, u'\0');
     for (std::size_t i = 0; i < stored.size(); i += 2) {
         const unsigned high = i + 1 < stored.size() ? HexDigit(stored[i + 1]) : 0U;
@@ -63,7 +61,11 @@ Text Decode(TextView stored) {
 } // namespace
 
 Text TransformText(TextView text, bool encode) {
-    return encode ? Encode(text) : Decode(text);
+    return TransformText(text, encode, PlatformText());
+}
+
+Text TransformText(TextView text, bool encode, const TextServices& services) {
+    return encode ? Encode(text, services) : Decode(text, services);
 }
 
 } // namespace Quorvane::Main

@@ -2,7 +2,7 @@
 // The codec between plain definition text and the stored form that hosts persist.
 #pragma once
 
-#include "shared/Text.h"
+#include "shared/TextServices.h"
 
 namespace Quorvane::Main {
 
@@ -16,5 +16,8 @@ namespace Quorvane::Main {
 /// Text of printable ASCII decodes back to itself. Characters that do not take exactly two digits
 /// (codes below 0x10, double-byte characters) do not.
 Text TransformText(TextView text, bool encode);
+
+/// The same with a code page other than that of the process.
+Text TransformText(TextView text, bool encode, const TextServices& services);
 
 } // namespace Quorvane::Main

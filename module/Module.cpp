@@ -60,6 +60,7 @@ const ModuleDescription& DescribeModule() noexcept {
         .Locale = 0x409,
         // Unloading would lose the fuzzy system that all controls of the process share.
         .HoldsState = []() noexcept { return Definition::IsHeld(); },
+        .GiveUpState = Definition::GiveUp,
     };
     return description;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 
 #if defined(__x86_64__) || defined(__i386__)
 #include <xmmintrin.h>
@@ -17,27 +18,44 @@ namespace Quorvane {
 /// The 32-bit standard library computes on the x87 unit, which then rounds to Doubles as well.
 class DefaultArithmetic {
   public:
-    DefaultArithmetic() noexcept : host_(Choice::Current()) { Choice().Set(); }
-    ~DefaultArithmetic() { host_.Set(); }
+    DefaultArithmetic() noexcept
+        : outer_(std::exchange(innermost_, this)),
+          host_(outer_ ? outer_->host_ : Choice::Current()) {
+        Choice().Set();
+    }
+    ~DefaultArithmetic() {
+        innermost_ = outer_;
+        if (outer_) {
+            outer_->host_ = host_;
+        } else {
+            host_.Set();
+        }
+    }
     DefaultArithmetic(const DefaultArithmetic&) = delete;
     DefaultArithmetic& operator=(const DefaultArithmetic&) = delete;
 
-    /// While it lives, the thread computes as the host has chosen: for calls of the host's code in
-    /// the middle of work of ours. Another choice that the host makes meanwhile is kept.
+    /// While it lives, the thread computes as the host has chosen: for every call of the host's
+    /// code in the middle of work of ours. Another choice that the host makes meanwhile is kept.
+    /// Nothing happens where no work of ours is going on.
     class Pause {
       public:
-        explicit Pause(DefaultArithmetic& paused) noexcept : paused_(paused) {
-            paused_.host_.Set();
+        Pause() noexcept : paused_(std::exchange(innermost_, nullptr)) {
+            if (paused_) {
+                paused_->host_.Set();
+            }
         }
         ~Pause() {
-            paused_.host_ = Choice::Current();
-            Choice().Set();
+            if (paused_) {
+                paused_->host_ = Choice::Current();
+                innermost_ = paused_;
+                Choice().Set();
+            }
         }
         Pause(const Pause&) = delete;
         Pause& operator=(const Pause&) = delete;
 
       private:
-        DefaultArithmetic& paused_;
+        DefaultArithmetic* paused_;
     };
 
   private:
@@ -74,6 +92,12 @@ class DefaultArithmetic {
 #endif
     };
 
+    /// What code of ours is at work on the one thread of the controls; null for none, and while the
+    /// host's code runs.
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one thread, one state
+    static inline DefaultArithmetic* innermost_ = nullptr;
+
+    DefaultArithmetic* outer_;
     Choice host_;
 };
 

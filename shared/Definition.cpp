@@ -2,6 +2,9 @@
 // The one copy of the process-wide state.
 #include "shared/Definition.h"
 
+#include <forward_list>
+#include <utility>
+
 namespace Quorvane::Definition {
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): the one such variable
@@ -23,6 +26,19 @@ void ReleaseModel() {
     state.InputVariables.reset();
     state.OutputVariables.reset();
     state.RuleBase.reset();
+}
+
+void GiveUp() {
+    // Never destroyed: that would release what is in it.
+    static auto& givenUp = *new std::forward_list<ProcessState>;
+    ProcessState& former = givenUp.emplace_front();
+    ProcessState& state = State();
+    std::swap(state, former);
+    state.InputsText = std::move(former.InputsText);
+    state.OutputsText = std::move(former.OutputsText);
+    state.RulesText = std::move(former.RulesText);
+    state.HelpFile = std::move(former.HelpFile);
+    state.LanguageId = former.LanguageId;
 }
 
 void Reset() {

@@ -87,6 +87,11 @@ bool IsHeld();
 /// defaults, the prepared tables and the texts stay.
 void ReleaseModel();
 
+/// Parts from the model, the values and the tables without releasing anything: they stay where they
+/// are for good, as they can hold objects of a thread that has ended, which nobody may call. The
+/// texts and the language stay in use. Throws std::bad_alloc, and then nothing has changed.
+void GiveUp();
+
 /// Returns the state to that of a new process.
 void Reset();
 

@@ -216,6 +216,7 @@ check_products() {
     say "Checking what the products import"
     for product in out/x64/*.ocx out/x64/*.exe out/x86/*.ocx out/x86/*.exe; do
         check "imports of $product" "./quorvane test products" only_system_imports "$product"
+        check "error information of $product" "./quorvane test products" documented_imports "$product"
     done
 }
 
@@ -227,4 +228,13 @@ only_system_imports() {
     foreign=$(grep -viE "^($SYSTEM_DLLS)\.dll$" <<<"$imports") || return 0
     printf '%s imports: %s\n' "$1" "${foreign:-nothing}"
     return 1
+}
+
+# The functions of error information are documented to be in oleaut32; that ole32 has them, too, is
+# not so everywhere.
+documented_imports() {
+    x86_64-w64-mingw32-objdump -p "$1" | awk -v product="$1" '
+        /DLL Name:/ { dll = tolower($3) }
+        /ErrorInfo$/ && dll != "oleaut32.dll" { print product " imports " $NF " from " dll; wrong = 1 }
+        END { exit wrong }'
 }

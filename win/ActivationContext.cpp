@@ -23,4 +23,14 @@ ActivationContext::~ActivationContext() {
     }
 }
 
+std::shared_ptr<const ActivationContext> ActivationContext::Shared(HMODULE module) {
+    static std::weak_ptr<const ActivationContext> current;
+    auto result = current.lock();
+    if (!result) {
+        result = std::make_shared<const ActivationContext>(module);
+        current = result;
+    }
+    return result;
+}
+
 } // namespace Quorvane::Win

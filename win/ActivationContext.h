@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <memory>
+
 #include "win/Counted.h"
 
 namespace Quorvane::Win {
@@ -15,6 +17,12 @@ class ActivationContext {
   public:
     explicit ActivationContext(HMODULE module) noexcept;
     ~ActivationContext();
+
+    /// The one context of this module's windows, made when it is first asked for and kept while
+    /// somebody has it: the platform reads and resolves the manifest for each anew. Throws
+    /// std::bad_alloc.
+    static std::shared_ptr<const ActivationContext> Shared(HMODULE module);
+
     ActivationContext(const ActivationContext&) = delete;
     ActivationContext& operator=(const ActivationContext&) = delete;
 

@@ -108,6 +108,11 @@ struct GlobalMemoryKind {
     static void Close(HGLOBAL memory) noexcept { ::GlobalFree(memory); }
 };
 
+struct KernelKind {
+    using Type = HANDLE;
+    static void Close(HANDLE object) noexcept { ::CloseHandle(object); }
+};
+
 using Font = Handle<FontKind>;
 using Brush = Handle<BrushKind>;
 using Pen = Handle<PenKind>;
@@ -119,6 +124,8 @@ using MemoryDc = Handle<MemoryDcKind>;
 using MetaFile = Handle<MetaFileKind>;
 using EnhMetaFile = Handle<EnhMetaFileKind>;
 using GlobalMemory = Handle<GlobalMemoryKind>;
+/// A process, thread or event; never the invalid handle that files have.
+using KernelObject = Handle<KernelKind>;
 
 /// Selects a GDI object into a device context for as long as it lives.
 class Selection {
@@ -138,7 +145,13 @@ class Selection {
 class SavedDc {
   public:
     explicit SavedDc(HDC context) noexcept : context_(context), state_(::SaveDC(context)) {}
-    ~SavedDc() { ::RestoreDC(context_, state_); }
+    ~SavedDc() {
+        if (state_) {
+            // The last one, not the one of this number: in a metafile the number means another
+            // state, that of whoever plays it.
+            ::RestoreDC(context_, -1);
+        }
+    }
     SavedDc(const SavedDc&) = delete;
     SavedDc& operator=(const SavedDc&) = delete;
 

@@ -40,7 +40,7 @@ bool IsFile(const Text& path) noexcept {
 } // namespace
 
 bool ShowHelpFile(HWND owner, const Text& file) noexcept {
-    if (!IsFile(file)) {
+    if (!IsWholeWide(file) || !IsFile(file)) {
         return false;
     }
     static const HtmlHelpFunction show = FindViewer();

@@ -4,6 +4,7 @@
 
 #include "com/Scoped.h"
 #include "control/dictionaries/VariantValue.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/FisError.h"
 
 namespace Quorvane {
@@ -18,7 +19,13 @@ void CheckHost(HRESULT result) {
 
 } // namespace
 
+ForeignDictionary::~ForeignDictionary() {
+    const DefaultArithmetic::Pause pause;
+    object_.Reset();
+}
+
 Value ForeignDictionary::Get(TextView key) {
+    const DefaultArithmetic::Pause pause;
     Com::Variant keyVariant(key);
     // The platform's dictionary adds a key that is read and missing; asking first prevents that.
     VARIANT_BOOL exists = VARIANT_FALSE;
@@ -31,6 +38,7 @@ Value ForeignDictionary::Get(TextView key) {
 }
 
 void ForeignDictionary::Put(TextView key, Value value) {
+    const DefaultArithmetic::Pause pause;
     Com::Variant keyVariant(key);
     Com::Variant item = ToVariant(value);
     CheckHost(object_->put_Item(&keyVariant.Get(), &item.Get()));

@@ -13,6 +13,7 @@ namespace Quorvane {
 class ForeignDictionary final : public ValueDictionary {
   public:
     explicit ForeignDictionary(Com::ComPtr<IDictionary> object) : object_(std::move(object)) {}
+    ~ForeignDictionary() override;
 
     Value Get(TextView key) override;
     void Put(TextView key, Value value) override;

@@ -5,6 +5,7 @@
 #include <oleauto.h>
 
 #include "com/ErrorBoundary.h"
+#include "shared/DefaultArithmetic.h"
 #include "shared/FisError.h"
 #include "shared/NumberText.h"
 
@@ -18,31 +19,12 @@ void CheckConversion(HRESULT result) {
     }
 }
 
-/// The default property of an object. Raises TypeMismatch for an object without one, and for
-/// anything but an automation object.
-Com::Variant DefaultProperty(IDispatch* object) {
-    if (!object) {
-        throw FisError(RuntimeError::TypeMismatch);
-    }
-    const Com::ComPtr<IDispatch> held(object);
-    DISPPARAMS none{};
-    Com::Variant result;
-    CheckConversion(object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
-                                   DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, result.Put(),
-                                   nullptr, nullptr));
-    return result;
-}
-
-/// The value behind default properties: never an object. A chain that does not end, as of an
-/// object that is its own default, raises TypeMismatch.
+/// The value behind default properties: never an object. Raises TypeMismatch where there is none.
 Com::Variant Resolve(const VARIANT& variant) {
-    constexpr int LongestChain = 16;
     Com::Variant value(variant);
-    for (int i = 0; value.Type() == VT_DISPATCH; ++i) {
-        if (i == LongestChain) {
-            throw FisError(RuntimeError::TypeMismatch);
-        }
-        value = DefaultProperty(value.Get().pdispVal);
+    if (Com::HasDefault(value.Type())) {
+        const DefaultArithmetic::Pause pause;
+        CheckConversion(Com::FollowDefaults(value));
     }
     return value;
 }
@@ -51,6 +33,14 @@ Com::Variant Resolve(const VARIANT& variant) {
 class VariantValue final : public HostValue {
   public:
     explicit VariantValue(const VARIANT& variant) : variant_(variant) {}
+    ~VariantValue() override {
+        if (Com::HasDefault(variant_.Type())) {
+            const DefaultArithmetic::Pause pause;
+            variant_ = Com::Variant();
+        }
+    }
+    VariantValue(const VariantValue&) = delete;
+    VariantValue& operator=(const VariantValue&) = delete;
 
     Text TextForm(NumberForm form) const override {
         const bool isForUser = form == NumberForm::User;

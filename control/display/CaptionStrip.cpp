@@ -2,26 +2,31 @@
 // The caption strip with its label.
 #include "control/display/CaptionStrip.h"
 
+#include <algorithm>
+
 #include "com/Fonts.h"
 #include "com/Module.h"
-#include "win/WideText.h"
+#include "control/display/CellDrawing.h"
 #include "win/WindowText.h"
 
 namespace Quorvane {
 
-CaptionStrip::CaptionStrip(HWND parent, UINT id, UINT labelId, const StripFace& strip,
-                           const CaptionFace& caption)
-    : stripFace_(strip), captionFace_(caption) {
+CaptionStrip::CaptionStrip(HWND parent, UINT id, UINT labelId, const PixelLayout& layout,
+                           const StripFace& strip, const CaptionFace& caption)
+    : stripFace_(strip), captionFace_(caption), labelBox_(layout.Label),
+      textWidth_(layout.Caption.Width) {
     Make<CaptionStrip>(Com::ModuleHandle(),
                        {.Parent = parent,
-                        .Position = {},
+                        .Position = RectangleOf(layout.Strip),
                         .Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                         .Id = id});
     // Drawn here, for the sake of a disabled one.
     constexpr DWORD LabelStyle = WS_CHILD | WS_VISIBLE | SS_OWNERDRAW;
-    label_ = Win::ChildWindow(
-        Win::MakeWindow(Com::ModuleHandle(), L"STATIC",
-                        {.Parent = Get(), .Position = {}, .Style = LabelStyle, .Id = labelId}));
+    label_ = Win::ChildWindow(Win::MakeWindow(Com::ModuleHandle(), L"STATIC",
+                                              {.Parent = Get(),
+                                               .Position = RectangleOf(layout.Label),
+                                               .Style = LabelStyle,
+                                               .Id = labelId}));
 }
 
 CaptionStrip::~CaptionStrip() {
@@ -47,9 +52,16 @@ void CaptionStrip::Reflect() noexcept {
     Win::Enable(label_.Get(), captionFace_.Enabled);
 }
 
-void CaptionStrip::MoveLabel(const PixelBox& box) noexcept {
-    ::SetWindowPos(label_.Get(), nullptr, box.Left, box.Top, box.Width, box.Height,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+void CaptionStrip::MoveLabel(const PixelBox& box, int textWidth) noexcept {
+    if (textWidth_ != textWidth) {
+        textWidth_ = textWidth;
+        ::InvalidateRect(label_.Get(), nullptr, TRUE);
+    }
+    if (labelBox_ != box) {
+        labelBox_ = box;
+        ::SetWindowPos(label_.Get(), nullptr, box.Left, box.Top, box.Width, box.Height,
+                       SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 void CaptionStrip::DrawLabel(const DRAWITEMSTRUCT& item) const noexcept {
@@ -57,12 +69,9 @@ void CaptionStrip::DrawLabel(const DRAWITEMSTRUCT& item) const noexcept {
     const bool enabled = !(item.itemState & ODS_DISABLED);
     RECT area = item.rcItem;
     ::FillRect(item.hDC, &area, background_.Get());
-    ::SelectObject(item.hDC, font_.Get());
-    ::SetBkMode(item.hDC, TRANSPARENT);
-    ::SetTextColor(item.hDC, CaptionColor(stripFace_.BackColor, enabled));
-    // A caption is shown as it is: "&" in it marks no access key.
-    ::DrawTextW(item.hDC, Win::Wide(captionFace_.Caption), -1, &area,
-                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    area.right = std::min<LONG>(area.right, area.left + textWidth_);
+    DrawCellText(item.hDC, area, captionFace_.Caption, font_.Get(),
+                 CaptionColor(stripFace_.BackColor, enabled));
 }
 
 LRESULT CaptionStrip::OnMessage(UINT message, WPARAM first, LPARAM second) {

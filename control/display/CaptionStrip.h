@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "control/display/Display.h"
+#include "control/display/DisplayLayout.h"
 #include "win/Window.h"
 
 namespace Quorvane {
@@ -15,8 +16,8 @@ class CaptionStrip final : public Win::Window {
 
     /// Makes the strip in the parent; it shows these faces, which outlive it. Throws
     /// std::system_error.
-    CaptionStrip(HWND parent, UINT id, UINT labelId, const StripFace& strip,
-                 const CaptionFace& caption);
+    CaptionStrip(HWND parent, UINT id, UINT labelId, const PixelLayout& layout,
+                 const StripFace& strip, const CaptionFace& caption);
     ~CaptionStrip() override;
 
     /// Uses the caption's font for so many dots per inch.
@@ -25,7 +26,8 @@ class CaptionStrip final : public Win::Window {
     /// Shows the faces as they are now.
     void Reflect() noexcept;
 
-    void MoveLabel(const PixelBox& box) noexcept;
+    /// Moves the label; its text is cut at so many pixels.
+    void MoveLabel(const PixelBox& box, int textWidth) noexcept;
 
   private:
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
@@ -35,6 +37,8 @@ class CaptionStrip final : public Win::Window {
     const CaptionFace& captionFace_;
     COLORREF backColor_ = 0;
     Win::Brush background_;
+    PixelBox labelBox_;
+    int textWidth_ = 0;
     Win::Font font_;
     Win::ChildWindow label_;
 };

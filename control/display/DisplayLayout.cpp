@@ -2,6 +2,7 @@
 // Where the constituents of the control are.
 #include "control/display/DisplayLayout.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Quorvane {
@@ -27,8 +28,10 @@ class Scale {
   public:
     explicit Scale(float dpi) : pixelsPerTwip_(dpi / TwipsPerInch) {}
 
+    /// Far beyond any surface lengths end, so that they and their sums stay numbers.
     int operator()(float twips) const {
-        return static_cast<int>(std::lround(twips * pixelsPerTwip_));
+        constexpr float Longest = 1 << 28;
+        return static_cast<int>(std::lround(std::clamp(twips * pixelsPerTwip_, -Longest, Longest)));
     }
 
   private:
@@ -65,6 +68,9 @@ PixelLayout ToPixels(const DisplayLayout& layout, int width, int height, float d
     PixelLayout pixels;
     pixels.Strip = {0, 0, scale(layout.StripWidth), strip};
     pixels.Label = {scale(LabelLeft), 0, scale(layout.LabelWidth), strip};
+    pixels.Caption = pixels.Label;
+    pixels.Caption.Width =
+        std::clamp(pixels.Strip.Width - pixels.Label.Left, 0, pixels.Label.Width);
     pixels.Input = ScaleList(layout.Input, 0, inputRight, scale);
     pixels.Output = ScaleList(layout.Output, outputLeft, width, scale);
     pixels.Status = {0, statusTop, width, height - statusTop};

@@ -2,6 +2,8 @@
 // Where the constituents of the control are: rectangles and columns from width and height.
 #pragma once
 
+#include <array>
+
 namespace Quorvane {
 
 /// The height of the caption strip, and so the top of the lists, in twips.
@@ -15,6 +17,14 @@ inline constexpr float ListOverlap = 20;
 
 /// The label is wider than its text by this factor, as room for a font that prints wider.
 inline constexpr float LabelWidthFactor = 1.5F;
+
+/// What stands in the surface of the control.
+enum class Constituent { Strip, Input, Output, Status };
+
+/// How the constituents lie upon each other, the top one first: they overlap where the control is
+/// lower than strip and status bar, and where a list has kept its height.
+inline constexpr std::array StackingOrder = {Constituent::Strip, Constituent::Input,
+                                             Constituent::Output, Constituent::Status};
 
 /// A list and its two columns, in twips.
 struct ListGeometry {
@@ -69,6 +79,8 @@ struct PixelLayout {
     PixelBox Strip;
     /// Inside the strip.
     PixelBox Label;
+    /// The part of the label that the strip has room for, where its text is cut.
+    PixelBox Caption;
     ListBox Input;
     ListBox Output;
     PixelBox Status;

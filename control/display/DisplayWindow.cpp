@@ -5,17 +5,11 @@
 #include <commctrl.h>
 
 #include "com/Module.h"
-#include "control/display/Resource.h"
+#include "control/display/CellDrawing.h"
 #include "win/Dpi.h"
 
 namespace Quorvane {
 namespace {
-
-/// The side of a status picture in pixels: 16 at 96 dots per inch.
-int PictureSide(int dpi) noexcept {
-    constexpr int SideInTwips = 240;
-    return ::MulDiv(SideInTwips, dpi, Win::TwipsPerInch);
-}
 
 /// The classes of list views and status bars exist from here on.
 void PrepareCommonControls() noexcept {
@@ -31,26 +25,31 @@ HDWP Place(HDWP batch, HWND window, const PixelBox& box) noexcept {
 
 } // namespace
 
-DisplayWindow::Children::Children(DisplayWindow& surface, Display& display)
-    : Strip(surface.Get(), PicCaption, LblCaption, display.picCaption, display.lblCaption),
-      Input(surface.Get(), LvwInput, display.lvwInput,
+// Each is made where it stays: to move a window takes as long as to make one.
+DisplayWindow::Children::Children(DisplayWindow& surface, Display& display,
+                                  const PixelLayout& layout)
+    : Strip(surface.Get(), PicCaption, LblCaption, layout, display.picCaption, display.lblCaption),
+      Input(surface.Get(), LvwInput, RectangleOf(layout.Input.Box), display.lvwInput,
             [&surface](bool focused, HWND other) { surface.OnFocus(focused, other); }),
-      Output(surface.Get(), LvwOutput, display.lvwOutput,
+      Output(surface.Get(), LvwOutput, RectangleOf(layout.Output.Box), display.lvwOutput,
              [&surface](bool focused, HWND other) { surface.OnFocus(focused, other); }),
-      Status(surface.Get(), SbMessage, display.sbMessage) {}
+      Status(surface.Get(), SbMessage, RectangleOf(layout.Status), display.sbMessage) {}
 
 DisplayWindow::DisplayWindow(Display& display, DisplayOwner& owner, HWND parent,
                              const RECT& position)
-    : display_(display), owner_(&owner), context_(Com::ModuleHandle()) {
-    const Win::ActivationScope scope(context_);
+    : display_(display), owner_(&owner),
+      context_(Win::ActivationContext::Shared(Com::ModuleHandle())) {
+    const Win::ActivationScope scope(*context_);
     PrepareCommonControls();
     Make<DisplayWindow>(Com::ModuleHandle(), {.Parent = parent,
                                               .Position = position,
                                               .Style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                                               .ExtendedStyle = WS_EX_CONTROLPARENT});
-    children_ = std::make_unique<Children>(*this, display);
+    dpi_ = Win::DpiOf(Get());
+    const PixelLayout layout = LayOutArea();
+    children_ = std::make_unique<Children>(*this, display, layout);
     UseDpi();
-    Arrange();
+    ShowColumns(layout);
     ShowRows();
 }
 
@@ -62,13 +61,8 @@ DisplayWindow::~DisplayWindow() {
 
 void DisplayWindow::UseDpi() {
     dpi_ = Win::DpiOf(Get());
-    if (imgStatus_.Side() != PictureSide(dpi_)) {
-        Win::ImageList images(PictureSide(dpi_));
-        images.Add(u"Error", Com::ModuleHandle(), QUORVANE_ERROR_ICON);
-        imgStatus_ = std::move(images);
-    }
     children_->Strip.SetDpi(dpi_);
-    children_->Status.SetDpi(dpi_, imgStatus_);
+    children_->Status.SetDpi(dpi_);
     children_->Input.SetFont(dpi_);
     children_->Output.SetFont(dpi_);
     Reflect();
@@ -86,8 +80,8 @@ void DisplayWindow::Reflect() noexcept {
     if (losesFocus) {
         MoveFocus(true);
     }
-    const PixelBox label = ToPixels(display_.Layout(), 0, 0, static_cast<float>(dpi_)).Label;
-    children_->Strip.MoveLabel(label);
+    const PixelLayout layout = ToPixels(display_.Layout(), 0, 0, static_cast<float>(dpi_));
+    children_->Strip.MoveLabel(layout.Label, layout.Caption.Width);
 }
 
 /// Takes the focus from a list that is about to be disabled, where it would be lost. Returns
@@ -130,12 +124,20 @@ void DisplayWindow::ShowOutputValues() noexcept {
     }
 }
 
-void DisplayWindow::Arrange() noexcept {
+PixelLayout DisplayWindow::LayOutArea() noexcept {
     RECT area{};
     ::GetClientRect(Get(), &area);
     display_.Resize(Win::TwipsOf(area.right, dpi_), Win::TwipsOf(area.bottom, dpi_));
-    const PixelLayout layout =
-        ToPixels(display_.Layout(), area.right, area.bottom, static_cast<float>(dpi_));
+    return ToPixels(display_.Layout(), area.right, area.bottom, static_cast<float>(dpi_));
+}
+
+void DisplayWindow::ShowColumns(const PixelLayout& layout) noexcept {
+    children_->Input.ShowColumns(layout.Input.ColumnWidth);
+    children_->Output.ShowColumns(layout.Output.ColumnWidth);
+}
+
+void DisplayWindow::Arrange() noexcept {
+    const PixelLayout layout = LayOutArea();
     // All at once, so that no window is seen at its new place over another at its old one.
     HDWP batch = ::BeginDeferWindowPos(4);
     batch = Place(batch, children_->Strip.Get(), layout.Strip);
@@ -145,8 +147,7 @@ void DisplayWindow::Arrange() noexcept {
     if (batch) {
         ::EndDeferWindowPos(batch);
     }
-    children_->Input.ShowColumns(layout.Input.ColumnWidth);
-    children_->Output.ShowColumns(layout.Output.ColumnWidth);
+    ShowColumns(layout);
     Reflect();
 }
 
@@ -210,7 +211,7 @@ void DisplayWindow::Paint() noexcept {
 }
 
 LRESULT DisplayWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
-    const Win::ActivationScope scope(context_);
+    const Win::ActivationScope scope(*context_);
     switch (message) {
     case WM_SIZE:
         if (children_) {

@@ -8,10 +8,10 @@
 
 #include "control/display/CaptionStrip.h"
 #include "control/display/Display.h"
+#include "control/display/DisplayLayout.h"
 #include "control/display/StatusBar.h"
 #include "control/display/VariableList.h"
 #include "win/ActivationContext.h"
-#include "win/ImageList.h"
 #include "win/Window.h"
 
 namespace Quorvane {
@@ -51,8 +51,9 @@ class DisplayWindow final : public Win::Window {
   private:
     /// What stands in the surface.
     struct Children {
-        Children(DisplayWindow& surface, Display& display);
+        Children(DisplayWindow& surface, Display& display, const PixelLayout& layout);
 
+        // In the order in which they lie upon each other: a new window lies under its siblings.
         CaptionStrip Strip;
         VariableList Input;
         VariableList Output;
@@ -66,17 +67,18 @@ class DisplayWindow final : public Win::Window {
     void OnDestroy() noexcept;
     void Paint() noexcept;
     void UseDpi();
+    PixelLayout LayOutArea() noexcept;
+    void ShowColumns(const PixelLayout& layout) noexcept;
     void Arrange() noexcept;
 
     Display& display_;
     /// Null once the surface is being closed: its owner wants to hear no more.
     DisplayOwner* owner_;
-    Win::ActivationContext context_;
+    std::shared_ptr<const Win::ActivationContext> context_;
     int dpi_ = 0;
     /// Whether the owner has heard that the keyboard focus is here.
     bool hasFocus_ = false;
     bool isParking_ = false;
-    Win::ImageList imgStatus_;
     std::unique_ptr<Children> children_;
 };
 

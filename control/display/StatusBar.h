@@ -4,8 +4,11 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "control/display/Display.h"
 #include "win/ImageList.h"
+#include "win/Subclass.h"
 #include "win/Window.h"
 
 namespace Quorvane {
@@ -15,21 +18,29 @@ class StatusBar final {
   public:
     /// Makes the bar in the parent; it shows this panel, which outlives it. Throws
     /// std::system_error.
-    StatusBar(HWND parent, UINT id, const StatusPanel& panel);
+    StatusBar(HWND parent, UINT id, const RECT& position, const StatusPanel& panel);
 
     HWND Get() const noexcept { return window_.Get(); }
 
-    /// Uses the bar's font for so many dots per inch, and the picture "Error" of these images.
-    void SetDpi(int dpi, const Win::ImageList& images);
+    /// Uses the bar's font, and pictures, for so many dots per inch.
+    void SetDpi(int dpi) noexcept;
 
-    /// Shows the panel as it is now.
+    /// Shows the panel as it is now. Where the error picture cannot be made, its text is shown
+    /// alone.
     void Reflect() noexcept;
 
   private:
+    HICON ErrorPicture() noexcept;
+    std::optional<LRESULT> OnMessage(UINT message);
+
     const StatusPanel& panel_;
+    int dpi_ = 0;
+    /// Empty until a cycle fails: most never do, and images take longer to make than the bar.
+    Win::ImageList imgStatus_;
     Win::Font font_;
     Win::Icon errorPicture_;
     Win::ChildWindow window_;
+    Win::Subclass subclass_;
 };
 
 } // namespace Quorvane

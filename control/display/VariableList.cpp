@@ -7,6 +7,7 @@
 
 #include "com/Fonts.h"
 #include "com/Module.h"
+#include "control/display/CellDrawing.h"
 #include "win/WideText.h"
 #include "win/WindowText.h"
 
@@ -21,10 +22,12 @@ constexpr DWORD ExtendedListStyle =
 
 } // namespace
 
-VariableList::VariableList(HWND parent, UINT id, const ListFace& face, FocusHandler focusHandler)
+VariableList::VariableList(HWND parent, UINT id, const RECT& position, const ListFace& face,
+                           FocusHandler focusHandler)
     : face_(face), focusHandler_(std::move(focusHandler)),
-      window_(Win::MakeWindow(Com::ModuleHandle(), WC_LISTVIEWW,
-                              {.Parent = parent, .Position = {}, .Style = ListStyle, .Id = id})) {
+      window_(
+          Win::MakeWindow(Com::ModuleHandle(), WC_LISTVIEWW,
+                          {.Parent = parent, .Position = position, .Style = ListStyle, .Id = id})) {
     ListView_SetExtendedListViewStyle(Get(), ExtendedListStyle);
     // The notifications are in Unicode whatever the host's windows are.
     ListView_SetUnicodeFormat(Get(), TRUE);
@@ -34,6 +37,7 @@ VariableList::VariableList(HWND parent, UINT id, const ListFace& face, FocusHand
 }
 
 void VariableList::SetFont(int dpi) noexcept {
+    dpi_ = dpi;
     Win::Font font = DrawingFont(face_.Font.Get().Get(), dpi);
     ::SendMessageW(Get(), WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
     font_ = std::move(font);
@@ -55,8 +59,12 @@ void VariableList::Reflect() const noexcept {
 
 void VariableList::ShowRows() noexcept {
     // Down to none first, so that no row stays selected or focused.
-    ListView_SetItemCountEx(Get(), 0, 0);
-    ListView_SetItemCountEx(Get(), static_cast<int>(face_.Rows.size()), 0);
+    if (ListView_GetItemCount(Get()) > 0) {
+        ListView_SetItemCountEx(Get(), 0, 0);
+    }
+    if (!face_.Rows.empty()) {
+        ListView_SetItemCountEx(Get(), static_cast<int>(face_.Rows.size()), 0);
+    }
 }
 
 void VariableList::ShowValues() const noexcept {
@@ -80,6 +88,11 @@ void VariableList::ShowColumns(int width) noexcept {
     int index = 0;
     for (const ListColumn& column : face_.Columns) {
         ShowColumn(index++, column.Header, width);
+    }
+    // In a list that has become narrower, the columns of before have brought a scroll bar.
+    if (::GetWindowLongW(Get(), GWL_STYLE) & WS_HSCROLL) {
+        ::SetWindowPos(Get(), nullptr, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
     }
 }
 
@@ -121,14 +134,29 @@ LRESULT VariableList::FindRow(const NMLVFINDITEMW& question) const noexcept {
 
 /// Not every version of the platform shows that a list is disabled.
 LRESULT VariableList::ColourRow(NMLVCUSTOMDRAW& drawing) const noexcept {
-    if (face_.Enabled) {
-        return CDRF_DODEFAULT;
-    }
     if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) {
+        FillGapAboveRows(drawing.nmcd.hdc);
+        return face_.Enabled ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
+    }
+    if (!face_.Enabled) {
+        drawing.clrText = ::GetSysColor(COLOR_GRAYTEXT);
+    }
+    return CDRF_DODEFAULT;
+}
+
+/// Headers look as in the drawing without windows, and are drawn in half the time that visual
+/// styles take.
+LRESULT VariableList::DrawHeader(const NMCUSTOMDRAW& drawing) const noexcept {
+    if (drawing.dwDrawStage == CDDS_PREPAINT) {
         return CDRF_NOTIFYITEMDRAW;
     }
-    drawing.clrText = ::GetSysColor(COLOR_GRAYTEXT);
-    return CDRF_DODEFAULT;
+    if (drawing.dwDrawStage != CDDS_ITEMPREPAINT || drawing.dwItemSpec >= face_.Columns.size()) {
+        return CDRF_DODEFAULT;
+    }
+    const Win::SavedDc saved(drawing.hdc);
+    DrawHeaderCell(drawing.hdc, drawing.rc, face_.Columns[drawing.dwItemSpec].Header, font_.Get(),
+                   dpi_);
+    return CDRF_SKIPDEFAULT;
 }
 
 LRESULT VariableList::OnNotify(NMHDR& notification) const noexcept {
@@ -163,7 +191,7 @@ void VariableList::HideScrollBarOfWholeColumns() const noexcept {
 
 /// Under Wine, a list with a grid leaves a gap between header and rows, and black if it is
 /// buffered.
-void VariableList::FillGapAboveRows() const noexcept {
+void VariableList::FillGapAboveRows(HDC context) const noexcept {
     constexpr LONG GapOfEmptyList = 2;
     RECT header{};
     RECT client{};
@@ -176,28 +204,29 @@ void VariableList::FillGapAboveRows() const noexcept {
     const RECT gap{0, header.bottom, client.right,
                    hasRow ? row.top : header.bottom + GapOfEmptyList};
     if (gap.top < gap.bottom) {
-        const Win::WindowDc context(Get());
-        const Win::Brush brush(::CreateSolidBrush(ListView_GetBkColor(Get())));
-        ::FillRect(context.Get(), &gap, brush.Get());
+        FillArea(context, gap, ListView_GetBkColor(Get()));
     }
 }
 
-std::optional<LRESULT> VariableList::OnMessage(UINT message, WPARAM first, LPARAM) {
+std::optional<LRESULT> VariableList::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
+    case WM_NOTIFY: {
+        const auto& notification = *reinterpret_cast<const NMHDR*>(second);
+        if (notification.code == NM_CUSTOMDRAW &&
+            notification.hwndFrom == ListView_GetHeader(Get())) {
+            return DrawHeader(reinterpret_cast<const NMCUSTOMDRAW&>(notification));
+        }
+        break;
+    }
     case WM_NCCALCSIZE:
         HideScrollBarOfWholeColumns();
         break;
-    case WM_PAINT: {
-        const LRESULT result = ::DefSubclassProc(Get(), message, first, 0);
-        FillGapAboveRows();
-        return result;
-    }
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
         // The list draws its focus first, as the handler may be the end of it.
         HWND const other = reinterpret_cast<HWND>(first);
         const FocusHandler handler = focusHandler_;
-        const LRESULT result = ::DefSubclassProc(Get(), message, first, 0);
+        const LRESULT result = Win::Subclass::Default(Get(), message, first, 0);
         handler(message == WM_SETFOCUS, other);
         return result;
     }

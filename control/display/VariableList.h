@@ -24,7 +24,8 @@ class VariableList final {
 
     /// Makes the list in the parent; it shows this face, which outlives it. Throws
     /// std::system_error.
-    VariableList(HWND parent, UINT id, const ListFace& face, FocusHandler focusHandler);
+    VariableList(HWND parent, UINT id, const RECT& position, const ListFace& face,
+                 FocusHandler focusHandler);
 
     HWND Get() const noexcept { return window_.Get(); }
 
@@ -49,15 +50,17 @@ class VariableList final {
   private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM first, LPARAM second);
     void HideScrollBarOfWholeColumns() const noexcept;
-    void FillGapAboveRows() const noexcept;
+    void FillGapAboveRows(HDC context) const noexcept;
     void ShowColumn(int index, const Text& header, int width) noexcept;
     void TellText(NMLVDISPINFOW& question) const noexcept;
     LRESULT ColourRow(NMLVCUSTOMDRAW& drawing) const noexcept;
+    LRESULT DrawHeader(const NMCUSTOMDRAW& drawing) const noexcept;
     LRESULT FindRow(const NMLVFINDITEMW& question) const noexcept;
 
     const ListFace& face_;
     FocusHandler focusHandler_;
     Win::Font font_;
+    int dpi_ = 0;
     Win::ChildWindow window_;
     std::optional<Win::Subclass> subclass_;
 };

@@ -9,6 +9,22 @@
 namespace Quorvane {
 namespace {
 
+/// Whether an answer says that the bag lacks the property. There is one for it, and there are those
+/// of containers that look the name up in a record, a dispatch object or a storage of theirs.
+bool IsAbsence(HRESULT result) noexcept {
+    switch (result) {
+    case E_INVALIDARG:
+    case S_FALSE:
+    case E_FAIL:
+    case DISP_E_MEMBERNOTFOUND:
+    case DISP_E_UNKNOWNNAME:
+    case STG_E_FILENOTFOUND:
+        return true;
+    default:
+        return result == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    }
+}
+
 /// A property as the bag has it, Empty for one that it lacks. The type asked for is a request: a
 /// bag may answer in another.
 Com::Variant Read(IPropertyBag& bag, IErrorLog* log, const wchar_t* name, VARTYPE type) {
@@ -16,7 +32,7 @@ Com::Variant Read(IPropertyBag& bag, IErrorLog* log, const wchar_t* name, VARTYP
     request.vt = type;
     const HRESULT result = bag.Read(name, &request, log);
     Com::Variant value = Com::Variant::Attach(request);
-    if (result == E_INVALIDARG) {
+    if (IsAbsence(result)) {
         return {};
     }
     Com::Check(result, &bag);
@@ -52,11 +68,12 @@ OLE_COLOR PropertyReader::ReadColor(const wchar_t* name, OLE_COLOR byDefault) co
     return Com::ToColor(value.Get());
 }
 
-Com::ComPtr<IFontDisp> PropertyReader::ReadFont(const wchar_t* name,
-                                                Com::ComPtr<IFontDisp> byDefault) const {
+Com::ComPtr<IFontDisp>
+PropertyReader::ReadFont(const wchar_t* name,
+                         const std::function<Com::ComPtr<IFontDisp>()>& byDefault) const {
     const Com::Variant value = Read(bag_, log_, name, VT_DISPATCH);
     if (value.Type() == VT_EMPTY) {
-        return byDefault;
+        return byDefault();
     }
     const bool isObject = value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN;
     auto font = isObject ? Com::Query<IFontDisp>(value.Get().punkVal) : nullptr;

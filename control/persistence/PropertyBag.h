@@ -7,14 +7,16 @@
 #include <ocidl.h>
 #include <olectl.h>
 
+#include <functional>
+
 #include "com/ComPtr.h"
 #include "shared/Text.h"
 
 namespace Quorvane {
 
-/// Reads properties from a host's bag, each coerced to its type. A property that the bag lacks
-/// (E_INVALIDARG, or an empty value) has the default; any other failure is thrown as
-/// Com::HresultError.
+/// Reads properties from a host's bag, each coerced to its type. A property that the bag lacks, in
+/// whatever way it says so (E_INVALIDARG, an empty value, E_FAIL, a name or file not found), has
+/// the default; any other failure is thrown as Com::HresultError.
 class PropertyReader {
   public:
     PropertyReader(IPropertyBag& bag, IErrorLog* log) : bag_(bag), log_(log) {}
@@ -22,7 +24,9 @@ class PropertyReader {
     Text ReadText(const wchar_t* name, Text byDefault) const;
     bool ReadFlag(const wchar_t* name, bool byDefault) const;
     OLE_COLOR ReadColor(const wchar_t* name, OLE_COLOR byDefault) const;
-    Com::ComPtr<IFontDisp> ReadFont(const wchar_t* name, Com::ComPtr<IFontDisp> byDefault) const;
+    /// The default is asked for only where the bag lacks the font.
+    Com::ComPtr<IFontDisp> ReadFont(const wchar_t* name,
+                                    const std::function<Com::ComPtr<IFontDisp>()>& byDefault) const;
 
   private:
     IPropertyBag& bag_;

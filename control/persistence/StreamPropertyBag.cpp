@@ -140,32 +140,38 @@ void StreamPropertyBag::WriteTo(IStream& stream) const {
     }
 }
 
+const Com::Variant* StreamPropertyBag::Find(TextView name) const {
+    const auto found = properties_.find(name);
+    return found == properties_.end() ? nullptr : &found->second;
+}
+
+void StreamPropertyBag::Set(TextView name, Com::Variant value) {
+    switch (value.Type()) {
+    case VT_BSTR:
+    case VT_BOOL:
+    case VT_I4:
+    case VT_DISPATCH:
+        properties_.insert_or_assign(Text(name), std::move(value));
+        break;
+    default:
+        throw Com::HresultError(DISP_E_BADVARTYPE);
+    }
+}
+
 STDMETHODIMP StreamPropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog*) noexcept {
     return Com::Guard<IPropertyBag>([&] {
         VARIANT& target = Com::Out(value);
-        const auto found = properties_.find(Com::ToText(name));
-        if (found == properties_.end()) {
+        const Com::Variant* const found = Find(Com::ToText(name));
+        if (!found) {
             return E_INVALIDARG;
         }
-        target = Com::Variant(found->second).Detach();
+        target = Com::Variant(*found).Detach();
         return S_OK;
     });
 }
 
 STDMETHODIMP StreamPropertyBag::Write(LPCOLESTR name, VARIANT* value) noexcept {
-    return Com::Guard<IPropertyBag>([&] {
-        const Com::Variant copy(Com::Out(value));
-        switch (copy.Type()) {
-        case VT_BSTR:
-        case VT_BOOL:
-        case VT_I4:
-        case VT_DISPATCH:
-            properties_.insert_or_assign(Com::ToText(name), copy);
-            break;
-        default:
-            throw Com::HresultError(DISP_E_BADVARTYPE);
-        }
-    });
+    return Com::Guard<IPropertyBag>([&] { Set(Com::ToText(name), Com::Variant(Com::Out(value))); });
 }
 
 } // namespace Quorvane

@@ -30,12 +30,18 @@ class StreamPropertyBag final : public Com::ComObject<IPropertyBag> {
     /// Throws Com::HresultError when the stream does not take it.
     void WriteTo(IStream& stream) const;
 
+    /// The value of a property, null where there is none.
+    const Com::Variant* Find(TextView name) const;
+
+    /// Sets a property. Throws Com::HresultError for a value of a type that the bag does not hold.
+    void Set(TextView name, Com::Variant value);
+
     // IPropertyBag
     STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) noexcept override;
     STDMETHODIMP Write(LPCOLESTR name, VARIANT* value) noexcept override;
 
   private:
-    std::map<Text, Com::Variant> properties_;
+    std::map<Text, Com::Variant, std::less<>> properties_;
 };
 
 } // namespace Quorvane

@@ -2,6 +2,9 @@
 // The graph of the membership functions of one variable.
 #include "editor/page/DrawVariableGraph.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "shared/NumberText.h"
 #include "shared/TermColors.h"
 #include "text/GetText.h"
@@ -23,6 +26,11 @@ constexpr float PictureHeight = -1.77F;
 constexpr double CaptionPosition = 1.347;
 constexpr double TermNameTop = 1.175;
 constexpr double PointValueTop = -0.05;
+
+// The heights of texts in pictures. Larger ones and the upper caption would reach into the names of
+// terms; below smaller ones, the lower caption would move up into the values.
+constexpr double LargestText = (CaptionPosition - TermNameTop) / -PictureHeight;
+constexpr double SmallestText = PointValueTop / (CaptionPosition - 1) / PictureHeight;
 
 struct GridLevel {
     double Degree;
@@ -95,6 +103,16 @@ void DrawVariableGraph(GraphSurface& surface, Side side, TextView name) {
         DrawTerm(surface, side, term, variable);
         color = (color + 1) % TermColors.size();
     }
+}
+
+int GraphTextHeight(int pictureHeight, int usual) {
+    const auto smallest = static_cast<int>(std::ceil(SmallestText * pictureHeight));
+    const auto largest = static_cast<int>(std::floor(LargestText * pictureHeight));
+    return std::max(1, std::min(std::max(usual, smallest), largest));
+}
+
+int GraphHeightFor(int textHeight) {
+    return static_cast<int>(std::ceil(textHeight / LargestText));
 }
 
 void DrawGraphFrame(GraphSurface& surface, double lower, double upper) {

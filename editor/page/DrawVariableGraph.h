@@ -14,6 +14,13 @@ namespace Quorvane::Editor {
 /// where the model lacks the variable.
 void DrawVariableGraph(GraphSurface& surface, Side side, TextView name);
 
+/// The height of texts, as near to the usual one as may be, of which none is printed over another
+/// in a picture of a given height, all in pixels. 1 at least.
+int GraphTextHeight(int pictureHeight, int usual);
+
+/// The least height of a picture for texts of a height.
+int GraphHeightFor(int textHeight);
+
 /// Sets the coordinates for a universe from lower to upper, clears the surface and draws the
 /// captions and the grid with its labels.
 void DrawGraphFrame(GraphSurface& surface, double lower, double upper);

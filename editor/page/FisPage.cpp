@@ -10,6 +10,7 @@
 #include "editor/page/VariableNodes.h"
 #include "model/BuildDefinition.h"
 #include "model/ParseDefinition.h"
+#include "shared/NumberText.h"
 #include "text/GetText.h"
 #include "text/TextIds.h"
 
@@ -168,13 +169,30 @@ bool FisPage::BeforeLabelEdit(Side, const TreeNode& node) {
 
 bool FisPage::AfterLabelEdit(Side side, TreeNode& node, TextView label) {
     // Trees are known to report the end of an edit twice.
-    if (std::exchange(edited_, nullptr) != &node || !ApplyLabelEdit(side, node, label, prompt_)) {
+    if (std::exchange(edited_, nullptr) != &node) {
+        return false;
+    }
+    const Text former = node.Caption;
+    if (label == former) {
+        return true;
+    }
+    if (!ApplyLabelEdit(side, node, label, prompt_)) {
         return false;
     }
     tree(side).Control.UpdateCaption(node);
     ShowGraphOf(side, node);
-    changed_ = true;
+    changed_ = changed_ || node.Caption != former;
     return true;
+}
+
+Text FisPage::TipOf(Side side, TreeNode& node) const {
+    const auto range = readOnly_ ? std::nullopt : AllowedRange(side, node);
+    if (!range) {
+        return {};
+    }
+    const auto lower = range->Lower ? UserNumberText(*range->Lower) + u' ' : Text();
+    const auto upper = range->Upper ? u' ' + UserNumberText(*range->Upper) : Text();
+    return lower + u"..." + upper;
 }
 
 void FisPage::Add() {

@@ -71,6 +71,11 @@ class FisPage {
     /// A second report of the same edit does nothing.
     bool AfterLabelEdit(Side side, TreeNode& node, TextView label);
 
+    /// What a node tells when the mouse rests on it: the numbers that it may be given, "0 ... 80",
+    /// or "80 ..." and "... 0" where there is one limit. Empty for all other nodes, and where
+    /// nothing can be edited. Raises as AllowedRange does.
+    Text TipOf(Side side, TreeNode& node) const;
+
     /// The buttons have been pressed, or their keys. A disabled one does nothing. `cmdAdd` raises
     /// Overflow for a term between bounds that lie too far apart.
     void Add();

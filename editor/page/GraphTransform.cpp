@@ -47,6 +47,16 @@ int GraphTransform::PixelY(float y) const {
     return Pixel(y, scale_.Top, scale_.Height, pixelHeight_);
 }
 
+int GraphTransform::LineX(float x, int penWidth) const {
+    const int pixel = PixelX(x);
+    if (pixel < 0 || pixel > pixelWidth_) {
+        return pixel;
+    }
+    const int first = penWidth / 2;
+    const int last = pixelWidth_ - (penWidth + 1) / 2;
+    return std::max(first, std::min(pixel, last));
+}
+
 float GraphTransform::UserWidth(int pixels) const {
     return UserExtent(pixels, scale_.Width, pixelWidth_);
 }

@@ -17,6 +17,10 @@ class GraphTransform {
     int PixelX(float x) const;
     int PixelY(float y) const;
 
+    /// The middle of a line of so many pixels: on the border of the picture it has all its width
+    /// inside.
+    int LineX(float x, int penWidth) const;
+
     /// A width or height in pixels as one in user units; the sign is that of the scale.
     float UserWidth(int pixels) const;
     float UserHeight(int pixels) const;

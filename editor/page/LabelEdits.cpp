@@ -13,6 +13,22 @@
 namespace Quorvane::Editor {
 namespace {
 
+std::size_t PointIndex(Side side, const TreeNode& node) {
+    const auto& points = TraitsOf(side).Points;
+    return static_cast<std::size_t>(std::ranges::find(points, LastPart(node), &PointTraits::Key) -
+                                    points.begin());
+}
+
+/// Between the neighbouring points, or the bounds.
+NumberRange PointRange(Side side, const LinguisticVariable& variable, TreeNode& node) {
+    const auto& points = variable.MF.At(LastPart(*node.Parent)).Points;
+    const std::size_t index = PointIndex(side, node);
+    const bool isFirst = index == 0;
+    const bool isLast = index + 1 == TraitsOf(side).Points.size();
+    return {isFirst ? variable.LBound : double{points[index - 1]},
+            isLast ? variable.UBound : double{points[index + 1]}};
+}
+
 class LabelEdit {
   public:
     LabelEdit(Side side, TreeNode& node, TextView label, Prompt& prompt)
@@ -24,9 +40,9 @@ class LabelEdit {
         case NodeTag::Name:
             return RenameVariable();
         case NodeTag::UBound:
-            return SetBound(variable_.UBound, variable_.Max, std::nullopt);
+            return SetBound(variable_.UBound);
         case NodeTag::LBound:
-            return SetBound(variable_.LBound, std::nullopt, variable_.Min);
+            return SetBound(variable_.LBound);
         case NodeTag::MF:
             return RenameTerm();
         case NodeTag::Point:
@@ -84,18 +100,19 @@ class LabelEdit {
         return true;
     }
 
-    /// The number that the label says, within inclusive limits.
-    std::optional<double> CheckedNumber(std::optional<double> lower, std::optional<double> upper) {
+    /// The number that the label says, within the range of its node.
+    std::optional<double> CheckedNumber() {
         // The number is taken as it will be shown and stored, so that all three agree.
         label_ = DesignTime::NormalNumberText(label_);
-        if (!DesignTime::ValidateNumber(label_, lower, upper, prompt_)) {
+        const NumberRange range = AllowedRange(side_, node_).value_or(NumberRange());
+        if (!DesignTime::ValidateNumber(label_, range.Lower, range.Upper, prompt_)) {
             return std::nullopt;
         }
         return ParseUserNumber(label_);
     }
 
-    bool SetBound(double& bound, std::optional<double> lower, std::optional<double> upper) {
-        const auto number = CheckedNumber(lower, upper);
+    bool SetBound(double& bound) {
+        const auto number = CheckedNumber();
         if (!number) {
             // The model can have been replaced while the message was open.
             return false;
@@ -112,20 +129,14 @@ class LabelEdit {
     }
 
     bool SetPoint() {
-        auto& points = variable_.MF.At(LastPart(*node_.Parent)).Points;
-        const auto index = static_cast<std::size_t>(
-            std::ranges::find(traits_.Points, LastPart(node_), &PointTraits::Key) -
-            traits_.Points.begin());
-        const bool isFirst = index == 0;
-        const bool isLast = index + 1 == traits_.Points.size();
-        const double lower = isFirst ? variable_.LBound : double{points[index - 1]};
-        const double upper = isLast ? variable_.UBound : double{points[index + 1]};
-        const auto number = CheckedNumber(lower, upper);
+        const auto number = CheckedNumber();
         if (!number) {
             return false;
         }
+        auto& points = variable_.MF.At(LastPart(*node_.Parent)).Points;
+        const std::size_t index = PointIndex(side_, node_);
         points[index] = *number;
-        if (isLast) {
+        if (index + 1 == traits_.Points.size()) {
             // An output term is a singleton: its points stay equal.
             std::fill(points.begin() + static_cast<std::ptrdiff_t>(index), points.end(), *number);
         }
@@ -143,6 +154,22 @@ class LabelEdit {
 };
 
 } // namespace
+
+std::optional<NumberRange> AllowedRange(Side side, TreeNode& node) {
+    const auto variable = [&]() -> const LinguisticVariable& {
+        return VariablesOf(side).At(VariableNodeOf(node).Key);
+    };
+    switch (node.Tag) {
+    case NodeTag::UBound:
+        return NumberRange{variable().Max, std::nullopt};
+    case NodeTag::LBound:
+        return NumberRange{std::nullopt, variable().Min};
+    case NodeTag::Point:
+        return PointRange(side, variable(), node);
+    default:
+        return std::nullopt;
+    }
+}
 
 bool ApplyLabelEdit(Side side, TreeNode& node, TextView label, Prompt& prompt) {
     return LabelEdit(side, node, label, prompt).Apply();

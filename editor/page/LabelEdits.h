@@ -2,6 +2,8 @@
 // What an edited label of a tree does to the model.
 #pragma once
 
+#include <optional>
+
 #include "editor/checks/Prompt.h"
 #include "editor/checks/Side.h"
 #include "editor/page/TreeNode.h"
@@ -13,5 +15,16 @@ namespace Quorvane::Editor {
 /// returns false. The node is not a root. Raises MissingKey or ObjectNotSet where the model has
 /// been replaced behind the tree.
 bool ApplyLabelEdit(Side side, TreeNode& node, TextView label, Prompt& prompt);
+
+/// The numbers that a bound or a point may be given, inclusive; a limit that there is none of is
+/// missing.
+struct NumberRange {
+    std::optional<double> Lower;
+    std::optional<double> Upper;
+};
+
+/// The range of a node's number; nothing for a node that is no bound and no point. Raises
+/// MissingKey or ObjectNotSet where the model has been replaced behind the tree.
+std::optional<NumberRange> AllowedRange(Side side, TreeNode& node);
 
 } // namespace Quorvane::Editor

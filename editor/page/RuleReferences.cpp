@@ -2,6 +2,7 @@
 // How changes of variables and terms are carried into the rule base.
 #include "editor/page/RuleReferences.h"
 
+#include "editor/page/PartFinder.h"
 #include "shared/Definition.h"
 
 namespace Quorvane::Editor {
@@ -11,25 +12,21 @@ RuleDictionary& Rules() {
     return Definition::Require(Definition::State().RuleBase);
 }
 
-bool Contains(TextView text, TextView part) {
-    return text.find(part) != TextView::npos;
-}
-
 /// Replaces the occurrences from the first character on; what was put in is not searched again.
-Text ReplaceAll(TextView text, TextView oldPart, TextView newPart) {
+Text ReplaceAll(TextView text, const PartFinder& oldPart, TextView newPart) {
     Text replaced;
     replaced.reserve(text.size());
-    for (auto at = text.find(oldPart); at != TextView::npos; at = text.find(oldPart)) {
+    for (auto at = oldPart.FindIn(text); at != TextView::npos; at = oldPart.FindIn(text)) {
         replaced += text.substr(0, at);
         replaced += newPart;
-        text.remove_prefix(at + oldPart.size());
+        text.remove_prefix(at + oldPart.Part().size());
     }
     return replaced += text;
 }
 
-bool AnyContains(TextView part) {
+bool AnyContains(const PartFinder& part) {
     for (const auto& [rule, content] : Rules()) {
-        if (Contains(rule, part)) {
+        if (part.IsIn(rule)) {
             return true;
         }
     }
@@ -39,13 +36,14 @@ bool AnyContains(TextView part) {
 } // namespace
 
 bool RenameInRules(TextView oldText, TextView newText) {
-    if (!AnyContains(oldText)) {
+    const PartFinder oldPart(oldText);
+    if (!AnyContains(oldPart)) {
         return true;
     }
     // A new table rather than one re-keying after the other: two rules may trade texts on the way.
     RuleDictionary renamed(KeyComparison::IgnoreCase);
     for (const auto& [rule, content] : Rules()) {
-        const Text text = ReplaceAll(rule, oldText, newText);
+        const Text text = ReplaceAll(rule, oldPart, newText);
         if (renamed.Exists(text)) {
             return false;
         }
@@ -56,8 +54,8 @@ bool RenameInRules(TextView oldText, TextView newText) {
 }
 
 void RemoveRulesContaining(TextView text) {
-    Rules().RemoveIf(
-        [text](const RuleDictionary::Entry& rule) { return Contains(rule.Key, text); });
+    const PartFinder part(text);
+    Rules().RemoveIf([&part](const RuleDictionary::Entry& rule) { return part.IsIn(rule.Key); });
 }
 
 } // namespace Quorvane::Editor

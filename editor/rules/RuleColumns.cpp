@@ -2,13 +2,20 @@
 // The columns of the rule list.
 #include "editor/rules/RuleColumns.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "shared/NumberText.h"
 #include "text/GetText.h"
 #include "text/TextIds.h"
 
 namespace Quorvane::Editor {
 namespace {
+
+/// How large the font of `picRule` may be, in tenths of the rows' font. A larger one would leave
+/// most columns half empty for the sake of one.
+constexpr int SmallestScale = 10;
+constexpr int LargestScale = 20;
 
 // Wider than the headings: the cells below are bold, and a sorted column is to stay readable.
 constexpr double VariableWidthFactor = 1.25;
@@ -40,6 +47,30 @@ class ColumnBuilder {
     std::vector<RuleColumn> columns_;
 };
 
+/// Whether columns hold what is to be read in them, each its own.
+class ColumnReader {
+  public:
+    ColumnReader(const std::vector<RuleColumn>& columns, const RuleListMeasures& texts)
+        : column_(columns.begin()), texts_(texts) {}
+
+    bool Holds(const std::vector<Text>& cells) {
+        const RuleColumn& column = *column_++;
+        const auto fits = [this, &column](const Text& cell) {
+            return texts_.Cell(cell) <= column.Width;
+        };
+        return texts_.Heading(column.Caption) <= column.Width && std::ranges::all_of(cells, fits);
+    }
+
+    bool HoldsTerms(const RulePanel& panel) {
+        return std::ranges::all_of(panel.Rows,
+                                   [this](const PanelRow& row) { return Holds(row.Items); });
+    }
+
+  private:
+    std::vector<RuleColumn>::const_iterator column_;
+    const RuleListMeasures& texts_;
+};
+
 } // namespace
 
 std::vector<RuleColumn> MakeRuleColumns(const RulePanel& inputs, const RulePanel& outputs,
@@ -52,6 +83,21 @@ std::vector<RuleColumn> MakeRuleColumns(const RulePanel& inputs, const RulePanel
     builder.Add(u"[WEIGHT]", Main::GetText(TextIds::Weight), FixedWidthFactor,
                 ColumnAlignment::Right);
     return builder.Take();
+}
+
+std::vector<RuleColumn> FitRuleColumns(const RulePanel& inputs, const RulePanel& outputs,
+                                       std::size_t rules, const RuleListMeasures& texts,
+                                       const ScaledMeasure& picRule) {
+    const std::vector<Text> numbers{NumberText(static_cast<double>(rules))};
+    std::vector<RuleColumn> columns;
+    bool fits = false;
+    for (int scale = SmallestScale; scale <= LargestScale && !fits; ++scale) {
+        columns = MakeRuleColumns(inputs, outputs, picRule(scale / 10.0));
+        ColumnReader reader(columns, texts);
+        fits = reader.Holds(numbers) && reader.HoldsTerms(inputs) && reader.HoldsTerms(outputs) &&
+               reader.Holds({});
+    }
+    return columns;
 }
 
 } // namespace Quorvane::Editor

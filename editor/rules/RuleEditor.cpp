@@ -15,9 +15,6 @@
 namespace Quorvane::Editor {
 namespace {
 
-/// A rule may be added while the rule base holds fewer.
-constexpr std::size_t MostRules = 32768;
-
 constexpr TextView FirstWeight = u"1";
 
 RuleDictionary& Rules() {
@@ -162,7 +159,7 @@ void RuleEditor::Add() {
 
 void RuleEditor::AddRule(Text rule) {
     Rules().Add(rule);
-    selected_ = rows_.Append(std::move(rule));
+    selected_ = rows_.Add(std::move(rule));
 }
 
 void RuleEditor::Reweigh(std::size_t row, Text rule) {
@@ -176,8 +173,7 @@ void RuleEditor::Reweigh(std::size_t row, Text rule) {
         rows_.Fill(Rules());
         selected_ = rows_.FindRule(rule);
     } else {
-        rows_.Replace(row, std::move(rule));
-        selected_ = row;
+        selected_ = rows_.Replace(row, std::move(rule));
     }
 }
 

@@ -31,6 +31,9 @@ std::uint32_t RuleRowColor();
 /// buttons. Every change goes to the rule base of the process at once.
 class RuleEditor {
   public:
+    /// A rule may be added while the rule base holds fewer.
+    static constexpr std::size_t MostRules = 32768;
+
     /// The editor at its load: panels made, rules listed, the last rule selected and shown. The
     /// changed flag is that of the page. The prompt outlives the editor. Raises ObjectNotSet
     /// without a model.
@@ -38,7 +41,8 @@ class RuleEditor {
 
     const RulePanel& Panel(Side side) const { return side == Side::Input ? inputs_ : outputs_; }
     const RuleList& Rows() const { return rows_; }
-    /// Where there are rows, one is selected.
+    /// The row that is highlighted, which is the one that is deleted; none where the user has taken
+    /// the selection away, or there are no rows.
     std::optional<std::size_t> SelectedRow() const { return selected_; }
     const Text& Weight() const { return weight_; }
     bool CanAdd() const { return canAdd_; }
@@ -49,6 +53,9 @@ class RuleEditor {
 
     /// The user has clicked a row, or moved to it: shows its terms and its weight.
     void SelectRow(std::size_t row);
+
+    /// The user has taken the selection away. What is shown stays.
+    void ClearSelection() { selected_.reset(); }
 
     /// The user has clicked the header of a column.
     void SortBy(std::size_t column) { Sort(rows_.NextOrder(column)); }

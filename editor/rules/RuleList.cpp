@@ -23,6 +23,16 @@ struct FoldedText {
     }
 };
 
+/// The order of keys, up or down.
+struct Precedes {
+    bool Descending;
+
+    template <class Key>
+    bool operator()(const Key& left, const Key& right) const {
+        return Descending ? right < left : left < right;
+    }
+};
+
 template <class Rows, class Predicate>
 std::optional<std::size_t> IndexOf(const Rows& rows, Predicate wanted) {
     const auto found = std::ranges::find_if(rows, wanted);
@@ -52,13 +62,14 @@ void RuleList::Fill(const RuleDictionary& rules) {
     ApplyOrder();
 }
 
-std::size_t RuleList::Append(Text rule) {
+std::size_t RuleList::Add(Text rule) {
     rows_.push_back(MakeRow(rows_.size() + 1, std::move(rule)));
-    return rows_.size() - 1;
+    return Settle(rows_.size() - 1);
 }
 
-void RuleList::Replace(std::size_t row, Text rule) {
+std::size_t RuleList::Replace(std::size_t row, Text rule) {
     rows_[row] = MakeRow(rows_[row].Number, std::move(rule));
+    return Settle(row);
 }
 
 RuleOrder RuleList::NextOrder(std::size_t column) const {
@@ -70,17 +81,22 @@ void RuleList::Sort(RuleOrder order) {
     ApplyOrder();
 }
 
-void RuleList::ApplyOrder() {
-    if (!order_) {
-        return;
-    }
+/// Hands on what gives a row its key in the chosen order.
+template <class Action>
+void RuleList::WithKeys(Action action) const {
     const std::size_t column = order_->Column;
     if (column == 0) {
-        SortRows([](const Row& row) { return row.Number; });
+        action([](const Row& row) { return row.Number; });
     } else if (column + 1 == ColumnCount()) {
-        SortRows([](const Row& row) { return Weight(row); });
+        action([](const Row& row) { return Weight(row); });
     } else {
-        SortRows([this, column](const Row& row) { return FoldedText{Term(row, column)}; });
+        action([this, column](const Row& row) { return FoldedText{Term(row, column)}; });
+    }
+}
+
+void RuleList::ApplyOrder() {
+    if (order_) {
+        WithKeys([this](auto keyOf) { SortRows(keyOf); });
     }
 }
 
@@ -97,10 +113,7 @@ void RuleList::SortRows(KeyOf keyOf) {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         keys.push_back({keyOf(rows_[i]), i});
     }
-    std::ranges::stable_sort(
-        keys, [descending = order_->Descending](const Keyed& left, const Keyed& right) {
-            return descending ? right.SortKey < left.SortKey : left.SortKey < right.SortKey;
-        });
+    std::ranges::stable_sort(keys, Precedes{order_->Descending}, &Keyed::SortKey);
     std::vector<Row> sorted;
     sorted.reserve(rows_.size());
     for (const Keyed& key : keys) {
@@ -109,15 +122,33 @@ void RuleList::SortRows(KeyOf keyOf) {
     rows_ = std::move(sorted);
 }
 
+/// Moves a row among the others, which are in order, to where it belongs: as near as it may be.
+/// Returns its index.
+std::size_t RuleList::Settle(std::size_t row) {
+    if (!order_) {
+        return row;
+    }
+    Row settled = std::move(rows_[row]);
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+    auto place = static_cast<std::ptrdiff_t>(row);
+    WithKeys([&](auto keyOf) {
+        const auto key = keyOf(settled);
+        const Precedes precedes{order_->Descending};
+        const auto first = std::ranges::lower_bound(rows_, key, precedes, keyOf);
+        const auto last = std::ranges::upper_bound(rows_, key, precedes, keyOf);
+        place = std::clamp(place, first - rows_.begin(), last - rows_.begin());
+    });
+    rows_.insert(rows_.begin() + place, std::move(settled));
+    return static_cast<std::size_t>(place);
+}
+
 TextView RuleList::Term(const Row& row, std::size_t column) const {
     const RuleParts parts = SplitRule(row.Rule);
     const std::size_t variable = column - 1;
-    const bool isInput = variable < inputs_.size();
-    const auto term =
-        isInput ? TermOf(parts.Antecedents, TraitsOf(Side::Input).TermMark, inputs_[variable])
-                : TermOf(parts.Consequents, TraitsOf(Side::Output).TermMark,
-                         outputs_[variable - inputs_.size()]);
-    return term.value_or(TextView());
+    return variable < inputs_.size()
+               ? ShownTerm(parts.Antecedents, TraitsOf(Side::Input).TermMark, inputs_, variable)
+               : ShownTerm(parts.Consequents, TraitsOf(Side::Output).TermMark, outputs_,
+                           variable - inputs_.size());
 }
 
 double RuleList::Weight(const Row& row) {
@@ -128,9 +159,13 @@ double RuleList::Weight(const Row& row) {
     }
 }
 
+Text RuleList::NumberCell(const Row& row) {
+    return NumberText(static_cast<double>(row.Number));
+}
+
 Text RuleList::CellText(std::size_t row, std::size_t column) const {
     if (column == 0) {
-        return NumberText(static_cast<double>(rows_[row].Number));
+        return NumberCell(rows_[row]);
     }
     if (column + 1 == ColumnCount()) {
         return UserWeightText(SplitRule(rows_[row].Rule).Weight);
@@ -144,6 +179,16 @@ std::optional<std::size_t> RuleList::FindNumber(std::size_t number) const {
 
 std::optional<std::size_t> RuleList::FindRule(TextView rule) const {
     return IndexOf(rows_, [rule](const Row& row) { return SameName(row.Rule, rule); });
+}
+
+std::optional<std::size_t> RuleList::FindNumberFrom(std::size_t row, TextView digits) const {
+    for (std::size_t i = 0; i < rows_.size() && !digits.empty(); ++i) {
+        const std::size_t at = (row + i) % rows_.size();
+        if (NumberCell(rows_[at]).starts_with(digits)) {
+            return at;
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<std::size_t> RuleList::FindHead(TextView head) const {

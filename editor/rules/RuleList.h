@@ -27,11 +27,13 @@ class RuleList {
     /// Replaces the rows by those of a rule base, numbered from 1, in the chosen order.
     void Fill(const RuleDictionary& rules);
 
-    /// Adds a row at the end, whatever the order, with the next number. Returns its index.
-    std::size_t Append(Text rule);
+    /// Adds a row with the next number where the order says, at the end without one. Returns its
+    /// index.
+    std::size_t Add(Text rule);
 
-    /// Gives a row another rule; it keeps its number and its place.
-    void Replace(std::size_t row, Text rule);
+    /// Gives a row another rule. It keeps its number, and its place unless the order says another.
+    /// Returns its index.
+    std::size_t Replace(std::size_t row, Text rule);
 
     /// Sorts the rows by a column: the number and the weight as numbers, a weight that is none
     /// before all others; terms as texts without regard to case. Rows that are equal stay in their
@@ -54,12 +56,16 @@ class RuleList {
     /// The row's running number, from 1.
     std::size_t Number(std::size_t row) const { return rows_[row].Number; }
 
-    /// What a cell shows. A variable that the rule does not mention has an empty cell.
+    /// What a cell shows. A variable that the rule does not mention has the cell of one that is no
+    /// longer there, or an empty one.
     Text CellText(std::size_t row, std::size_t column) const;
 
     /// The index of the row with a number or a rule; nothing where there is none.
     std::optional<std::size_t> FindNumber(std::size_t number) const;
     std::optional<std::size_t> FindRule(TextView rule) const;
+
+    /// The index of the first row, from one on and round the end, whose number begins with digits.
+    std::optional<std::size_t> FindNumberFrom(std::size_t row, TextView digits) const;
 
     /// The index of the first row whose antecedents and consequents are those given.
     std::optional<std::size_t> FindHead(TextView head) const;
@@ -74,10 +80,14 @@ class RuleList {
 
     static Row MakeRow(std::size_t number, Text rule);
     TextView Term(const Row& row, std::size_t column) const;
+    static Text NumberCell(const Row& row);
     static double Weight(const Row& row);
+    template <class Action>
+    void WithKeys(Action action) const;
     void ApplyOrder();
     template <class KeyOf>
     void SortRows(KeyOf keyOf);
+    std::size_t Settle(std::size_t row);
 
     std::vector<Text> inputs_;
     std::vector<Text> outputs_;

@@ -41,6 +41,11 @@ RulePanel MakeRulePanel(Side side) {
     return panel;
 }
 
+int ItemHeightIn(int room, int lineHeight) {
+    const int items = lineHeight > 0 ? room / lineHeight : 0;
+    return items > 0 ? room / items : lineHeight;
+}
+
 PanelScroll PanelScrollFor(int panelHeight, int innerHeight) {
     return {panelHeight > innerHeight, std::max(0, panelHeight - innerHeight + ScrollMargin)};
 }

@@ -41,6 +41,10 @@ struct RulePanel {
 /// Raises ObjectNotSet without a model.
 RulePanel MakeRulePanel(Side side);
 
+/// The height of the items of a list box with room for lines of a height, so that none is shown in
+/// part: as many as find room share it.
+int ItemHeightIn(int room, int lineHeight);
+
 /// The smallest and largest step of a panel's scroll bar: one row.
 inline constexpr int PanelScrollStep = 750;
 

@@ -2,6 +2,7 @@
 // The parts of a rule's text.
 #include "editor/rules/RuleText.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "shared/FisError.h"
@@ -51,6 +52,26 @@ StringKeyedDictionary<TextView> TermsOf(TextView list, char16_t mark) {
         }
     }
     return terms;
+}
+
+TextView ShownTerm(TextView list, char16_t mark, const std::vector<Text>& variables,
+                   std::size_t column) {
+    if (const auto own = TermOf(list, mark, variables[column])) {
+        return *own;
+    }
+    const auto terms = TermsOf(list, mark);
+    const auto isFree = [&terms](TextView variable) { return !terms.Exists(variable); };
+    auto ahead = std::ranges::count_if(
+        variables.begin(), variables.begin() + static_cast<std::ptrdiff_t>(column), isFree);
+    for (const auto& [variable, term] : terms) {
+        const auto isIt = [name = TextView(variable)](const Text& other) {
+            return SameName(other, name);
+        };
+        if (std::ranges::none_of(variables, isIt) && ahead-- == 0) {
+            return term;
+        }
+    }
+    return {};
 }
 
 Text UserWeightText(TextView weight) {

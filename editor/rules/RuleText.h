@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "shared/StringKeyedDictionary.h"
 
@@ -32,6 +33,12 @@ std::optional<TextView> TermOf(TextView list, char16_t mark, TextView variable);
 /// The terms that such a list gives, by variable: one reading of the list for all variables. They
 /// view the list.
 StringKeyedDictionary<TextView> TermsOf(TextView list, char16_t mark);
+
+/// The term that such a list shows in the column of one of the variables: the variable's own, or,
+/// where the list does not mention the variable, the next term of a variable that has no column.
+/// Empty where there is none.
+TextView ShownTerm(TextView list, char16_t mark, const std::vector<Text>& variables,
+                   std::size_t column);
 
 /// A rule's weight as the user reads it: with the user's decimal separator. A weight that is no
 /// number stays as it is.

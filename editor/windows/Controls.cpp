@@ -12,14 +12,15 @@ namespace {
 constexpr int PointSize = 8;
 constexpr int PointsPerInch = 72;
 
-HFONT MakeDialogFont(int dpi, int weight) {
-    return ::CreateFontW(-::MulDiv(PointSize, dpi, PointsPerInch), 0, 0, 0, weight, FALSE, FALSE,
-                         FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                         DEFAULT_QUALITY, DEFAULT_PITCH, L"MS Shell Dlg 2");
+/// The height is the platform's: of characters where it is negative, else of cells.
+Win::Font MakeFont(int height, int weight) {
+    return Win::Font(::CreateFontW(height, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                                   OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                                   DEFAULT_PITCH, L"MS Shell Dlg 2"));
 }
 
 /// The size of the average character, of which dialog units are a quarter and an eighth.
-SIZE AverageCharacter(HFONT font) {
+DialogUnits UnitsOf(HFONT font) {
     constexpr wchar_t Alphabet[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
     constexpr int Letters = 52;
     const Win::WindowDc screen(nullptr);
@@ -28,29 +29,26 @@ SIZE AverageCharacter(HFONT font) {
     TEXTMETRICW metrics{};
     ::GetTextExtentPoint32W(screen.Get(), Alphabet, Letters, &size);
     ::GetTextMetricsW(screen.Get(), &metrics);
-    return {(size.cx / (Letters / 2) + 1) / 2, metrics.tmHeight};
+    return {static_cast<int>((size.cx / (Letters / 2) + 1) / 2),
+            static_cast<int>(metrics.tmHeight)};
 }
 
 } // namespace
 
-DialogFont::DialogFont(int dpi, int weight)
-    : font_(MakeDialogFont(dpi, weight)), base_(AverageCharacter(Get())) {}
-
-int DialogFont::X(int units) const noexcept {
-    return ::MulDiv(units, base_.cx, 4);
-}
-
-int DialogFont::Y(int units) const noexcept {
-    return ::MulDiv(units, base_.cy, 8);
-}
-
-int DialogFont::TextWidth(TextView text) const {
+int TextWidth(HFONT font, TextView text) {
     const Win::WindowDc screen(nullptr);
-    const Win::Selection selected(screen.Get(), Get());
+    const Win::Selection selected(screen.Get(), font);
     SIZE size{};
     ::GetTextExtentPoint32W(screen.Get(), Win::Characters(text), static_cast<int>(text.size()),
                             &size);
-    return size.cx;
+    return static_cast<int>(size.cx);
+}
+
+DialogFont::DialogFont(int dpi, int weight)
+    : font_(MakeFont(-::MulDiv(PointSize, dpi, PointsPerInch), weight)), units_(UnitsOf(Get())) {}
+
+Win::Font MakeDialogFontOfHeight(int height, int weight) {
+    return MakeFont(height, weight);
 }
 
 Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& text, DWORD style,
@@ -58,7 +56,7 @@ Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& 
     Win::ChildWindow control(Win::MakeWindow(Com::ModuleHandle(), className,
                                              {.Parent = parent,
                                               .Position = {},
-                                              .Style = style | WS_CHILD | WS_VISIBLE,
+                                              .Style = style | PartStyle,
                                               .ExtendedStyle = extendedStyle,
                                               .Id = id}));
     ::SendMessageW(control.Get(), WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);

@@ -4,11 +4,15 @@
 
 #include <windows.h>
 
+#include "editor/page/DialogUnits.h"
 #include "shared/Text.h"
 #include "win/Handle.h"
 #include "win/Window.h"
 
 namespace Quorvane::Editor {
+
+/// The width of a text in a font, in pixels.
+int TextWidth(HFONT font, TextView text);
 
 /// The font of dialogs, and the dialog units that follow from it.
 class DialogFont {
@@ -18,17 +22,26 @@ class DialogFont {
 
     HFONT Get() const noexcept { return font_.Get(); }
 
+    const DialogUnits& Units() const noexcept { return units_; }
+
     /// Horizontal and vertical dialog units in pixels.
-    int X(int units) const noexcept;
-    int Y(int units) const noexcept;
+    int X(int units) const noexcept { return units_.X(units); }
+    int Y(int units) const noexcept { return units_.Y(units); }
 
     /// The width of a text in pixels.
-    int TextWidth(TextView text) const;
+    int TextWidth(TextView text) const { return Editor::TextWidth(Get(), text); }
 
   private:
     Win::Font font_;
-    SIZE base_{};
+    DialogUnits units_{};
 };
+
+/// The font of dialogs so many pixels high, accents and descenders included.
+Win::Font MakeDialogFontOfHeight(int height, int weight = FW_NORMAL);
+
+/// The style of the parts of a window, which are moved one after the other: none may draw over, or
+/// take along, what another shows at its old place.
+inline constexpr DWORD PartStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
 
 /// Makes a visible child control. The position is left to the caller. Throws std::system_error.
 Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& text, DWORD style,

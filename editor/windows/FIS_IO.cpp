@@ -45,13 +45,15 @@ class LateBoundControl final : public SelectedControl {
     Com::ComPtr<IDispatch> control_;
 };
 
-/// Whether a control runs: its definition cannot be set then.
+/// Whether a control runs: its definition cannot be set then. What a host wraps its control in may
+/// have no site to ask; the control itself then refuses what it must.
 bool IsInRunMode(IUnknown* control) {
     const auto object = Com::Query<IOleObject>(control);
-    Com::ComPtr<IOleClientSite> clientSite;
-    if (object) {
-        object->GetClientSite(clientSite.Put());
+    if (!object) {
+        return false;
     }
+    Com::ComPtr<IOleClientSite> clientSite;
+    object->GetClientSite(clientSite.Put());
     Com::ClientSite site;
     site.Set(clientSite.Get());
     return site.UserMode();

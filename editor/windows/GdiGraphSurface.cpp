@@ -38,7 +38,7 @@ void GdiGraphSurface::SetPen(PenStyle style, int width) {
 }
 
 void GdiGraphSurface::Line(float x1, float y1, float x2, float y2) {
-    const auto width = static_cast<DWORD>(::MulDiv(penWidth_, dpi_, USER_DEFAULT_SCREEN_DPI));
+    const int width = ::MulDiv(penWidth_, dpi_, USER_DEFAULT_SCREEN_DPI);
     const LOGBRUSH brush{BS_SOLID, color_, 0};
     // The edges of a term are lines of their own: round ends close its corners. Only a geometric
     // pen has ends at any width; dots are a pattern of one-pixel lines.
@@ -46,11 +46,11 @@ void GdiGraphSurface::Line(float x1, float y1, float x2, float y2) {
         penStyle_ == PenStyle::Dotted
             ? ::CreatePen(PS_DOT, 1, color_)
             // NOLINTNEXTLINE(misc-redundant-expression): two of the named bits are 0
-            : ::ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND | PS_JOIN_ROUND, width,
-                             &brush, 0, nullptr));
+            : ::ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND | PS_JOIN_ROUND,
+                             static_cast<DWORD>(width), &brush, 0, nullptr));
     const Win::Selection selected(context_, pen.Get());
-    ::MoveToEx(context_, transform_.PixelX(x1), transform_.PixelY(y1), nullptr);
-    ::LineTo(context_, transform_.PixelX(x2), transform_.PixelY(y2));
+    ::MoveToEx(context_, transform_.LineX(x1, width), transform_.PixelY(y1), nullptr);
+    ::LineTo(context_, transform_.LineX(x2, width), transform_.PixelY(y2));
 }
 
 void GdiGraphSurface::Print(TextView text, float x, float y) {

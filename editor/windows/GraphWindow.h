@@ -10,7 +10,7 @@
 
 namespace Quorvane::Editor {
 
-/// The picture box. What it shows is drawn when it is painted.
+/// The picture box. What it shows is drawn when it is painted, in texts as high as it allows.
 class GraphWindow final : public Win::Window {
   public:
     static constexpr const wchar_t* ClassName = L"QuorvaneGraph";
@@ -29,8 +29,12 @@ class GraphWindow final : public Win::Window {
 
   private:
     void Paint(HDC target);
+    HFONT FontFor(int pictureHeight);
 
+    /// What texts have where the picture lets them.
     const DialogFont& font_;
+    Win::Font scaled_;
+    int scaledHeight_ = 0;
     Draw draw_;
 };
 

@@ -19,6 +19,12 @@ namespace {
 
 constexpr int IconSide = 16;
 
+/// The button that has the focus is the one that Enter presses. Not every platform takes the mark
+/// off it when the focus leaves the page.
+void ShowDefault(HWND button, bool isDefault) {
+    ::SendMessageW(button, BM_SETSTYLE, isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+}
+
 /// Shows what was refused, after the tree has ended its edit.
 constexpr UINT ShowRefusalMessage = WM_APP + 1;
 
@@ -26,6 +32,16 @@ constexpr UINT ShowRefusalMessage = WM_APP + 1;
 
 void PageView::SideEvents::OnNodeClick(TreeNode& node) {
     view_.Act([&] { view_.page_.NodeClick(side_, node); });
+}
+
+void PageView::SideEvents::OnFocus() {
+    if (!view_.page_.WaitsForClick()) {
+        view_.Act([&] { view_.page_.EnterTree(side_); });
+    }
+}
+
+Text PageView::SideEvents::OnTip(TreeNode& node) {
+    return view_.page_.TipOf(side_, node);
 }
 
 void PageView::SideEvents::OnMoveKey() {
@@ -82,27 +98,43 @@ bool PageView::EndEdits() {
 }
 
 SIZE PageView::NaturalSize() const {
-    return PageLayout::NaturalSize(DialogFont(Win::DpiOf(Get() ? Get() : ::GetActiveWindow())));
+    const DialogFont font(Win::DpiOf(Get() ? Get() : ::GetActiveWindow()));
+    const PageSize size = PageLayout::NaturalSize(font.Units());
+    return {size.Width, size.Height};
+}
+
+/// The part of a place that is within the frame: some frames give a page more room than they have,
+/// and what lies beyond is not to be seen. A frame that has no area yet, or that scrolls the page,
+/// has its way.
+RECT PageView::InFrame(HWND frame, const RECT& position) noexcept {
+    RECT area{};
+    RECT place{};
+    ::GetClientRect(frame, &area);
+    const bool startsInside = ::PtInRect(&area, {position.left, position.top}) != FALSE;
+    return startsInside && ::IntersectRect(&place, &area, &position) ? place : position;
 }
 
 void PageView::Create(HWND frame, const RECT& position) {
     const Win::ActivationScope styled(visualStyles_);
     Make<PageView>(Com::ModuleHandle(), {.Parent = frame,
-                                         .Position = position,
-                                         .Style = WS_CHILD | WS_CLIPCHILDREN,
+                                         .Position = InFrame(frame, position),
+                                         .Style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
                                          .ExtendedStyle = WS_EX_CONTROLPARENT,
                                          .Id = 0});
+    given_ = position;
+    FollowFrame(frame);
     prompt_.SetOwner(Get());
     MakeControls();
-    ShowSelection();
     Arrange();
+    ShowNodes();
     Reflect();
 }
 
 /// Trees that are made anew show their roots selected; the buttons and the graph are for the nodes
 /// that the logic has.
-void PageView::ShowSelection() {
+void PageView::ShowNodes() {
     for (const Side side : {Side::Input, Side::Output}) {
+        tree(side).ShowNodes();
         if (const TreeNode* const selected = page_.Selected(side)) {
             tree(side).Select(*selected);
         }
@@ -110,6 +142,7 @@ void PageView::ShowSelection() {
 }
 
 void PageView::Destroy() noexcept {
+    frame_.reset();
     prompt_.SetOwner(nullptr);
     treInput_.Destroy();
     treOutput_.Destroy();
@@ -118,8 +151,24 @@ void PageView::Destroy() noexcept {
 }
 
 void PageView::Move(const RECT& position) noexcept {
-    ::MoveWindow(Get(), position.left, position.top, position.right - position.left,
-                 position.bottom - position.top, TRUE);
+    given_ = position;
+    FitIntoFrame();
+}
+
+void PageView::FitIntoFrame() noexcept {
+    const RECT place = InFrame(::GetParent(Get()), given_);
+    ::MoveWindow(Get(), place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 TRUE);
+}
+
+/// Some frames are made as small as they are to be only after they have activated their pages.
+void PageView::FollowFrame(HWND frame) {
+    frame_.emplace(frame, [this](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_SIZE) {
+            FitIntoFrame();
+        }
+        return std::nullopt;
+    });
 }
 
 void PageView::Show(UINT command) noexcept {
@@ -145,7 +194,8 @@ void PageView::MakeControls() {
     treInput_.Create(Get(), TreInputId, made.Font, made.imgIO.Get());
     treOutput_.Create(Get(), TreOutputId, made.Font, made.imgIO.Get());
     const auto button = [&](UINT id) {
-        return MakeControl(Get(), WC_BUTTONW, {}, WS_TABSTOP | BS_PUSHBUTTON, id, made.Font);
+        return MakeControl(Get(), WC_BUTTONW, {}, WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY, id,
+                           made.Font);
     };
     made.cmdAdd = button(CmdAddId);
     made.cmdModify = button(CmdModifyId);
@@ -181,13 +231,16 @@ void PageView::Arrange() {
     if (!controls_ || !controls_->picMF) {
         return;
     }
-    const auto place = [](HWND window, const RECT& area) {
-        ::MoveWindow(window, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                     TRUE);
+    const auto place = [](HWND window, const Area& area) {
+        ::MoveWindow(window, area.Left, area.Top, area.Width, area.Height, TRUE);
     };
     RECT page{};
     ::GetClientRect(Get(), &page);
-    const PageLayout layout = PageLayout::For({page.right, page.bottom}, controls_->Font);
+    const PageLayout layout =
+        PageLayout::For({static_cast<int>(page.right), static_cast<int>(page.bottom)},
+                        {.Units = controls_->Font.Units(),
+                         .TreeLine = TreeView_GetItemHeight(treInput_.Window()),
+                         .Edges = 2 * ::GetSystemMetrics(SM_CYEDGE)});
     place(treInput_.Window(), layout.TreInput);
     place(treOutput_.Window(), layout.TreOutput);
     for (std::size_t i = 0; i < PageLayout::ButtonCount; ++i) {
@@ -240,10 +293,17 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_NOTIFY:
         return OnNotify(*reinterpret_cast<NMHDR*>(second));
     case WM_COMMAND:
-        if (HIWORD(first) == FromAccelerator && second == 0) {
-            OnAccelerator(LOWORD(first));
-        } else if (HIWORD(first) == BN_CLICKED) {
+        switch (HIWORD(first)) {
+        case BN_SETFOCUS:
+        case BN_KILLFOCUS:
+            ShowDefault(reinterpret_cast<HWND>(second), HIWORD(first) == BN_SETFOCUS);
+            break;
+        case BN_CLICKED:
+        case FromAccelerator:
             OnCommand(LOWORD(first));
+            break;
+        default:
+            break;
         }
         return 0;
     default:
@@ -279,16 +339,6 @@ void PageView::OnCommand(UINT id) {
     default:
         break;
     }
-}
-
-/// A key acts on the tree that it is typed in, whichever was clicked last.
-void PageView::OnAccelerator(UINT id) {
-    const std::shared_ptr<void> alive = keepAlive_();
-    if (!page_.WaitsForClick()) {
-        const Side side = ::GetFocus() == treOutput_.Window() ? Side::Output : Side::Input;
-        Act([&] { page_.EnterTree(side); });
-    }
-    OnCommand(id);
 }
 
 void PageView::OpenRuleEditor() {

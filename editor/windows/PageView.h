@@ -8,12 +8,13 @@
 #include <optional>
 
 #include "editor/page/FisPage.h"
+#include "editor/page/PageLayout.h"
 #include "editor/windows/Controls.h"
 #include "editor/windows/GraphWindow.h"
 #include "editor/windows/MessagePrompt.h"
-#include "editor/windows/PageLayout.h"
 #include "editor/windows/TreeView.h"
 #include "win/ActivationContext.h"
+#include "win/Subclass.h"
 #include "win/Window.h"
 
 namespace Quorvane::Editor {
@@ -85,9 +86,11 @@ class PageView final : private Win::Window {
       public:
         SideEvents(PageView& view, Side side) noexcept : view_(view), side_(side) {}
         void OnNodeClick(TreeNode& node) override;
+        void OnFocus() override;
         void OnMoveKey() override;
         bool OnBeforeLabelEdit(TreeNode& node) override;
         bool OnAfterLabelEdit(TreeNode& node, TextView label) override;
+        Text OnTip(TreeNode& node) override;
 
       private:
         PageView& view_;
@@ -107,18 +110,20 @@ class PageView final : private Win::Window {
         Win::ChildWindow cmdRule;
     };
 
+    static RECT InFrame(HWND frame, const RECT& position) noexcept;
+    void FitIntoFrame() noexcept;
+    void FollowFrame(HWND frame);
     static Win::Handle<Win::AcceleratorKind> MakeAccelerators();
 
     TreeView& tree(Side side) { return side == Side::Input ? treInput_ : treOutput_; }
 
     void MakeControls();
-    void ShowSelection();
+    void ShowNodes();
     void UseDpi();
     std::array<HWND, PageLayout::ButtonCount> Buttons() const;
     void Arrange();
     LRESULT OnNotify(NMHDR& header);
     void OnCommand(UINT id);
-    void OnAccelerator(UINT id);
     void OpenRuleEditor();
 
     /// Does what the user has asked of the logic, then reflects it. Errors are shown.
@@ -145,6 +150,9 @@ class PageView final : private Win::Window {
     TreeView treOutput_{outputEvents_};
     FisPage page_{prompt_, treInput_, treOutput_};
     std::optional<Controls> controls_;
+    /// The place that the frame has given the page, which may be more than the frame has.
+    RECT given_{};
+    std::optional<Win::Subclass> frame_;
 };
 
 } // namespace Quorvane::Editor

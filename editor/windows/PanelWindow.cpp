@@ -34,7 +34,7 @@ PanelWindow::NameOf::~NameOf() {
 PanelWindow::Content::Content(HWND parent) {
     Make<Content>(Com::ModuleHandle(), {.Parent = parent,
                                         .Position = {},
-                                        .Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+                                        .Style = PartStyle | WS_CLIPCHILDREN,
                                         .ExtendedStyle = WS_EX_CONTROLPARENT,
                                         .Id = 0});
 }
@@ -57,7 +57,7 @@ PanelWindow::PanelWindow(HWND parent, UINT id, const RulePanel& panel, const Dia
     : panel_(panel), font_(font), chosen_(std::move(chosen)), dpi_(Win::DpiOf(parent)) {
     Make<PanelWindow>(Com::ModuleHandle(), {.Parent = parent,
                                             .Position = {},
-                                            .Style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+                                            .Style = PartStyle | WS_CLIPCHILDREN,
                                             .ExtendedStyle = WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT,
                                             .Id = id});
     picCtrl_ = std::make_unique<Content>(Get());
@@ -117,6 +117,11 @@ void PanelWindow::PlaceRows() const {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         place(rows_[i].Label, panel_.Rows[i].LabelArea);
         place(rows_[i].List, panel_.Rows[i].ListArea);
+        RECT room{};
+        ::GetClientRect(rows_[i].List.Get(), &room);
+        const int height =
+            ItemHeightIn(static_cast<int>(room.bottom), font_.Units().CharacterHeight);
+        ::SendMessageW(rows_[i].List.Get(), LB_SETITEMHEIGHT, 0, height);
     }
 }
 
@@ -124,6 +129,7 @@ void PanelWindow::UseDpi(int dpi) {
     dpi_ = dpi;
     ShowFont(picCtrl_->Get(), font_);
     PlaceRows();
+    ShowSelection();
     UpdateScroll();
 }
 

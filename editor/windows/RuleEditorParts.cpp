@@ -3,6 +3,7 @@
 #include "editor/windows/RuleEditorParts.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "win/Dpi.h"
 #include "win/WindowText.h"
@@ -24,6 +25,8 @@ constexpr int UsualHeight = 280;
 /// Beside the panels: weight and buttons in one row.
 constexpr int SmallestRightWidth = 290;
 constexpr int SmallestHeight = 140;
+/// Of the arrow in the heading of the column that the rules are sorted by.
+constexpr int ArrowWidth = 8;
 
 void Place(HWND window, LONG left, LONG top, LONG width, LONG height) {
     ::MoveWindow(window, left, top, std::max(0L, width), std::max(0L, height), TRUE);
@@ -66,11 +69,19 @@ void RuleEditorParts::MakePanel(Side side) {
 }
 
 void RuleEditorParts::MakeList(RuleListView::Events events) {
-    const auto twipsWidth = [this](TextView text) {
-        return Win::TwipsOf(rowFont_.TextWidth(text), dpi_);
+    const auto twips = [this](int pixels) -> double { return Win::TwipsOf(pixels, dpi_); };
+    const RuleListMeasures texts{
+        .Heading =
+            [&](TextView text) { return twips(CellWidth(font_, text) + font_.X(ArrowWidth)); },
+        .Cell = [&](TextView text) { return twips(CellWidth(rowFont_, text)); }};
+    const auto picRule = [&](double scale) -> TextMeasure {
+        const auto height = std::lround(scale * rowFont_.Units().CharacterHeight);
+        const auto font =
+            std::make_shared<Win::Font>(MakeDialogFontOfHeight(static_cast<int>(height), FW_BOLD));
+        return [font, twips](TextView text) { return twips(TextWidth(font->Get(), text)); };
     };
-    const auto columns =
-        MakeRuleColumns(editor_.Panel(Side::Input), editor_.Panel(Side::Output), twipsWidth);
+    const auto columns = FitRuleColumns(editor_.Panel(Side::Input), editor_.Panel(Side::Output),
+                                        RuleEditor::MostRules, texts, picRule);
     lvwRule_ = std::make_unique<RuleListView>(window_, LvwRuleId, editor_, font_, rowFont_, columns,
                                               dpi_, std::move(events));
 }
@@ -114,8 +125,9 @@ void RuleEditorParts::Arrange() const {
     ArrangePanels(room);
     room.left += SidePanelsWidth() + 2 * font_.X(Gap);
     ArrangeBelow(room);
-    Place(lvwRule_->Window(), room.left, room.top, room.right - room.left,
-          room.bottom - font_.Y(ButtonHeight) - font_.Y(Gap) - room.top);
+    const LONG listBottom = room.bottom - font_.Y(ButtonHeight) - font_.Y(Gap);
+    lvwRule_->Place(
+        {room.left, room.top, std::max(room.left, room.right), std::max(room.top, listBottom)});
 }
 
 /// The panels share the left side.
@@ -171,6 +183,20 @@ void RuleEditorParts::ReflectButtons() const {
     Win::Enable(cmdDelete_.Get(), editor_.CanDelete());
     if (focus && ::GetParent(focus) == window_ && !::IsWindowEnabled(focus)) {
         ::SetFocus(lvwRule_->Window());
+    }
+}
+
+void RuleEditorParts::ShowDefaultButton() const {
+    HWND const buttons[] = {cmdAdd_.Get(), cmdDelete_.Get(), cmdClose_.Get()};
+    HWND const focus = ::GetFocus();
+    HWND const pressed =
+        std::ranges::find(buttons, focus) == std::end(buttons) ? cmdAdd_.Get() : focus;
+    for (HWND const button : buttons) {
+        const bool isDefault =
+            (::GetWindowLongW(button, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+        if (isDefault != (button == pressed)) {
+            ::SendMessageW(button, BM_SETSTYLE, isDefault ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON, TRUE);
+        }
     }
 }
 

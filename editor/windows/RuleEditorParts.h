@@ -53,6 +53,9 @@ class RuleEditorParts {
     /// Enables the buttons as the editor says. A button that is disabled hands the focus on.
     void ReflectButtons() const;
 
+    /// Marks the button that Enter presses: the one that has the focus, else `cmdAdd`.
+    void ShowDefaultButton() const;
+
     /// Takes the focus to the weight, all of it selected.
     void GoToWeight() const;
 
@@ -72,7 +75,7 @@ class RuleEditorParts {
     RuleEditor& editor_;
     int dpi_;
     DialogFont font_;
-    /// The font of the rows, in which `picRule` measures the columns.
+    /// The font of the rows. That in which `picRule` measures the columns follows from it.
     DialogFont rowFont_;
     Win::ChildWindow lblAntecedent_;
     std::unique_ptr<PanelWindow> picInput_;

@@ -23,6 +23,9 @@ namespace {
 /// The weight is checked after the focus has moved on, when a message box may appear.
 constexpr UINT ValidateWeightMessage = WM_APP + 1;
 
+/// Whether a row is still selected is seen once the list has given the selection to another one.
+constexpr UINT CheckSelectionMessage = WM_APP + 2;
+
 /// The message loop looks at its end after each message that it is given. One that was sent, as
 /// from another thread, is handled without being given.
 void WakeLoop() noexcept {
@@ -98,6 +101,7 @@ RuleEditorWindow::RuleEditorWindow(HWND owner, bool changed)
         Get(), editor_,
         RuleListView::Events{
             .RowClicked = [this](std::size_t row) { OnRowClicked(row); },
+            .SelectionLeft = [this] { ::PostMessageW(Get(), CheckSelectionMessage, 0, 0); },
             .HeaderClicked = [this](std::size_t column) { Act([&] { editor_.SortBy(column); }); },
             .OrderChosen = [this](RuleOrder order) { Act([&] { editor_.Sort(order); }); },
             .DeletePressed = [this] { Delete(); },
@@ -286,6 +290,11 @@ LRESULT RuleEditorWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case ValidateWeightMessage:
         ValidateWeight();
         return 0;
+    case CheckSelectionMessage:
+        if (!parts_->LvwRule().HasSelection()) {
+            editor_.ClearSelection();
+        }
+        return 0;
     case WM_ERASEBKGND:
         Win::FillBackground(Get(), reinterpret_cast<HDC>(first));
         return TRUE;
@@ -313,6 +322,10 @@ void RuleEditorWindow::Run() {
         if (!::IsDialogMessageW(Get(), &message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
+        }
+        if (message.message == WM_KEYDOWN && Get()) {
+            // Not every platform marks it again where the focus leaves a button of no dialog.
+            parts_->ShowDefaultButton();
         }
     }
     if (message.message == WM_QUIT) {

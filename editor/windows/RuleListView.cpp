@@ -2,6 +2,7 @@
 // `lvwRule`: the list of the rules, which asks for its cells when it shows them.
 #include "editor/windows/RuleListView.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "text/GetText.h"
@@ -12,6 +13,28 @@
 #include "win/WideText.h"
 
 namespace Quorvane::Editor {
+namespace {
+
+/// What a list keeps free on both sides of the text in a cell, in dialog units.
+constexpr int CellRoom = 8;
+
+/// The background of the selected row while the focus is elsewhere: between that of the others and
+/// a shadow, so that it is seen on every screen.
+COLORREF FaintSelectionColor() {
+    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
+    const COLORREF shadow = ::GetSysColor(COLOR_BTNSHADOW);
+    const auto mix = [](int first, int second) {
+        return static_cast<BYTE>((2 * first + second) / 3);
+    };
+    return RGB(mix(GetRValue(window), GetRValue(shadow)), mix(GetGValue(window), GetGValue(shadow)),
+               mix(GetBValue(window), GetBValue(shadow)));
+}
+
+} // namespace
+
+int CellWidth(const DialogFont& font, TextView text) {
+    return font.TextWidth(text) + font.X(CellRoom);
+}
 
 RuleListView::RuleListView(HWND parent, UINT id, const RuleEditor& editor, const DialogFont& font,
                            const DialogFont& rowFont, const std::vector<RuleColumn>& columns,
@@ -27,6 +50,7 @@ RuleListView::RuleListView(HWND parent, UINT id, const RuleEditor& editor, const
     keys_.emplace(Window(), [this](UINT message, WPARAM first, LPARAM) -> std::optional<LRESULT> {
         return message == WM_KEYDOWN && TakesKey(first) ? std::optional<LRESULT>(0) : std::nullopt;
     });
+    tip_.emplace(Window(), [this](POINT point) { return TipAt(point); });
 }
 
 /// Ctrl with Left and Right sorts by the column beside, with Up and Down up and down. The list
@@ -70,6 +94,13 @@ void RuleListView::AddColumns(const std::vector<RuleColumn>& columns, int dpi) {
     }
 }
 
+void RuleListView::Place(const RECT& area) const {
+    ::MoveWindow(Window(), area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 TRUE);
+    // With frame and header, whose ends not every platform draws anew where they have moved.
+    ::RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
 void RuleListView::Scale(int dpi, int formerDpi) const {
     const int count = Header_GetItemCount(ListView_GetHeader(Window()));
     for (int column = 0; column < count; ++column) {
@@ -99,6 +130,8 @@ void RuleListView::Reflect() {
     ShowOrder();
     if (const auto row = editor_.SelectedRow()) {
         SelectRow(*row);
+    } else if (HasSelection()) {
+        ClearSelection();
     }
 }
 
@@ -148,20 +181,45 @@ void RuleListView::SelectRow(std::size_t row) const {
     ListView_EnsureVisible(Window(), index, FALSE);
 }
 
+void RuleListView::ClearSelection() const {
+    const int row = ListView_GetNextItem(Window(), -1, LVNI_SELECTED);
+    ListView_SetItemState(Window(), row, 0, LVIS_SELECTED);
+}
+
+void RuleListView::OnItemChanged(const NMLISTVIEW& change) {
+    const bool isSelected = (change.uNewState & LVIS_SELECTED) != 0;
+    const bool wasSelected = (change.uOldState & LVIS_SELECTED) != 0;
+    if (isShowing_ || isSelected == wasSelected) {
+        return;
+    }
+    if (wasSelected) {
+        events_.SelectionLeft();
+    } else if (change.iItem >= 0) {
+        events_.RowClicked(static_cast<std::size_t>(change.iItem));
+    }
+}
+
+/// Typed digits go to the row with that number, other characters nowhere.
+int RuleListView::FindTyped(const NMLVFINDITEMW& wanted) const {
+    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0) {
+        return -1;
+    }
+    const TextView typed(reinterpret_cast<const char16_t*>(wanted.lvfi.psz));
+    const auto from = static_cast<std::size_t>(std::max(0, wanted.iStart));
+    const auto row = editor_.Rows().FindNumberFrom(from, typed);
+    return row ? static_cast<int>(*row) : -1;
+}
+
 LRESULT RuleListView::OnNotify(NMHDR& header) {
     switch (header.code) {
     case LVN_GETDISPINFOW:
         FillCell(reinterpret_cast<NMLVDISPINFOW&>(header).item);
         return 0;
-    case LVN_ITEMCHANGED: {
-        const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
-        const bool isSelected =
-            (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
-        if (isSelected && change.iItem >= 0 && !isShowing_) {
-            events_.RowClicked(static_cast<std::size_t>(change.iItem));
-        }
+    case LVN_ITEMCHANGED:
+        OnItemChanged(reinterpret_cast<const NMLISTVIEW&>(header));
         return 0;
-    }
+    case LVN_ODFINDITEMW:
+        return FindTyped(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case NM_CLICK: {
         // A click on the selected row changes no selection, but shows its rule again.
         const auto& click = reinterpret_cast<const NMITEMACTIVATE&>(header);
@@ -194,6 +252,28 @@ void RuleListView::FillCell(LVITEMW& item) {
     }
 }
 
+/// The text of a cell that is cut off.
+std::optional<Win::HoverTip::Tip> RuleListView::TipAt(POINT point) const {
+    LVHITTESTINFO hit{};
+    hit.pt = point;
+    const int row = ListView_SubItemHitTest(Window(), &hit);
+    if (row < 0 || static_cast<std::size_t>(row) >= editor_.Rows().Count()) {
+        return std::nullopt;
+    }
+    RECT room{};
+    RECT cell{};
+    ::GetClientRect(Window(), &room);
+    ListView_GetSubItemRect(Window(), row, hit.iSubItem, LVIR_LABEL, &cell);
+    const Text text = editor_.Rows().CellText(static_cast<std::size_t>(row),
+                                              static_cast<std::size_t>(hit.iSubItem));
+    RECT seen{};
+    ::IntersectRect(&seen, &cell, &room);
+    if (CellWidth(rowFont_, text) <= seen.right - seen.left) {
+        return std::nullopt;
+    }
+    return Win::HoverTip::Tip{text, seen};
+}
+
 LRESULT RuleListView::CustomDraw(NMLVCUSTOMDRAW& draw) const {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
         return CDRF_NOTIFYITEMDRAW;
@@ -209,7 +289,7 @@ LRESULT RuleListView::CustomDraw(NMLVCUSTOMDRAW& draw) const {
         const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
         const bool isSelected =
             ListView_GetItemState(Window(), row, LVIS_SELECTED) == LVIS_SELECTED;
-        draw.clrTextBk = ::GetSysColor(isSelected ? COLOR_BTNFACE : COLOR_WINDOW);
+        draw.clrTextBk = isSelected ? FaintSelectionColor() : ::GetSysColor(COLOR_WINDOW);
     }
     ::SelectObject(draw.nmcd.hdc, rowFont_.Get());
     return CDRF_NEWFONT;

@@ -13,9 +13,13 @@
 #include "editor/rules/RuleColumns.h"
 #include "editor/rules/RuleEditor.h"
 #include "editor/windows/Controls.h"
+#include "win/HoverTip.h"
 #include "win/Subclass.h"
 
 namespace Quorvane::Editor {
+
+/// What a text takes in a cell of the list, in pixels.
+int CellWidth(const DialogFont& font, TextView text);
 
 /// The list asks the editor for the texts of the rows that it shows, so that no number of rules is
 /// too many.
@@ -24,6 +28,8 @@ class RuleListView {
     /// What the user does in the list.
     struct Events {
         std::function<void(std::size_t row)> RowClicked;
+        /// A row has lost the selection, it may be for another one.
+        std::function<void()> SelectionLeft;
         std::function<void(std::size_t column)> HeaderClicked;
         /// By keyboard: Ctrl with an arrow key.
         std::function<void(RuleOrder order)> OrderChosen;
@@ -41,11 +47,17 @@ class RuleListView {
     /// The width in which no column is cut off, with room for a scroll bar.
     int NaturalWidth() const;
 
+    /// Moves the list in its window, in pixels.
+    void Place(const RECT& area) const;
+
     /// Scales the columns, which the user may have changed, from one resolution to another.
     void Scale(int dpi, int formerDpi) const;
 
     /// Shows the rows as the editor has them, the selected one in view.
     void Reflect();
+
+    /// Whether a row is highlighted.
+    bool HasSelection() const noexcept { return ListView_GetSelectedCount(Window()) != 0; }
 
     /// Handles a notification of the list.
     LRESULT OnNotify(NMHDR& header);
@@ -56,7 +68,11 @@ class RuleListView {
     void ShowColumn(std::size_t column) const;
     bool TakesKey(WPARAM key) const;
     void SelectRow(std::size_t row) const;
+    void ClearSelection() const;
+    void OnItemChanged(const NMLISTVIEW& change);
+    int FindTyped(const NMLVFINDITEMW& wanted) const;
     void FillCell(LVITEMW& item);
+    std::optional<Win::HoverTip::Tip> TipAt(POINT point) const;
     LRESULT CustomDraw(NMLVCUSTOMDRAW& draw) const;
 
     const RuleEditor& editor_;
@@ -64,6 +80,7 @@ class RuleListView {
     const DialogFont& rowFont_;
     Win::ChildWindow window_;
     std::optional<Win::Subclass> keys_;
+    std::optional<Win::HoverTip> tip_;
     /// The text of the cell that was asked for last; the list copies it.
     Text cell_;
     /// Whether what the list reports now comes from the editor and not from the user.

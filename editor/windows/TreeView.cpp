@@ -21,9 +21,13 @@ bool IsMoveKey(WORD key) {
 void TreeView::Create(HWND parent, UINT id, const DialogFont& font, HIMAGELIST images) {
     window_ = MakeControl(parent, WC_TREEVIEWW, {},
                           WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT |
-                              TVS_EDITLABELS | TVS_SHOWSELALWAYS,
+                              TVS_EDITLABELS | TVS_SHOWSELALWAYS | TVS_NOTOOLTIPS,
                           id, font, WS_EX_CLIENTEDGE);
     ShowImages(images);
+    tip_.emplace(Window(), [this](POINT point) { return TipAt(point); });
+}
+
+void TreeView::ShowNodes() {
     if (root_) {
         Show(*root_);
     }
@@ -36,6 +40,7 @@ void TreeView::ShowImages(HIMAGELIST images) const noexcept {
 void TreeView::Destroy() noexcept {
     const Win::Raised showing(isShowing_);
     items_.clear();
+    tip_.reset();
     window_.Reset();
 }
 
@@ -126,6 +131,11 @@ void TreeView::Select(const TreeNode& node) {
     if (window_) {
         const Win::Raised showing(isShowing_);
         TreeView_SelectItem(Window(), ItemOf(node));
+        const TreeNode* last = &node;
+        while (last->Expanded && !last->Children.empty()) {
+            last = last->Children.back().get();
+        }
+        TreeView_EnsureVisible(Window(), ItemOf(*last));
         TreeView_EnsureVisible(Window(), ItemOf(node));
     }
 }
@@ -172,6 +182,34 @@ TreeNode* TreeView::ClickedNode() const {
     return (hit.flags & TVHT_ONITEM) != 0 ? NodeOf(item) : nullptr;
 }
 
+RECT TreeView::LabelArea(HTREEITEM item) const {
+    RECT area{};
+    // The message takes the item where it puts the place.
+    *reinterpret_cast<HTREEITEM*>(&area) = item;
+    const bool isSeen =
+        ::SendMessageW(Window(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area)) != 0;
+    return isSeen ? area : RECT{};
+}
+
+/// What a node tells, or its label where that is cut off.
+std::optional<Win::HoverTip::Tip> TreeView::TipAt(POINT point) const {
+    TVHITTESTINFO hit{};
+    hit.pt = point;
+    auto* const item = TreeView_HitTest(Window(), &hit);
+    TreeNode* const node = (hit.flags & TVHT_ONITEM) != 0 ? NodeOf(item) : nullptr;
+    if (!node || IsEditing()) {
+        return std::nullopt;
+    }
+    RECT room{};
+    ::GetClientRect(Window(), &room);
+    const RECT area = LabelArea(item);
+    Text told = events_.OnTip(*node);
+    if (told.empty() && area.right > room.right) {
+        told = node->Caption;
+    }
+    return Win::HoverTip::Tip{std::move(told), area};
+}
+
 LRESULT TreeView::OnNotify(NMHDR& header) {
     switch (header.code) {
     case TVN_SELCHANGEDW: {
@@ -203,6 +241,9 @@ LRESULT TreeView::OnNotify(NMHDR& header) {
         }
         return 0;
     }
+    case NM_SETFOCUS:
+        events_.OnFocus();
+        return 0;
     case TVN_KEYDOWN:
         if (IsMoveKey(reinterpret_cast<const NMTVKEYDOWN&>(header).wVKey)) {
             events_.OnMoveKey();

@@ -6,10 +6,12 @@
 
 #include <commctrl.h>
 
+#include <optional>
 #include <unordered_map>
 
 #include "editor/page/TreeControl.h"
 #include "editor/windows/Controls.h"
+#include "win/HoverTip.h"
 
 namespace Quorvane::Editor {
 
@@ -18,6 +20,9 @@ class TreeEvents {
   public:
     /// A node has been selected, or the selected one clicked.
     virtual void OnNodeClick(TreeNode& node) = 0;
+
+    /// The tree has the keyboard now.
+    virtual void OnFocus() = 0;
 
     /// A key that moves in the tree has been typed, and is about to do so.
     virtual void OnMoveKey() = 0;
@@ -28,19 +33,26 @@ class TreeEvents {
     /// The edit of a label has ended with a text: whether it was accepted. It may be told twice.
     virtual bool OnAfterLabelEdit(TreeNode& node, TextView label) = 0;
 
+    /// The mouse rests on a node: what it tells, empty for nothing.
+    virtual Text OnTip(TreeNode& node) = 0;
+
   protected:
     ~TreeEvents() = default;
 };
 
-/// Nodes can be shown before there is a window; it shows them when it is made. Whoever hands it
+/// Nodes can be shown before there is a window. Whoever hands it
 /// notifications keeps it alive while it handles one.
 class TreeView final : public TreeControl {
   public:
     explicit TreeView(TreeEvents& events) noexcept : events_(events) {}
 
-    /// Makes the window. The images outlive it. Throws std::system_error.
+    /// Makes the window, which shows nothing yet. The images outlive it. Throws std::system_error.
     void Create(HWND parent, UINT id, const DialogFont& font, HIMAGELIST images);
     void Destroy() noexcept;
+
+    /// Shows the nodes that it was given before there was a window. The window has its place: one
+    /// without a size would scroll to whatever it shows.
+    void ShowNodes();
 
     HWND Window() const noexcept { return window_.Get(); }
 
@@ -72,10 +84,13 @@ class TreeView final : public TreeControl {
     TreeNode* NodeOf(HTREEITEM item) const;
     TreeNode* ClickedNode() const;
     bool IsOutdatedEdit(const TreeNode& node);
+    RECT LabelArea(HTREEITEM item) const;
+    std::optional<Win::HoverTip::Tip> TipAt(POINT point) const;
     static LRESULT CustomDraw(NMTVCUSTOMDRAW& draw);
 
     TreeEvents& events_;
     Win::ChildWindow window_;
+    std::optional<Win::HoverTip> tip_;
     TreeNode* root_ = nullptr;
     std::unordered_map<const TreeNode*, HTREEITEM> items_;
     /// Whether what the tree reports now comes from the page and not from the user.

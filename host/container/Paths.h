@@ -3,9 +3,11 @@
 #pragma once
 
 #include <filesystem>
+#include <string_view>
 
 #include "com/Scoped.h"
 #include "shared/Text.h"
+#include "win/WideText.h"
 
 namespace Quorvane::Host {
 
@@ -14,8 +16,9 @@ inline Text PathText(const std::filesystem::path& path) {
     return Text(Com::View(path.c_str(), path.native().size()));
 }
 
-inline std::filesystem::path ToPath(const Text& text) {
-    return Com::Wide(text);
+/// A path of all characters of a text, zeros included.
+inline std::filesystem::path ToPath(TextView text) {
+    return std::wstring_view(Win::Characters(text), text.size());
 }
 
 } // namespace Quorvane::Host

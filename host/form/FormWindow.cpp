@@ -111,9 +111,14 @@ void FormWindow::Arrange() {
     const RECT area = Win::ClientArea(Get());
     const int panel = std::min(Scaled(PanelWidth), static_cast<int>(area.right) / 2);
     const int form = area.right - panel;
-    ::MoveWindow(surface_->Get(), 0, 0, form, area.bottom, TRUE);
-    ::MoveWindow(grid_->Get(), form, 0, panel, area.bottom, TRUE);
-    ::MoveWindow(runPanel_->Get(), form, 0, panel, area.bottom, TRUE);
+    // What is at the new place is drawn there: at the old one lies a neighbour by then.
+    const auto place = [&area](HWND window, int left, int width) {
+        ::SetWindowPos(window, nullptr, left, 0, width, area.bottom,
+                       SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    };
+    place(surface_->Get(), 0, form);
+    place(grid_->Get(), form, panel);
+    place(runPanel_->Get(), form, panel);
 }
 
 // Dialog keys report a button that they press to this window, whatever window the button is in.

@@ -2,6 +2,8 @@
 // BatchFiles: the two files that a control writes when it tabulates its response.
 #include "host/formfile/BatchFiles.h"
 
+#include "host/formfile/FilePath.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -33,7 +35,7 @@ std::size_t AppendNumbers(std::string_view line, std::vector<double>& numbers) {
 
 std::vector<double> ReadRows(const std::filesystem::path& path, std::size_t width) {
     std::ifstream file(path);
-    if (!file) {
+    if (!file || !IsFilePath(path)) {
         throw std::runtime_error("The batch wrote no file " + path.filename().string() + ".");
     }
     std::vector<double> numbers;

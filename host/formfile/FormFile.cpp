@@ -2,6 +2,8 @@
 // FormFile: the property list, and form files on disk.
 #include "host/formfile/FormFile.h"
 
+#include "host/formfile/FilePath.h"
+
 #include <algorithm>
 #include <array>
 #include <fstream>
@@ -21,6 +23,12 @@ template <class Items>
 auto FindKey(Items& items, TextView key) {
     return std::find_if(items.begin(), items.end(),
                         [&](const FormProperty& item) { return SameName(item.Key, key); });
+}
+
+void RequireFilePath(const std::filesystem::path& path) {
+    if (!IsFilePath(path)) {
+        throw FormFileError(0, "the path has a zero character");
+    }
 }
 
 } // namespace
@@ -83,6 +91,7 @@ bool IsPlacementKey(TextView key) {
 }
 
 FormFile ReadFormFile(const std::filesystem::path& path) {
+    RequireFilePath(path);
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     if (error) {
@@ -100,6 +109,7 @@ FormFile ReadFormFile(const std::filesystem::path& path) {
 }
 
 void SaveFormFile(const std::filesystem::path& path, const FormFile& form) {
+    RequireFilePath(path);
     const std::string bytes = WriteFormFile(form);
     std::filesystem::path temporary = path;
     temporary += ".new";

@@ -19,10 +19,15 @@ constexpr int MaximumNesting = 8;
 // a limit, looking for duplicates in a large file could take hours.
 constexpr std::size_t MaximumCount = 1000;
 
+/// Counts lines as FormLine does: one ends in either character, or in both.
 int LineOfOffset(std::string_view bytes, std::size_t offset) {
-    const auto lineFeeds =
-        std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
-    return static_cast<int>(lineFeeds) + 1;
+    const std::string_view before = bytes.substr(0, offset);
+    int line = 1;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const bool isPair = bytes.substr(i).starts_with("\r\n");
+        line += before[i] == '\n' || (before[i] == '\r' && !isPair) ? 1 : 0;
+    }
+    return line;
 }
 
 Text Decode(std::string_view utf8) {

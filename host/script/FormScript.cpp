@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "host/container/Paths.h"
+#include "host/formfile/FilePath.h"
 #include "host/formfile/Utf8.h"
 
 namespace Quorvane::Host {
@@ -19,6 +20,9 @@ FormScript ReadScript(const std::filesystem::path& path) {
     FormScript script{path, ScriptHost::EngineFor(PathText(path.extension())), {}};
     if (script.Engine.empty()) {
         Refuse(path, "is neither .vbs nor .js");
+    }
+    if (!IsFilePath(path)) {
+        Refuse(path, "has a zero character in its name");
     }
     std::ifstream stream(path, std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(stream), {});

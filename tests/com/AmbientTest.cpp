@@ -2,7 +2,11 @@
 // Design and run mode, language and errors of a form's ambient properties.
 #include <olectl.h>
 
+#include <algorithm>
+
 #include "tests/com/support/ControlTest.h"
+#include "tests/com/support/TestFont.h"
+#include "tests/com/support/ValueObject.h"
 
 namespace Quorvane {
 namespace {
@@ -76,6 +80,95 @@ TEST_F(AmbientProperties, ReportAFailureToTheHost) {
     EXPECT_EQ(placed->put_DataShow(VARIANT_TRUE), RPC_E_DISCONNECTED);
     EXPECT_EQ(SetText(*placed, &_FISControl::put_Rules, u""), RPC_E_DISCONNECTED);
     EXPECT_EQ(placed->Fire(), S_OK) << "a cycle does not ask for the mode";
+}
+
+/// What hosts answer to a property that they do not offer, besides DISP_E_MEMBERNOTFOUND.
+constexpr HRESULT NotOffered[] = {
+    E_FAIL,
+    E_NOTIMPL,
+    E_INVALIDARG,
+    E_UNEXPECTED,
+    E_POINTER,
+    E_NOINTERFACE,
+    DISP_E_UNKNOWNNAME,
+    DISP_E_EXCEPTION,
+    DISP_E_TYPEMISMATCH,
+    DISP_E_BADPARAMCOUNT,
+    DISP_E_PARAMNOTFOUND,
+    static_cast<HRESULT>(0x80131515), // the common runtime's "not supported"
+    static_cast<HRESULT>(0x80131604), // and its "the target threw"
+    CTL_E_GETNOTSUPPORTED,
+};
+
+/// What tells of trouble, where the control cannot know what the host wants.
+constexpr HRESULT Troubles[] = {
+    E_OUTOFMEMORY,        E_ACCESSDENIED,
+    RPC_E_DISCONNECTED,   RPC_E_CALL_REJECTED,
+    RPC_E_SERVERFAULT,    static_cast<HRESULT>(0x800706BA), // the server is unavailable
+    CO_E_OBJNOTCONNECTED,
+};
+
+constexpr DISPID Asked[] = {DISPID_AMBIENT_FONT, DISPID_AMBIENT_BACKCOLOR, DISPID_AMBIENT_LOCALEID,
+                            DISPID_AMBIENT_USERMODE, DISPID_AMBIENT_UIDEAD};
+
+TEST_F(AmbientProperties, AreNotOfferedWhereTheHostAnswersWithAFailure) {
+    for (const HRESULT answer : NotOffered) {
+        const auto placed = Place(true);
+        for (const DISPID property : Asked) {
+            placed.Site->Failures[property] = answer;
+        }
+        EXPECT_EQ(InitNew(placed.Control), S_OK) << std::hex << answer;
+        EXPECT_TRUE(IsInRunMode(*placed)) << std::hex << answer;
+        EXPECT_EQ(LoadSystem(placed, Adder), S_OK) << std::hex << answer;
+        EXPECT_EQ(FireWith(placed, 1), 129) << std::hex << answer;
+        EXPECT_EQ(As<IOleControl>(placed)->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+        const auto bag = Com::MakeObject<TestBag>();
+        EXPECT_EQ(As<IPersistPropertyBag>(placed)->Save(bag.Get(), TRUE, FALSE), S_OK);
+    }
+}
+
+TEST_F(AmbientProperties, AreNotOfferedWhereTheirValuesSayNothing) {
+    const auto self = Com::MakeObject<ValueObject>(Com::Variant());
+    self->Value = self->AsVariant();
+    const Com::Variant values[] = {Bare(VT_NULL),
+                                   Bare(VT_ERROR),
+                                   ArrayValue(),
+                                   TextValue(u"what"),
+                                   self->AsVariant(),
+                                   Com::Variant(1E300),
+                                   Com::Variant(static_cast<IDispatch*>(nullptr))};
+    for (const Com::Variant& value : values) {
+        const auto placed = Place(true);
+        for (const DISPID property : Asked) {
+            placed.Site->Ambients[property] = value;
+        }
+        EXPECT_EQ(LoadSystem(placed, Adder), S_OK) << Describe(value);
+        EXPECT_EQ(FireWith(placed, 1), 129) << Describe(value);
+        EXPECT_EQ(As<IOleControl>(placed)->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+    }
+    self->Value = Com::Variant();
+}
+
+TEST_F(AmbientProperties, FailAStartWhereTheHostIsInTrouble) {
+    for (const HRESULT trouble : Troubles) {
+        for (const DISPID property : {DISPID_AMBIENT_FONT, DISPID_AMBIENT_LOCALEID}) {
+            const auto placed = Place(false);
+            placed.Site->Failures[property] = trouble;
+            EXPECT_EQ(InitNew(placed.Control), trouble) << property;
+            EXPECT_EQ(LoadSystem(placed, Adder), trouble) << property;
+            placed.Site->Failures.clear();
+            EXPECT_EQ(LoadSystem(placed, Adder), S_OK) << property;
+        }
+    }
+}
+
+TEST_F(AmbientProperties, AreNotAskedForAFontThatTheBagHas) {
+    const auto placed = Place(true);
+    const auto bag = Com::MakeObject<TestBag>(PropertiesOf(Adder));
+    bag->Values[u"Font"] = Com::Variant(static_cast<IDispatch*>(NewFont(20).Get()));
+    placed.Site->Failures[DISPID_AMBIENT_FONT] = E_OUTOFMEMORY;
+    EXPECT_EQ(LoadFrom(placed.Control, *bag), S_OK);
+    EXPECT_EQ(std::ranges::count(placed.Site->Asked, DISPID_AMBIENT_FONT), 0);
 }
 
 TEST_F(AmbientProperties, EndALoadWhereTheyFail) {

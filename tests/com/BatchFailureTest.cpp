@@ -74,6 +74,19 @@ TEST_F(BatchFailure, IsAPathThatIsNone) {
     EXPECT_EQ(Folder().Names(), std::vector<std::string>{"file"});
 }
 
+TEST_F(BatchFailure, IsAPathWithAZeroCharacter) {
+    // The platform reads a path as far as its first zero, so this one would name the victim.
+    const auto placed = Run(Adder);
+    Folder().Write("victim.dat", "kept");
+    for (const Text& end : {Text(1, u'\0'), Text(2, u'\0'), u'\0' + Text(u"\\folder")}) {
+        FailBatch(placed, Folder().Path() + u"\\victim.dat" + end, 1);
+        FailBatch(placed, Folder().Path() + end, 1);
+    }
+    FailBatch(placed, Text(1, u'\0'), 1);
+    EXPECT_EQ(Folder().Read("victim.dat"), "kept");
+    EXPECT_EQ(Folder().Names(), std::vector<std::string>{"victim.dat"});
+}
+
 TEST_F(BatchFailure, IsAnEmptyPath) {
     const auto placed = Run(Adder);
     wchar_t before[MAX_PATH]{};

@@ -3,9 +3,13 @@
 #include <xmmintrin.h>
 
 #include <cstdint>
+#include <functional>
+#include <map>
+#include <set>
 
 #include "tests/com/support/BatchTest.h"
 #include "tests/com/support/HostDictionary.h"
+#include "tests/com/support/ValueObject.h"
 
 namespace Quorvane {
 namespace {
@@ -168,6 +172,131 @@ TEST_F(HostArithmetic, IsTheHostsInWhatABatchCalls) {
     EXPECT_EQ(seen, std::vector<unsigned>(4, TowardZero));
     EXPECT_EQ(seenX87, std::vector<unsigned>(2, X87ChoiceOfHost::TowardZero));
     ExpectFiles(inData, outData);
+}
+
+/// What code of a host has seen of the arithmetic, by where it ran.
+class Sightings {
+  public:
+    std::function<void()> At(const char* place) {
+        return [this, place] { seen_[place].insert(ChoiceNow()); };
+    }
+
+    /// Each of the places must have been there, and have seen the host's choice only.
+    void ExpectOnly(unsigned choice, std::initializer_list<const char*> places) const {
+        for (const char* const place : places) {
+            const auto found = seen_.find(place);
+            ASSERT_NE(found, seen_.end()) << place << " did not run";
+            EXPECT_EQ(found->second, std::set<unsigned>{choice}) << place;
+        }
+        EXPECT_EQ(seen_.size(), places.size());
+    }
+
+  private:
+    std::map<std::string, std::set<unsigned>> seen_;
+};
+
+std::function<void(const Text&)> ForAnyKey(std::function<void()> handler) {
+    return [handler = std::move(handler)](const Text&) { handler(); };
+}
+
+/// An object that computes when it ends.
+class LastWords final : public InvokeOnly<> {
+  public:
+    explicit LastWords(std::function<void()> words) : words_(std::move(words)) {}
+    ~LastWords() override { words_(); }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                        UINT*) noexcept override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+
+  private:
+    std::function<void()> words_;
+};
+
+Com::Variant NewLastWords(std::function<void()> words) {
+    return Com::Variant(
+        static_cast<IDispatch*>(Com::MakeObject<LastWords>(std::move(words)).Get()));
+}
+
+/// A view sink that looks when it is told of a change.
+class ViewSink final : public Com::ComObject<IAdviseSink> {
+  public:
+    explicit ViewSink(std::function<void()> look) : look_(std::move(look)) {}
+    STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) noexcept override {}
+    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) noexcept override { look_(); }
+    STDMETHODIMP_(void) OnRename(IMoniker*) noexcept override {}
+    STDMETHODIMP_(void) OnSave() noexcept override {}
+    STDMETHODIMP_(void) OnClose() noexcept override {}
+
+  private:
+    std::function<void()> look_;
+};
+
+TEST_F(HostArithmetic, IsTheHostsInWhateverACycleCalls) {
+    Sightings seen;
+    const auto placed = Run(Thirds);
+    const auto view = Com::MakeObject<ViewSink>(seen.At("a view sink"));
+    EXPECT_EQ(As<IViewObject>(placed)->SetAdvise(DVASPECT_CONTENT, 0, view.Get()), S_OK);
+    EXPECT_EQ(placed->put_DataShow(VARIANT_TRUE), S_OK);
+    const auto input = Com::MakeObject<ValueObject>(Com::Variant(1.0));
+    input->OnRead = seen.At("an input's default property");
+    const auto inputs = Com::MakeObject<HostDictionary>();
+    PutItem(*inputs, u"X", input->AsVariant().Get());
+    inputs->OnExists = ForAnyKey(seen.At("a question to a dictionary"));
+    inputs->OnGet = ForAnyKey(seen.At("an item of a dictionary"));
+    EXPECT_EQ(placed->putref_InVals(inputs.Get()), S_OK);
+    const auto errors = Com::MakeObject<HostDictionary>();
+    errors->OnExists = ForAnyKey(seen.At("the error outputs"));
+    EXPECT_EQ(placed->putref_ErrOutVals(errors.Get()), S_OK);
+    FireIn(TowardZero, placed);
+    input->Value = TextValue(u"none");
+    PutItem(OutVals(placed), u"Y", NewLastWords(seen.At("an output that goes")));
+    FireIn(TowardZero, placed);
+    seen.ExpectOnly(TowardZero,
+                    {"a view sink", "an input's default property", "a question to a dictionary",
+                     "an item of a dictionary", "the error outputs", "an output that goes"});
+    EXPECT_EQ(As<IViewObject>(placed)->SetAdvise(0, 0, nullptr), S_OK);
+}
+
+TEST_F(HostArithmetic, IsTheHostsInTheDefaultsAndTheOutputsOfABatch) {
+    Sightings seen;
+    const auto placed = Run({Thirds.Inputs, Thirds.Outputs, u"X>Low/Y<Zero;Z<[NONE]:1"});
+    const auto standard = Com::MakeObject<ValueObject>(Com::Variant(0.25));
+    standard->OnRead = seen.At("the default property of an output");
+    const auto defaults = Com::MakeObject<HostDictionary>();
+    PutItem(*defaults, u"Y", Com::Variant(1.0).Get());
+    PutItem(*defaults, u"Z", standard->AsVariant().Get());
+    defaults->OnGet = ForAnyKey(seen.At("the defaults"));
+    {
+        const HostArithmeticState host(TowardZero);
+        EXPECT_EQ(placed->putref_DefOutVals(defaults.Get()), S_OK);
+        CallBatchData(placed, Folder().Path(), 1);
+    }
+    seen.ExpectOnly(TowardZero, {"the default property of an output", "the defaults"});
+    ExpectFiles("0\r\n3\r\n", "0 0.25 \r\n1 0.25 \r\n");
+}
+
+TEST_F(HostArithmetic, IsTheHostsInWhateverAStartCalls) {
+    Sightings seen;
+    const auto placed = Run(Thirds);
+    {
+        const auto inputs = Com::MakeObject<HostDictionary>();
+        PutItem(*inputs, u"X", NewLastWords(seen.At("a dictionary that goes")).Get());
+        EXPECT_EQ(placed->putref_InVals(inputs.Get()), S_OK);
+    }
+    placed.Site->OnAsked = [look = seen.At("the site")](DISPID) { look(); };
+    const auto bag = Com::MakeObject<TestBag>(PropertiesOf(Thirds));
+    bag->OnRead = ForAnyKey(seen.At("the bag"));
+    const auto view = Com::MakeObject<ViewSink>(seen.At("a view sink"));
+    EXPECT_EQ(As<IViewObject>(placed)->SetAdvise(DVASPECT_CONTENT, 0, view.Get()), S_OK);
+    {
+        const HostArithmeticState host(TowardZero);
+        EXPECT_EQ(LoadFrom(placed.Control, *bag), S_OK);
+        EXPECT_EQ(InitNew(placed.Control), S_OK);
+    }
+    seen.ExpectOnly(TowardZero, {"a dictionary that goes", "the site", "the bag", "a view sink"});
+    placed.Site->OnAsked = {};
+    EXPECT_EQ(As<IViewObject>(placed)->SetAdvise(0, 0, nullptr), S_OK);
 }
 
 TEST_F(HostArithmetic, KeepsWhatAHandlerChooses) {

@@ -4,6 +4,7 @@
 
 #include "tests/com/support/ControlTest.h"
 #include "tests/com/support/TestFont.h"
+#include "tests/com/support/ValueObject.h"
 
 namespace Quorvane {
 namespace {
@@ -176,6 +177,48 @@ TEST_F(PropertyBagLoad, EndsAtAValueThatDoesNotConvert) {
         EXPECT_TRUE(FAILED(LoadOne(placed, name, value))) << Narrow(name) << ' ' << Describe(value);
         EXPECT_EQ(LoadSystem(placed, Adder), S_OK) << "the next load works";
     }
+}
+
+/// Containers word it in their own ways that a bag lacks a property.
+TEST_F(PropertyBagLoad, TakesTheDefaultForWhatTheBagLacks) {
+    constexpr HRESULT answers[] = {E_FAIL,
+                                   E_INVALIDARG,
+                                   S_FALSE,
+                                   DISP_E_MEMBERNOTFOUND,
+                                   DISP_E_UNKNOWNNAME,
+                                   STG_E_FILENOTFOUND,
+                                   HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)};
+    for (const HRESULT answer : answers) {
+        const auto placed = Place(true);
+        const auto bag = FullBag(Adder);
+        for (const TextView name : {u"Caption", u"Font", u"BackColor", u"ForeColor", u"Enabled"}) {
+            bag->Failures[Text(name)] = answer;
+        }
+        EXPECT_EQ(LoadFrom(placed.Control, *bag), S_OK) << std::hex << answer;
+        EXPECT_EQ(Caption(placed), u"Quorvane Inference System") << std::hex << answer;
+        EXPECT_TRUE(Font(placed)) << std::hex << answer;
+        EXPECT_EQ(BackColor(placed), 0x80000005u) << std::hex << answer;
+        EXPECT_EQ(ForeColor(placed), 0x80000008u) << std::hex << answer;
+        EXPECT_TRUE(Enabled(placed)) << std::hex << answer;
+        EXPECT_EQ(FireWith(placed, 2), 130) << std::hex << answer;
+        for (const TextView name : {u"Inputs", u"Outputs", u"Rules"}) {
+            bag->Failures[Text(name)] = answer;
+        }
+        EXPECT_EQ(LoadFrom(placed.Control, *bag), S_OK) << std::hex << answer;
+        EXPECT_TRUE(SaveToBag(placed, false)->Values.empty()) << "the built-in system";
+    }
+}
+
+TEST_F(PropertyBagLoad, EndsAtAnObjectThatIsItsOwnDefault) {
+    const auto self = Com::MakeObject<ValueObject>(Com::Variant());
+    self->Value = self->AsVariant();
+    const auto placed = Place(true);
+    for (const TextView name : {u"Caption", u"BackColor", u"Enabled", u"Inputs"}) {
+        EXPECT_EQ(LoadOne(placed, name, self->AsVariant()), DISP_E_TYPEMISMATCH) << Narrow(name);
+    }
+    self->Value = TextValue(u"Boiler");
+    EXPECT_EQ(LoadOne(placed, u"Caption", self->AsVariant()), S_OK);
+    EXPECT_EQ(Caption(placed), u"Boiler");
 }
 
 TEST_F(PropertyBagLoad, EndsWhereTheBagFailsAndKeepsWhatItHasRead) {

@@ -114,9 +114,11 @@ TEST_F(PropertyBagSave, EndsWhereTheBagFails) {
 TEST_F(PropertyBagSave, MakesTheControlCleanWhenAskedTo) {
     const auto placed = New(false);
     const auto dirty = As<IPersistStreamInit>(placed);
+    EXPECT_EQ(dirty->IsDirty(), S_OK) << "nobody has kept the new control yet";
+    const auto bag = Com::MakeObject<TestBag>();
+    EXPECT_EQ(As<IPersistPropertyBag>(placed)->Save(bag.Get(), TRUE, FALSE), S_OK);
     EXPECT_EQ(dirty->IsDirty(), S_FALSE);
     ASSERT_EQ(placed->put_BackColor(1), S_OK);
-    const auto bag = Com::MakeObject<TestBag>();
     EXPECT_EQ(As<IPersistPropertyBag>(placed)->Save(bag.Get(), FALSE, FALSE), S_OK);
     EXPECT_EQ(dirty->IsDirty(), S_OK);
     EXPECT_EQ(As<IPersistPropertyBag>(placed)->Save(bag.Get(), TRUE, FALSE), S_OK);

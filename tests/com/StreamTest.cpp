@@ -50,6 +50,16 @@ class StreamPersistence : public ControlTest {
         return As<IPersistStreamInit>(placed)->Load(StreamOf(bytes).Get());
     }
 
+    static void SetExtent(const Placed& placed, SIZEL extent) {
+        EXPECT_EQ(As<IOleObject>(placed)->SetExtent(DVASPECT_CONTENT, &extent), S_OK);
+    }
+
+    static std::pair<LONG, LONG> ExtentOf(const Placed& placed) {
+        SIZEL extent{};
+        EXPECT_EQ(As<IOleObject>(placed)->GetExtent(DVASPECT_CONTENT, &extent), S_OK);
+        return {extent.cx, extent.cy};
+    }
+
     /// Loads what may be anything; the control must take a proper stream afterwards.
     static HRESULT LoadHostile(const Placed& placed, const Bytes& hostile, const Bytes& proper) {
         const HRESULT result = Load(placed, hostile);
@@ -94,10 +104,69 @@ TEST_F(StreamPersistence, KeepsTheSamePropertySetAsABag) {
 
 TEST_F(StreamPersistence, OfANewControlIsShortAndLoadsAsNew) {
     const Bytes bytes = Save(New(false));
-    EXPECT_LT(bytes.size(), 16u);
+    // The head, and two lengths of 24 bytes each: the extent.
+    EXPECT_EQ(bytes.size(), 8u + 2 * 24u);
     const auto loaded = Run(Adder);
     ASSERT_EQ(Load(loaded, bytes), S_OK);
     EXPECT_TRUE(SaveToBag(loaded, false)->Values.empty());
+}
+
+TEST_F(StreamPersistence, KeepsTheExtent) {
+    const auto placed = New(false);
+    SetExtent(placed, {5000, 4000});
+    const auto other = Place(true);
+    SetExtent(other, {100, 200});
+    ASSERT_EQ(Load(other, Save(placed)), S_OK);
+    EXPECT_EQ(ExtentOf(other), (std::pair<LONG, LONG>{5000, 4000}));
+    EXPECT_EQ(As<IPersistStreamInit>(other)->IsDirty(), S_FALSE);
+    ASSERT_EQ(Load(other, Save(New(false))), S_OK);
+    EXPECT_EQ(ExtentOf(other), (std::pair<LONG, LONG>{8467, 5292})) << "that of a new control";
+}
+
+/// What version 1.0.4 has written of a control with the caption "Old" and a background of 255.
+TEST_F(StreamPersistence, LoadsWhatFormerVersionsHaveWritten) {
+    const Bytes former = {
+        0x51, 0x56, 0x50, 0x42, 1,   0, 2,   0,                                         // head
+        9,    0,    'B',  0,    'a', 0, 'c', 0, 'k', 0, 'C', 0, 'o', 0, 'l', 0, 'o', 0, // a name
+        'r',  0,    3,    0,    255, 0, 0,   0,                                 // and its number
+        7,    0,    'C',  0,    'a', 0, 'p', 0, 't', 0, 'i', 0, 'o', 0, 'n', 0, // a name
+        8,    0,    3,    0,    0,   0, 'O', 0, 'l', 0, 'd', 0};                // and its text
+    const auto placed = Place(true);
+    SetExtent(placed, {100, 200});
+    ASSERT_EQ(Load(placed, former), S_OK);
+    EXPECT_EQ(GetText(*placed, &_FISControl::get_Caption), u"Old");
+    OLE_COLOR color = 0;
+    EXPECT_EQ(placed->get_BackColor(&color), S_OK);
+    EXPECT_EQ(color, 255u);
+    EXPECT_EQ(ExtentOf(placed), (std::pair<LONG, LONG>{100, 200})) << "the host's own";
+}
+
+TEST_F(StreamPersistence, RefusesAnExtentThatIsNone) {
+    const Bytes proper = Save(New(false));
+    const auto placed = Place(true);
+    Bytes negative = proper;
+    negative.back() = 0xFF;
+    EXPECT_EQ(Load(placed, negative), STG_E_DOCFILECORRUPT);
+    Bytes flag = proper;
+    // The type of the second length, before its four bytes.
+    flag[flag.size() - 6] = VT_BOOL;
+    EXPECT_TRUE(FAILED(Load(placed, flag)));
+    EXPECT_EQ(Load(placed, proper), S_OK);
+}
+
+TEST_F(StreamPersistence, IsNeededOfANewControlAndOfOneOfAnotherExtent) {
+    const auto placed = New(false);
+    const auto persistence = As<IPersistStreamInit>(placed);
+    EXPECT_EQ(persistence->IsDirty(), S_OK) << "a host that keeps what has changed keeps it";
+    Save(placed);
+    EXPECT_EQ(persistence->IsDirty(), S_FALSE);
+    SetExtent(placed, {8467, 5292});
+    EXPECT_EQ(persistence->IsDirty(), S_FALSE) << "the extent that it has";
+    SetExtent(placed, {8468, 5292});
+    EXPECT_EQ(persistence->IsDirty(), S_OK);
+    ASSERT_EQ(Load(placed, Save(placed)), S_OK);
+    EXPECT_EQ(persistence->IsDirty(), S_FALSE);
+    EXPECT_EQ(SaveToBag(placed, true)->Values.count(u"_ExtentX"), 0u) << "a bag is as it was";
 }
 
 TEST_F(StreamPersistence, ReadsItsOwnPartOfAStreamOnly) {

@@ -1,80 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Counts what a cycle allocates once it has run before: nothing.
-#include <malloc.h>
-
-#include <cstdlib>
-#include <new>
-
 #include "engine/Infer.h"
 #include "engine/PrepareRuleBase.h"
+#include "tests/core/Allocations.h"
 #include "tests/core/CoreTest.h"
-
-namespace {
-
-std::size_t allocationCount = 0;
-
-// Every form of operator new comes here, so every form of operator delete has to go to GiveBack.
-#ifdef _WIN32
-void* TakeMemory(std::size_t size, std::size_t alignment) {
-    return ::_aligned_malloc(size, alignment);
-}
-void GiveBack(void* memory) {
-    ::_aligned_free(memory);
-}
-#else
-void* TakeMemory(std::size_t size, std::size_t alignment) {
-    return std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
-}
-void GiveBack(void* memory) {
-    std::free(memory);
-}
-#endif
-
-void* Allocate(std::size_t size, std::size_t alignment = __STDCPP_DEFAULT_NEW_ALIGNMENT__) {
-    ++allocationCount;
-    if (void* const memory = TakeMemory(size != 0 ? size : 1, alignment)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    return Allocate(size);
-}
-
-void* operator new[](std::size_t size) {
-    return Allocate(size);
-}
-
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    return Allocate(size, static_cast<std::size_t>(alignment));
-}
-
-void operator delete(void* memory) noexcept {
-    GiveBack(memory);
-}
-
-void operator delete[](void* memory) noexcept {
-    GiveBack(memory);
-}
-
-void operator delete(void* memory, std::align_val_t) noexcept {
-    GiveBack(memory);
-}
-
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
-    GiveBack(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept {
-    GiveBack(memory);
-}
-
-void operator delete[](void* memory, std::size_t) noexcept {
-    GiveBack(memory);
-}
 
 namespace Quorvane {
 namespace {
@@ -144,16 +73,16 @@ TEST_P(AllocationTest, NoneInACycleThatHasRunBefore) {
         for (auto& [name, item] : values.Items) {
             item.Content = value;
         }
-        const std::size_t before = allocationCount;
+        const std::size_t before = Allocations::Made();
         RunTime::Infer();
-        return allocationCount - before;
+        return Allocations::Made() - before;
     };
     infer(1);
     // A flank, the top, a point of the shape, the same again, and outside, where no rule fires.
     for (const double value : {1.5, 3.0, 4.0, 4.0, 5.5, 9.0, -1.0, 0.5}) {
         EXPECT_EQ(infer(value), 0U) << value;
     }
-    EXPECT_GT(allocationCount, 0U) << "what is counted is what is used";
+    EXPECT_GT(Allocations::Made(), 0U) << "what is counted is what is used";
 }
 
 INSTANTIATE_TEST_SUITE_P(, AllocationTest,

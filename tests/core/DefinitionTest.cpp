@@ -94,6 +94,33 @@ TEST_F(DefinitionTest, ReleasingTheModelKeepsDefaultsTablesAndTexts) {
     EXPECT_TRUE(Definition::IsHeld());
 }
 
+TEST_F(DefinitionTest, GivingUpReleasesNothingAndKeepsTextsAndLanguage) {
+    Parse(u"X/1/0/A,0,0,1,1", u"Y/1/0/B,1", u"X>A/Y<B:1");
+    RunTime::PrepareRuleBase();
+    State().LanguageId = 2052;
+    State().HelpFile = u"help";
+    State().ErrorOutputValues = std::make_shared<OwnValueDictionary>(KeyComparison::Exact);
+    const std::weak_ptr<void> held[] = {State().InputValues, State().DefaultOutputValues,
+                                        State().OutputValues, State().ErrorOutputValues,
+                                        State().Tables};
+    const Text inputs = State().InputsText;
+    Definition::GiveUp();
+    for (const auto& dictionary : held) {
+        EXPECT_FALSE(dictionary.expired());
+    }
+    EXPECT_FALSE(State().InputVariables);
+    EXPECT_FALSE(State().InputValues);
+    EXPECT_FALSE(State().DefaultOutputValues);
+    EXPECT_FALSE(State().OutputValues);
+    EXPECT_FALSE(State().ErrorOutputValues);
+    EXPECT_FALSE(State().Tables);
+    EXPECT_EQ(State().InputsText, inputs);
+    EXPECT_EQ(State().HelpFile, u"help");
+    EXPECT_EQ(State().LanguageId, 2052);
+    Main::ParseDefinition();
+    EXPECT_TRUE(State().InputValues) << "the next thread goes on";
+}
+
 /// A host's dictionary that uses the process-wide state when it is released.
 std::shared_ptr<ValueDictionary> DictionaryWithLastWords(std::function<void()> lastWords) {
     return {new OwnValueDictionary(KeyComparison::Exact),

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -104,6 +105,42 @@ TEST(DisplayLayout, FillsTheHeightFromTheStripToTheStatusBar) {
             ASSERT_EQ(pixels.Status.Top + pixels.Status.Height, height);
         }
     }
+}
+
+TEST(DisplayLayout, CutsTheTextOfTheCaptionWhereTheStripEnds) {
+    DisplayLayout layout;
+    LayOut(layout, 1500, 3000, 2000);
+    const PixelLayout narrow = ToPixels(layout, 100, 200, 96);
+    EXPECT_EQ(narrow.Label, (PixelBox{6, 0, 200, 22}));
+    EXPECT_EQ(narrow.Caption, (PixelBox{6, 0, 94, 22}));
+    LayOut(layout, 1500, 3000, 500);
+    const PixelLayout wide = ToPixels(layout, 100, 200, 96);
+    EXPECT_EQ(wide.Caption, wide.Label);
+    LayOut(layout, 60, 3000, 2000);
+    EXPECT_EQ(ToPixels(layout, 4, 200, 96).Caption.Width, 0);
+}
+
+TEST(DisplayLayout, LaysTheStripOverTheListsAndTheseOverTheStatusBar) {
+    const auto level = [](Constituent constituent) {
+        return std::ranges::find(StackingOrder, constituent) - StackingOrder.begin();
+    };
+    EXPECT_EQ(level(Constituent::Strip), 0);
+    EXPECT_LT(level(Constituent::Input), level(Constituent::Output));
+    EXPECT_EQ(level(Constituent::Status), 3);
+}
+
+TEST(DisplayLayout, LengthsStayNumbersForASurfaceWithoutEnd) {
+    DisplayLayout layout;
+    LayOut(layout, 4e12F, 4e12F, 1e12F);
+    const PixelLayout pixels = ToPixels(layout, 1 << 27, 1 << 27, 20000);
+    for (const PixelBox& box : {pixels.Strip, pixels.Label, pixels.Input.Box, pixels.Output.Box}) {
+        EXPECT_GE(box.Left, 0);
+        EXPECT_LE(box.Top, 1 << 28);
+        EXPECT_LE(box.Height, 1 << 28);
+    }
+    EXPECT_GT(pixels.Strip.Width, 1 << 27);
+    EXPECT_GT(pixels.Input.Box.Height, 1 << 27);
+    EXPECT_GT(pixels.Input.ColumnWidth, 1 << 27);
 }
 
 } // namespace

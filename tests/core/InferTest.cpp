@@ -294,20 +294,63 @@ TEST_F(OutputValuesTest, AreWrittenWhateverAHostDoesToThem) {
 
 using ManyOutputsTest = CoreTest;
 
-/// It would take minutes to look all names up again for each of them.
-TEST_F(ManyOutputsTest, ComeBackWhenAHostHasRemovedThem) {
-    constexpr int Count = 20000;
-    const Text outputs = Listed(Count, u'|', [](const Text& i) { return u"O" + i + u"/4/0/P,3"; });
-    const Text consequents = Listed(Count, u';', [](const Text& i) {
+constexpr int ManyOutputs = 20000;
+
+/// Prepares a system of so many outputs, where every other one is at its default after a cycle.
+void PrepareManyOutputs() {
+    const Text outputs =
+        Listed(ManyOutputs, u'|', [](const Text& i) { return u"O" + i + u"/4/0/P,3"; });
+    const Text consequents = Listed(ManyOutputs, u';', [](const Text& i) {
         return u"O" + i + ((i.back() - u'0') % 2 == 0 ? u"<P" : u"<[NONE]");
     });
     Parse(u"X/8/0/A,0,0,8,8", outputs, u"X>A/" + consequents + u":1");
     RunTime::PrepareRuleBase();
+}
+
+/// It would take minutes to look all names up again for each of them.
+TEST_F(ManyOutputsTest, ComeBackWhenAHostHasRemovedThem) {
+    PrepareManyOutputs();
     State().OutputValues->Items.RemoveAll();
     RunTime::Infer();
-    ASSERT_EQ(State().OutputValues->Items.Count(), Count);
+    ASSERT_EQ(State().OutputValues->Items.Count(), ManyOutputs);
     EXPECT_TRUE(IsNumber(3, State().OutputValues->Get(u"O0")));
     EXPECT_TRUE(IsNumber(2, State().OutputValues->Get(u"O19999")));
+}
+
+TEST_F(ManyOutputsTest, ComeBackWithTheDefaultsOfAHost) {
+    PrepareManyOutputs();
+    const auto defaults = std::make_shared<ForeignDictionary>(KeyComparison::Exact);
+    for (const auto& [name, value] : State().OutputValues->Items) {
+        defaults->Put(name, 1.5);
+    }
+    State().DefaultOutputValues = defaults;
+    State().OutputValues->Items.RemoveAll();
+    RunTime::Infer();
+    ASSERT_EQ(State().OutputValues->Items.Count(), ManyOutputs);
+    EXPECT_TRUE(IsNumber(3, State().OutputValues->Get(u"O0")));
+    EXPECT_TRUE(IsNumber(1.5, State().OutputValues->Get(u"O19999")));
+}
+
+TEST_F(ManyOutputsTest, FollowAHostThatChangesThemAmongItsDefaults) {
+    Parse(Ramp, u"Y/4/0/P,3|Z/4/0/P,3", u"X>B/Y<P;Z<P:1");
+    RunTime::PrepareRuleBase();
+    const auto defaults =
+        std::make_shared<ForeignDictionary>(KeyComparison::Exact, [](TextView key) {
+            if (key == u"Z" && State().OutputValues->Items.Exists(u"Y")) {
+                State().OutputValues->Items.Rekey(u"Y", u"Former");
+                State().OutputValues->Put(u"Z", Text(u"mine"));
+            }
+        });
+    defaults->Put(u"Y", 1.0);
+    defaults->Put(u"Z", 2.0);
+    State().DefaultOutputValues = defaults;
+    State().OutputValues->Items.RemoveAll();
+    State().InputValues->Put(u"X", 0.0);
+    RunTime::Infer();
+    EXPECT_EQ(KeysOf(State().OutputValues->Items), (std::vector<Text>{u"Former", u"Z"}));
+    EXPECT_TRUE(IsNumber(2, State().OutputValues->Get(u"Z")));
+    RunTime::Infer();
+    EXPECT_TRUE(IsNumber(1, State().OutputValues->Get(u"Y")));
 }
 
 } // namespace

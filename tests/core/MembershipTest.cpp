@@ -144,6 +144,20 @@ TEST_F(MembershipTest, EveryValueIsOutsideBoundsTheWrongWayRound) {
     }
 }
 
+TEST_F(MembershipTest, ABoundThatIsNotANumberBoundsNothing) {
+    constexpr TrapezoidPoints Trapezoid = {2, 4, 8, 16};
+    // No value is below or above it, so the other bound alone counts.
+    EXPECT_TRUE(SameBits(0.5, Degree(Trapezoid, 3, NotANumber, 0)));
+    EXPECT_TRUE(SameBits(0.5, Degree(Trapezoid, 3, -NotANumber, 3)));
+    EXPECT_TRUE(SameBits(0, Degree(Trapezoid, 3, NotANumber, Above(3))));
+    EXPECT_TRUE(SameBits(0.5, Degree(Trapezoid, 3, 16, NotANumber)));
+    EXPECT_TRUE(SameBits(0, Degree(Trapezoid, 3, Below(3), NotANumber)));
+    EXPECT_TRUE(SameBits(1, Degree(Trapezoid, 5, NotANumber, NotANumber)));
+    for (const double x : {Infinity, -Infinity, NotANumber}) {
+        EXPECT_TRUE(SameBits(0, Degree(Trapezoid, x, NotANumber, NotANumber)));
+    }
+}
+
 TEST_F(MembershipTest, ASinglePointCanBeTheUniverse) {
     EXPECT_TRUE(SameBits(1, Degree({0, 4, 4, 8}, 4, 4, 4)));
     EXPECT_TRUE(SameBits(0, Degree({0, 4, 4, 8}, Above(4), 4, 4)));

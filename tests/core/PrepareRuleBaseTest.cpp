@@ -229,8 +229,7 @@ TEST_F(PlainTables, HoldInputsOfAnyRuleAndOutputsOfRuleZero) {
         EXPECT_EQ(last, Value(Text(u"[EMPTY]")));
     }
     EXPECT_EQ(KeysOf(tables.OutputValues), std::vector<Text>{u"Y"});
-    EXPECT_EQ(KeysOf(tables.Numerators), std::vector<Text>{u"Y"});
-    EXPECT_EQ(KeysOf(tables.Denominators), std::vector<Text>{u"Y"});
+    EXPECT_EQ(KeysOf(tables.Sums), std::vector<Text>{u"Y"});
     EXPECT_EQ(tables.Antecedents[1].At(u"U"), u"[NONE]");
     EXPECT_EQ(tables.Consequents[1].At(u"Y"), Value(Text(u"[NONE]")));
     EXPECT_EQ(tables.Consequents[1].At(u"Z"), Value(2.0));

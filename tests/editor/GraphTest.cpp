@@ -114,6 +114,75 @@ TEST_F(GraphTest, TheFrameHasCaptionsAGridAndItsLabels) {
     EXPECT_EQ(surface.Take(), expected);
 }
 
+/// Records where texts stand in a picture of so many pixels, from top to bottom.
+class TextRows final : public GraphSurface {
+  public:
+    struct Row {
+        double Top;
+        double Bottom;
+        Text Content;
+    };
+
+    TextRows(int pictureHeight, int textHeight)
+        : pictureHeight_(pictureHeight), textHeight_(textHeight) {}
+
+    void SetScale(const GraphScale& scale) override { scale_ = scale; }
+    void Clear() override {}
+    void SetColor(std::uint32_t) override {}
+    void SetPen(PenStyle, int) override {}
+    void Line(float, float, float, float) override {}
+    void Print(TextView text, float, float y) override {
+        const double top =
+            (double{y} - double{scale_.Top}) / double{scale_.Height} * pictureHeight_;
+        rows_.push_back({top, top + textHeight_, Text(text)});
+    }
+    float TextWidth(TextView) const override { return 0; }
+    float TextHeight(TextView) const override {
+        return scale_.Height * static_cast<float>(textHeight_) / static_cast<float>(pictureHeight_);
+    }
+
+    std::vector<Row> Sorted() const {
+        std::vector<Row> rows = rows_;
+        std::ranges::sort(rows, {}, &Row::Top);
+        return rows;
+    }
+
+  private:
+    int pictureHeight_;
+    int textHeight_;
+    GraphScale scale_{};
+    std::vector<Row> rows_;
+};
+
+TEST_F(GraphTest, NoTextIsPrintedOverAnotherWhateverTheHeightOfThePicture) {
+    UseInput(u"A/1/-1/Low,-0.5,-0.5,0.5,0.5");
+    for (int height = 60; height <= 500; ++height) {
+        TextRows surface(height, GraphTextHeight(height, 13));
+        DrawVariableGraph(surface, Side::Input, u"A");
+        double top = 0;
+        double bottom = -0.5;
+        for (const TextRows::Row& row : surface.Sorted()) {
+            // The labels of the grid stand beside its lines, values beside each other.
+            if (!row.Content.starts_with(u' ') && row.Top != top) {
+                EXPECT_GE(row.Top, bottom - 0.51) << height << ' ' << Narrow(row.Content);
+                top = row.Top;
+                bottom = row.Bottom;
+            }
+        }
+        EXPECT_LE(bottom, height + 0.5) << height;
+    }
+}
+
+TEST_F(GraphTest, TextsHaveTheUsualHeightWhereTheyMay) {
+    const std::tuple<int, int> cases[] = {{10, 1},   {60, 5},   {100, 9},  {133, 12}, {134, 13},
+                                          {159, 13}, {160, 14}, {200, 17}, {500, 41}};
+    for (const auto& [picture, text] : cases) {
+        EXPECT_EQ(GraphTextHeight(picture, 13), text) << picture;
+    }
+    EXPECT_EQ(GraphHeightFor(13), 134);
+    EXPECT_EQ(GraphHeightFor(0), 0);
+}
+
 TEST_F(GraphTest, TheFrameFollowsTheBounds) {
     GraphRecorder surface(0.5F);
     DrawGraphFrame(surface, 10, 50);

@@ -31,6 +31,35 @@ TEST(GraphTransform, MeasuresInTheSignOfTheScale) {
     EXPECT_FLOAT_EQ(transform.UserWidth(0), 0);
 }
 
+TEST(GraphTransform, KeepsLinesOnTheBordersWhollyInside) {
+    const GraphTransform transform({0, 1, 1, -2}, 400, 100);
+    struct Case {
+        float X;
+        int PenWidth;
+        int Middle;
+    };
+    const Case cases[] = {
+        {0, 1, 0},
+        {1, 1, 399},
+        {0, 2, 1},
+        {1, 2, 399},
+        {0, 3, 1},
+        {1, 3, 398},
+        {0, 4, 2},
+        {1, 4, 398},
+        {0.5F, 4, 200},
+        {0.005F, 2, 2},
+        {0.995F, 2, 398},
+        // What lies beyond a border stays there.
+        {-0.5F, 4, -200},
+        {1.5F, 4, 600},
+    };
+    for (const auto& [x, penWidth, middle] : cases) {
+        EXPECT_EQ(transform.LineX(x, penWidth), middle) << x << ' ' << penWidth;
+    }
+    EXPECT_EQ(GraphTransform({0, 1, 1, -2}, 0, 0).LineX(0, 2), 1);
+}
+
 TEST(GraphTransform, PutsAUniverseWithoutWidthInTheMiddle) {
     for (const float width : {0.0F, Infinity, std::nanf("")}) {
         const GraphTransform transform({2, width, 1, -2}, 400, 100);

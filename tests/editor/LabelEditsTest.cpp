@@ -111,11 +111,12 @@ TEST_F(LabelEditsTest, AChangeOfCaseOrOfNothingSucceeds) {
     for (const auto& [side, key, label, rules] : cases) {
         Load(inputs, outputs, u"Ab>Lo/Cd<Up:1|Ab>Hi/Cd<Dn:1");
         TreeNode& node = Node(side, key);
+        const bool isChange = node.Caption != label;
         EXPECT_TRUE(Edit(side, key, label));
         EXPECT_EQ(node.Caption, label);
         EXPECT_EQ(LastPart(node), label);
         EXPECT_EQ(ModelTexts().Rules, rules);
-        EXPECT_TRUE(Page.Changed());
+        EXPECT_EQ(Page.Changed(), isChange) << Narrow(label);
     }
     EXPECT_EQ(Prompts.Take(), ShownPrompts());
 }
@@ -223,7 +224,6 @@ TEST_F(LabelEditsTest, NumbersAreStoredAndShownAsTheirText) {
     };
     const Case cases[] = {
         {Side::Input, u"A\\1", u"1.50", u"1.5", u"A/1.5/-1/T,-1,-0.6,-0.2,1"},
-        {Side::Input, u"A\\1", u"1", u"1", u"A/1/-1/T,-1,-0.6,-0.2,1"},
         {Side::Input, u"A\\1", u" 1e15 ", u"1E+15", u"A/1E+15/-1/T,-1,-0.6,-0.2,1"},
         {Side::Input, u"A\\-1", u"-1.0", u"-1", u"A/1/-1/T,-1,-0.6,-0.2,1"},
         {Side::Input, u"A\\-1", u"-7", u"-7", u"A/1/-7/T,-1,-0.6,-0.2,1"},
@@ -244,14 +244,70 @@ TEST_F(LabelEditsTest, NumbersAreStoredAndShownAsTheirText) {
         SCOPED_TRACE(Narrow(key) + " to " + Narrow(label));
         Load(u"A/1/-1/T,-1,-0.6,-0.2,1", u"C/1/-1/P,0.5", u"A>T/C<P:1");
         TreeNode& node = Node(side, key);
+        const bool isChange = node.Caption != caption;
         EXPECT_TRUE(Edit(side, key, label));
         EXPECT_EQ(node.Caption, caption);
         EXPECT_EQ(side == Side::Input ? ModelTexts().Inputs : ModelTexts().Outputs, texts);
         EXPECT_EQ(ModelTexts().Rules, u"A>T/C<P:1");
         EXPECT_EQ(Tree(side).Take(), std::vector{u"UpdateCaption " + node.Key});
-        EXPECT_TRUE(Page.Changed());
+        EXPECT_EQ(Page.Changed(), isChange);
     }
     EXPECT_EQ(Prompts.Take(), ShownPrompts());
+}
+
+TEST_F(LabelEditsTest, ALabelThatIsLeftAsItIsChangesNothing) {
+    // 1/3 has more digits than its text; 0.9 lies beyond the point before it, and "a b" is no name.
+    Load(u"A/1/-1/T,-1,1,0.9,1;a b,0,0,1,1", u"C/1/-1/P,0.5", u"A>T/C<P:1");
+    LinguisticVariable& variable = State().InputVariables->At(u"A");
+    variable.MF.At(u"T").Points[0] = 1.0 / 3;
+    variable.Name = u"A";
+    Page.SetChanged(false);
+    for (const TextView key :
+         {u"A", u"A\\1", u"A\\-1", u"A\\T", u"A\\a b", u"A\\T\\Point:1", u"A\\T\\Point:3"}) {
+        const Text label = Node(Side::Input, key).Caption;
+        EXPECT_TRUE(Edit(Side::Input, key, label)) << Narrow(key);
+        EXPECT_FALSE(Page.Changed()) << Narrow(key);
+    }
+    EXPECT_TRUE(Edit(Side::Output, u"C\\P\\Point", u"0.5"));
+    EXPECT_TRUE(Edit(Side::Output, u"C\\P\\Point", u" 5E-1 "));
+    EXPECT_FALSE(Page.Changed());
+    EXPECT_EQ(variable.MF.At(u"T").Points[0], 1.0 / 3);
+    EXPECT_EQ(Prompts.Take(), ShownPrompts());
+    Page.SetChanged(true);
+    EXPECT_TRUE(Edit(Side::Input, u"A", u"A"));
+    EXPECT_TRUE(Page.Changed()) << "what was changed before still is";
+}
+
+TEST_F(LabelEditsTest, NumbersTellTheRangeThatTheyMayBeGiven) {
+    const TestPlatform platform({}, u",");
+    const PlatformInUse installed(platform);
+    struct Case {
+        Side Of;
+        TextView Key;
+        TextView Tip;
+    };
+    const Case cases[] = {
+        {Side::Input, u"[Input]", u""},
+        {Side::Input, u"A", u""},
+        {Side::Input, u"A\\MF_1", u""},
+        {Side::Input, u"B\\10", u"9 ..."},
+        {Side::Input, u"B\\0", u"... 0"},
+        {Side::Input, u"A\\MF_1\\Point:1", u"-1 ... -0,6"},
+        {Side::Input, u"A\\MF_1\\Point:2", u"-1 ... -0,2"},
+        {Side::Input, u"A\\MF_1\\Point:3", u"-0,6 ... 0,2"},
+        {Side::Input, u"A\\MF_1\\Point:4", u"-0,2 ... 1"},
+        {Side::Output, u"D\\100", u"75 ..."},
+        {Side::Output, u"D\\0", u"... 50"},
+        {Side::Output, u"D\\P\\Point", u"0 ... 100"},
+    };
+    Load();
+    for (const auto& [side, key, tip] : cases) {
+        EXPECT_EQ(Page.TipOf(side, Node(side, key)), tip) << Narrow(key);
+    }
+    Load(Inputs, Outputs, Rules, true);
+    for (const auto& [side, key, tip] : cases) {
+        EXPECT_EQ(Page.TipOf(side, Node(side, key)), u"") << "of a running control";
+    }
 }
 
 TEST_F(LabelEditsTest, ABoundsKeyFollowsItsValueAndAPointsKeyItsName) {

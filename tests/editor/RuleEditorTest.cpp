@@ -277,6 +277,38 @@ TEST_F(RuleEditorTest, DeletesTheSelectedRuleWithoutAQuestion) {
     EXPECT_EQ(Prompts.Take(), ShownPrompts());
 }
 
+TEST_F(RuleEditorTest, NothingIsDeletedWithoutASelection) {
+    RuleEditor editor = Open(u"A>X;B>X/C<P:1|A>Y;B>X/C<Q:0.5");
+    editor.SelectRow(0);
+    editor.ClearSelection();
+    EXPECT_EQ(editor.SelectedRow(), std::nullopt);
+    EXPECT_EQ(Shown(editor), Texts({u"X", u"X", u"P", u"1"})) << "what is shown stays";
+    editor.Delete();
+    editor.SortBy(1);
+    EXPECT_EQ(editor.SelectedRow(), std::nullopt);
+    editor.Delete();
+    EXPECT_EQ(RuleTexts(), Texts({u"A>X;B>X/C<P:1", u"A>Y;B>X/C<Q:0.5"}));
+    EXPECT_FALSE(editor.Changed());
+    editor.Add();
+    EXPECT_EQ(editor.SelectedRow(), 0U) << "of the rule that has these terms";
+}
+
+TEST_F(RuleEditorTest, AnAddedRuleAndANewWeightGoWhereTheOrderSays) {
+    RuleEditor editor = Open(u"A>X;B>X/C<P:1|A>Y;B>X/C<P:0.5");
+    editor.SortBy(4);
+    Choose(editor, 0, 0, 0, u"0.75");
+    editor.Add();
+    EXPECT_EQ(RowTexts(editor), Texts({u"2 A>Y;B>X/C<P:0.5", u"3 A>[NONE];B>[NONE]/C<[NONE]:0.75",
+                                       u"1 A>X;B>X/C<P:1"}));
+    EXPECT_EQ(editor.SelectedRow(), 1U);
+    editor.SelectRow(2);
+    editor.EditWeight(u"0.25");
+    editor.Add();
+    EXPECT_EQ(RowTexts(editor), Texts({u"1 A>X;B>X/C<P:0.25", u"2 A>Y;B>X/C<P:0.5",
+                                       u"3 A>[NONE];B>[NONE]/C<[NONE]:0.75"}));
+    EXPECT_EQ(editor.SelectedRow(), 0U);
+}
+
 TEST_F(RuleEditorTest, SortingKeepsTheSelectionAndDeletingTheOrder) {
     RuleEditor editor = Open(u"A>Y;B>X/C<P:1|A>X;B>X/C<P:1|A>[NONE];B>X/C<P:1");
     editor.SelectRow(1);

@@ -116,7 +116,7 @@ TEST_F(RuleListTest, DamagedRulesHaveEmptyCells) {
         {u":::", Texts({u"1", u"", u"", u"", u""})},
         {u"nonsense", Texts({u"1", u"", u"", u"", u""})},
         {u"A>X", Texts({u"1", u"X", u"", u"", u""})},
-        {u"Q>X/R<P:much", Texts({u"1", u"", u"", u"", u"much"})},
+        {u"A>X;A>Y/C<P:much", Texts({u"1", u"X", u"", u"P", u"much"})},
         {u"A<X/C>P:1", Texts({u"1", u"", u"", u"", u"1"})},
         {u";;/;;:0.5", Texts({u"1", u"", u"", u"", u"0.5"})},
     };
@@ -124,6 +124,23 @@ TEST_F(RuleListTest, DamagedRulesHaveEmptyCells) {
         Fill({rule});
         EXPECT_EQ(Cells(0), cells) << Narrow(rule);
     }
+}
+
+TEST_F(RuleListTest, ARuleThatNamesAVariableThatIsGoneShowsItsTermInACellThatItLeavesFree) {
+    const std::pair<Text, std::vector<Text>> cases[] = {
+        {u"Q>X/R<P:1", Texts({u"1", u"X", u"", u"P", u"1"})},
+        {u"A>X;Q>Y/C<P:1", Texts({u"1", u"X", u"Y", u"P", u"1"})},
+        {u"Q>Y;B>X/C<P:1", Texts({u"1", u"Y", u"X", u"P", u"1"})},
+        {u"Q>Y;A>X/C<P:1", Texts({u"1", u"X", u"Y", u"P", u"1"})},
+        {u"Q>Y;R>X;S>Z/C<P;D<O:1", Texts({u"1", u"Y", u"X", u"P", u"1"})},
+    };
+    for (const auto& [rule, cells] : cases) {
+        Fill({rule});
+        EXPECT_EQ(Cells(0), cells) << Narrow(rule);
+    }
+    Fill({u"Q>b;R>c/C<P:1", u"A>a;B>d/C<P:1"});
+    List.SortBy(1);
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 1})) << "as it is shown";
 }
 
 TEST_F(RuleListTest, AnInputAndAnOutputOfOneNameHaveTheirOwnCells) {
@@ -200,16 +217,77 @@ TEST_F(RuleListTest, AWeightThatIsNoNumberSortsFirst) {
     EXPECT_EQ(Numbers(), (RowNumbers{2, 3, 1}));
 }
 
-TEST_F(RuleListTest, KeepsItsOrderWhenItIsFilledAnewButAppendsAtTheEnd) {
+TEST_F(RuleListTest, KeepsItsOrderWhenItIsFilledAnew) {
     Fill({u"A>b;B>X/C<P:1", u"A>a;B>Y/C<P:1"});
     List.SortBy(1);
-    Fill({u"A>c;B>X/C<P:1", u"A>b;B>X/C<P:1", u"A>a;B>Y/C<P:1"});
+    Fill({u"A>c;B>X/C<P:1", u"A>b;B>X/C<P:1", u"A>a;B>X/C<P:1"});
     EXPECT_EQ(Numbers(), (RowNumbers{3, 2, 1}));
-    EXPECT_EQ(List.Append(u"A>a;B>A/C<P:1"), 3U);
-    EXPECT_EQ(Numbers(), (RowNumbers{3, 2, 1, 4}));
-    List.Replace(0, u"A>z;B>Y/C<P:0.5");
-    EXPECT_EQ(Numbers(), (RowNumbers{3, 2, 1, 4}));
-    EXPECT_EQ(Cells(0), Texts({u"3", u"z", u"Y", u"P", u"0.5"}));
+}
+
+TEST_F(RuleListTest, ANewRowGoesWhereTheOrderSays) {
+    const std::vector<Text> rules{u"A>d;B>X/C<P:1", u"A>b;B>Z/C<P:0.5", u"A>c;B>Y/C<P:0.25"};
+    struct Case {
+        std::optional<RuleOrder> Order;
+        std::size_t Row;
+        RowNumbers Numbers;
+    };
+    const Case cases[] = {
+        {std::nullopt, 3, {1, 2, 3, 4}},
+        {RuleOrder{0, false}, 3, {1, 2, 3, 4}},
+        {RuleOrder{0, true}, 0, {4, 3, 2, 1}},
+        // Behind the rows that are equal, up and down.
+        {RuleOrder{1, false}, 2, {2, 3, 4, 1}},
+        {RuleOrder{1, true}, 2, {1, 3, 4, 2}},
+        {RuleOrder{2, false}, 0, {4, 1, 3, 2}},
+        {RuleOrder{4, false}, 1, {3, 4, 2, 1}},
+        {RuleOrder{4, true}, 2, {1, 2, 4, 3}},
+    };
+    for (const auto& [order, row, numbers] : cases) {
+        List = RuleList({u"A", u"B"}, {u"C"});
+        Fill(rules);
+        if (order) {
+            List.Sort(*order);
+        }
+        EXPECT_EQ(List.Add(u"A>C;B>A/C<P:0.3"), row);
+        EXPECT_EQ(Numbers(), numbers);
+    }
+    List = RuleList({u"A", u"B"}, {u"C"});
+    List.Sort({1, false});
+    EXPECT_EQ(List.Add(u"A>c;B>A/C<P:1"), 0U);
+}
+
+TEST_F(RuleListTest, ARowWithAnotherRuleGoesWhereTheOrderSays) {
+    Fill({u"A>a;B>X/C<P:1", u"A>a;B>Y/C<P:0.5", u"A>a;B>Z/C<P:0.25"});
+    EXPECT_EQ(List.Replace(1, u"A>a;B>Y/C<P:0.125"), 1U);
+    EXPECT_EQ(Numbers(), (RowNumbers{1, 2, 3})) << "without an order";
+    List.Sort({1, true});
+    EXPECT_EQ(List.Replace(1, u"A>a;B>Y/C<P:0.5"), 1U) << "among equal ones it stays";
+    EXPECT_EQ(Numbers(), (RowNumbers{1, 2, 3}));
+    List.Sort({4, false});
+    EXPECT_EQ(Numbers(), (RowNumbers{3, 2, 1}));
+    EXPECT_EQ(List.Replace(0, u"A>a;B>Z/C<P:0.75"), 1U);
+    EXPECT_EQ(Numbers(), (RowNumbers{2, 3, 1}));
+    EXPECT_EQ(Cells(1), Texts({u"3", u"a", u"Z", u"P", u"0.75"}));
+}
+
+TEST_F(RuleListTest, ANumberIsFoundByItsFirstDigitsFromARowOn) {
+    std::vector<Text> rules;
+    for (char16_t letter = u'a'; letter <= u'l'; ++letter) {
+        rules.push_back(Text(u"A>") + letter + u";B>Y/C<P:1");
+    }
+    Fill(rules);
+    List.Sort({0, true});
+    EXPECT_EQ(List.FindNumberFrom(0, u"1"), 0U) << "12";
+    EXPECT_EQ(List.FindNumberFrom(1, u"1"), 1U) << "11";
+    EXPECT_EQ(List.FindNumberFrom(3, u"1"), 11U) << "1";
+    EXPECT_EQ(List.FindNumberFrom(0, u"10"), 2U);
+    EXPECT_EQ(List.FindNumberFrom(3, u"12"), 0U) << "round the end";
+    EXPECT_EQ(List.FindNumberFrom(12, u"5"), 7U);
+    EXPECT_EQ(List.FindNumberFrom(0, u"13"), std::nullopt);
+    EXPECT_EQ(List.FindNumberFrom(0, u"x"), std::nullopt);
+    EXPECT_EQ(List.FindNumberFrom(0, u""), std::nullopt);
+    Fill({});
+    EXPECT_EQ(List.FindNumberFrom(0, u"1"), std::nullopt);
 }
 
 TEST_F(RuleListTest, FindsRowsWithoutRegardToCase) {
@@ -223,7 +301,7 @@ TEST_F(RuleListTest, FindsRowsWithoutRegardToCase) {
     EXPECT_EQ(List.FindNumber(3), 2U);
     EXPECT_EQ(List.FindNumber(4), std::nullopt);
     EXPECT_EQ(List.FindNumber(0), std::nullopt);
-    List.Replace(2, u"A>Z/C<P:1");
+    EXPECT_EQ(List.Replace(2, u"A>Z/C<P:1"), 2U);
     EXPECT_EQ(List.FindHead(u"A>Y/C<P"), std::nullopt);
     EXPECT_EQ(List.FindHead(u"A>Z/C<P"), 2U);
 }

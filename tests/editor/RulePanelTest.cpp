@@ -6,6 +6,7 @@
 #include "editor/rules/RuleEditor.h"
 #include "tests/editor/EditorTest.h"
 
+#include <cmath>
 #include <iterator>
 
 namespace Quorvane::Editor {
@@ -116,6 +117,19 @@ TEST_F(RulePanelTest, ScrollsFromTheHeightOfItsFrameOn) {
     EXPECT_EQ(PanelScrollStep, 750);
 }
 
+TEST_F(RulePanelTest, TheItemsOfAListBoxShareItsRoom) {
+    struct Case {
+        int Room;
+        int Line;
+        int Item;
+    };
+    const Case cases[] = {{39, 13, 13}, {61, 19, 20}, {83, 26, 27}, {39, 14, 19},
+                          {12, 13, 13}, {0, 13, 13},  {39, 0, 0}};
+    for (const auto& [room, line, item] : cases) {
+        EXPECT_EQ(ItemHeightIn(room, line), item) << room << ' ' << line;
+    }
+}
+
 TEST_F(RulePanelTest, ColumnsAreHeadedInTheOrderOfTheVariables) {
     Parse(ThreeInputs, u"O1/1/0/P,0|O2/1/0/P,0|O3/1/0/P,0", u"");
     struct Expected {
@@ -140,6 +154,60 @@ TEST_F(RulePanelTest, ColumnsAreHeadedInTheOrderOfTheVariables) {
         EXPECT_EQ(columns[i].Width, expected[i].Width) << Narrow(columns[i].Caption);
         EXPECT_EQ(columns[i].Alignment, expected[i].Alignment);
     }
+}
+
+/// The widths of columns that are to hold so many rules. A character takes ten times the scale in
+/// picRule, ten in a cell and eight in a heading; beside a cell stand 20, beside a heading 30.
+std::vector<int> FittingWidths(std::size_t rules) {
+    const RuleListMeasures texts{
+        .Heading = [](TextView text) { return 8.0 * static_cast<double>(text.size()) + 30; },
+        .Cell = [](TextView text) { return TenPerCharacter(text) + 20; }};
+    std::vector<int> widths;
+    for (const RuleColumn& column :
+         FitRuleColumns(MakeRulePanel(Side::Input), MakeRulePanel(Side::Output), rules, texts,
+                        [](double scale) {
+                            return [scale](TextView text) { return scale * TenPerCharacter(text); };
+                        })) {
+        widths.push_back(column.Width);
+    }
+    return widths;
+}
+
+TEST_F(RulePanelTest, ColumnsAreAsWideAsTheTextsInThemAsk) {
+    struct Case {
+        TextView Outputs;
+        std::size_t Rules;
+        double Scale;
+    };
+    const Case cases[] = {
+        // "No." is 60 wide, which holds 4 digits and "[NONE]", of 80, in "IF  Abc  IS" of 137.5.
+        {u"Temper/1/0/P,0", 9999, 1},
+        {u"Temper/1/0/P,0", 32768, 1.2}, // 70 for the digits
+        // "[NONE]" in "B  IS", which is 62.5 wide.
+        {u"Temper/1/0/P,0|B/1/0/P,0", 9, 1.3},
+        {u"Temper/1/0/P,0|B/1/0/Medium10,0", 9, 1.6},
+        // It would have to be 2.4 times as large.
+        {u"Temper/1/0/P,0|B/1/0/Medium1234567,0", 9, 2},
+    };
+    for (const auto& [outputs, rules, scale] : cases) {
+        Parse(u"Abc/1/0/X,0,0,1,1", outputs, u"");
+        const auto width = [scale = scale](double factor, double characters) {
+            return static_cast<int>(std::lround(factor * scale * 10 * characters));
+        };
+        std::vector<int> expected{width(2, 3), width(1.25, 11), width(1.25, 16)};
+        if (outputs.find(u'|') != TextView::npos) {
+            expected.push_back(width(1.25, 5));
+        }
+        expected.push_back(width(2, 6));
+        EXPECT_EQ(FittingWidths(rules), expected) << Narrow(outputs) << ' ' << rules;
+    }
+}
+
+TEST_F(RulePanelTest, AHeadingThatIsWiderThanItsColumnMakesTheFontLarger) {
+    // "编号" and "权值" have columns of 40 and take 46 with what stands beside them.
+    State().LanguageId = Chinese;
+    Parse(u"Abcdefg/1/0/X,0,0,1,1", u"", u"");
+    EXPECT_EQ(FittingWidths(9), (std::vector<int>{48, 180, 48}));
 }
 
 TEST_F(RulePanelTest, ColumnsAreHeadedInChinese) {

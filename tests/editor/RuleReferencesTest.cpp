@@ -2,6 +2,8 @@
 // Tests of how renames and deletions reach the rules.
 #include "editor/page/RuleReferences.h"
 
+#include <chrono>
+
 #include "tests/editor/EditorTest.h"
 
 namespace Quorvane::Editor {
@@ -54,6 +56,35 @@ TEST_F(RuleReferencesTest, ReplacesEveryOccurrenceInItsPlace) {
         EXPECT_TRUE(RenameInRules(oldText, newText));
         EXPECT_EQ(RuleTexts(), after);
     }
+}
+
+TEST_F(RuleReferencesTest, FindsLongNamesAsItFindsShortOnes) {
+    // Names that repeat themselves: a beginning of what is looked for ends where it goes wrong.
+    for (const std::size_t size : {1U, 2U, 30U, 31U, 32U, 33U, 100U}) {
+        Text name;
+        for (std::size_t i = 0; i < size; ++i) {
+            name += u"ab";
+        }
+        const Text rule = u"aab" + name + u"a" + name + u">X;" + name + u">X/Z<Y:1";
+        UseRules({rule, u"b>" + name});
+        EXPECT_TRUE(RenameInRules(name + u'>', u"C>"));
+        EXPECT_EQ(RuleTexts(), (RuleTextsList{u"aab" + name + u"aC>X;C>X/Z<Y:1", u"b>" + name}));
+        UseRules({rule, u"b>" + name});
+        RemoveRulesContaining(u'a' + name + u'>');
+        EXPECT_EQ(RuleTexts(), RuleTextsList{u"b>" + name});
+    }
+}
+
+TEST_F(RuleReferencesTest, TakesTimeThatGrowsWithTheTextsAlone) {
+    // Place by place, looking for the one in the other would take many thousand million steps.
+    const Text name(300000, u'A');
+    const RuleTextsList rules = {Text(600000, u'A') + u"/Z<Y:1", Text(500000, u'A') + u"/Z<Y:1"};
+    UseRules(rules);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(RenameInRules(name + u'>', u"B>"));
+    RemoveRulesContaining(name + u'>');
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_EQ(RuleTexts(), rules);
 }
 
 TEST_F(RuleReferencesTest, RefusesToMakeTwoRulesEqualAndChangesNothing) {

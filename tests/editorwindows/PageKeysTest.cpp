@@ -137,6 +137,27 @@ TEST_F(PageTest, TheTabKeyGoesThroughThePageAndLeavesItAtBothEnds) {
     }
 }
 
+TEST_F(PageTest, NoButtonOfThePageStaysTheDefaultOneOnceTheFocusHasLeftIt) {
+    const Placed control = Design(TwoOutputs);
+    Open({control.Control.Get()});
+    HWND const ok = ::CreateWindowExW(0, L"BUTTON", L"OK", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 420,
+                                      10, 80, 24, frame_, nullptr, nullptr, nullptr);
+    Click(Tree(false), Item(Tree(false), {u"Z"}));
+    HWND const page = ::GetParent(Tree(false));
+    for (int i = 0; i < 6; ++i) {
+        if (Translate(::GetFocus(), WM_KEYDOWN, VK_TAB) == S_FALSE) {
+            ::SetFocus(ok);
+        }
+        for (HWND child = ::GetWindow(page, GW_CHILD); child;
+             child = ::GetWindow(child, GW_HWNDNEXT)) {
+            const auto code = ::SendMessageW(child, WM_GETDLGCODE, 0, 0);
+            EXPECT_TRUE(child == ::GetFocus() || (code & DLGC_DEFPUSHBUTTON) == 0)
+                << i << ' ' << Narrow(WindowText(child));
+        }
+    }
+    EXPECT_EQ(::GetFocus(), ok);
+}
+
 TEST_F(PageTest, ControlTabIsTheFramesToChangeThePage) {
     const Placed control = Design(TwoOutputs);
     Open({control.Control.Get()});

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int TreInputId = 100;
 constexpr int TreOutputId = 101;
+constexpr int CmdRuleId = 105;
 
 /// The page as the child of the frame.
 HWND PageWindow(HWND frame) {
@@ -26,7 +27,7 @@ HWND PageWindow(HWND frame) {
 }
 
 /// What is to be done once the rule editor, which is modal, is open.
-std::function<void(HWND)> workInEditor;
+std::vector<std::function<void(HWND)>> stepsInEditor;
 
 /// That of the last WM_QUIT.
 std::optional<int> quitCode;
@@ -34,8 +35,12 @@ std::optional<int> quitCode;
 void CALLBACK OnTime(HWND, UINT, UINT_PTR timer, DWORD) {
     HWND const editor = ::FindWindowW(L"QuorvaneRuleEditor", nullptr);
     if (editor && ::IsWindowVisible(editor)) {
-        ::KillTimer(nullptr, timer);
-        std::exchange(workInEditor, {})(editor);
+        const auto step = std::move(stepsInEditor.front());
+        stepsInEditor.erase(stepsInEditor.begin());
+        if (stepsInEditor.empty()) {
+            ::KillTimer(nullptr, timer);
+        }
+        step(editor);
     }
 }
 
@@ -244,12 +249,16 @@ void PageTest::EditLabel(HWND tree, TextView text) {
 }
 
 void PageTest::InRuleEditor(std::function<void(HWND editor)> work) {
-    workInEditor = std::move(work);
+    InRuleEditor(std::vector{std::move(work)});
+}
+
+void PageTest::InRuleEditor(std::vector<std::function<void(HWND editor)>> steps) {
+    stepsInEditor = std::move(steps);
     const UINT_PTR timer = ::SetTimer(nullptr, 0, 20, OnTime);
-    Push(Button(u"Rule Editor..."));
+    Push(::GetDlgItem(PageWindow(frame_), CmdRuleId));
     ::KillTimer(nullptr, timer);
-    EXPECT_FALSE(workInEditor) << "the rule editor did not open";
-    workInEditor = {};
+    EXPECT_TRUE(stepsInEditor.empty()) << "the rule editor did not open";
+    stepsInEditor.clear();
 }
 
 } // namespace Quorvane

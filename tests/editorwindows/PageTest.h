@@ -11,6 +11,7 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "tests/com/support/ControlTest.h"
 #include "tests/com/support/MessageBoxes.h"
@@ -69,6 +70,9 @@ class PageTest : public ControlTest {
 
     /// Opens the rule editor; `work` runs while it is open and must close it.
     void InRuleEditor(std::function<void(HWND editor)> work);
+
+    /// The same in steps: between them, the editor's own loop handles what waits.
+    void InRuleEditor(std::vector<std::function<void(HWND editor)>> steps);
 
     HWND frame_ = nullptr;
     Com::ComPtr<FrameSite> site_;

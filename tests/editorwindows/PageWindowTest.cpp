@@ -427,6 +427,24 @@ TEST_F(PageTest, RootsAreBoldTealAndExpanded) {
     }
 }
 
+TEST_F(PageTest, SingletonsOnTheBoundsAreAsWideAsOthers) {
+    const Placed control = Design({u"X/1/0/T,0,0,1,1", u"Y/1000/0/A,0;B,500;C,1000", u"X>T/Y<A:1"});
+    Open({control.Control.Get()});
+    HWND const picture =
+        ::FindWindowExW(::GetWindow(frame_, GW_CHILD), nullptr, L"QuorvaneGraph", nullptr);
+    ASSERT_NE(picture, nullptr);
+    Click(Tree(false), Item(Tree(false), {u"Y"}));
+    RECT area{};
+    ::GetClientRect(picture, &area);
+    // A row between the grid's lines.
+    area.top = static_cast<LONG>((1.35 - 0.6) / 1.77 * area.bottom);
+    area.bottom = area.top + 1;
+    const LONG inside = ColoredPixels(picture, area, RGB(255, 0, 0));
+    EXPECT_GE(inside, 2);
+    EXPECT_EQ(ColoredPixels(picture, area, RGB(0, 0, 255)), inside);
+    EXPECT_EQ(ColoredPixels(picture, area, RGB(255, 255, 0)), inside);
+}
+
 TEST_F(PageTest, ThePictureOfARootIsEmpty) {
     const Placed control = Design(TwoOutputs);
     Open({control.Control.Get()});

@@ -14,7 +14,8 @@ namespace {
 
 void ClickAt(HWND window, LONG x, LONG y) {
     const LPARAM place = MAKELPARAM(x, y);
-    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    const WPARAM held = ::GetKeyState(VK_CONTROL) < 0 ? MK_CONTROL : 0;
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | held, place);
     ::PostMessageW(window, WM_LBUTTONUP, 0, place);
     Pump();
 }
@@ -98,6 +99,12 @@ void RuleEditorHands::ClickHeader(int column) const {
     ClickAt(header, (area.left + area.right) / 2, (area.top + area.bottom) / 2);
 }
 
+void RuleEditorHands::ClickBelowRows() const {
+    RECT room{};
+    ::GetClientRect(Rules(), &room);
+    ClickAt(Rules(), 20, room.bottom - 10);
+}
+
 void RuleEditorHands::Choose(TextView list, TextView term) const {
     HWND const box = Find(list);
     ASSERT_NE(box, nullptr);
@@ -136,6 +143,11 @@ void RuleEditorHands::AddRule(std::initializer_list<std::pair<TextView, TextView
     }
     TypeWeight(weight);
     Push(CmdAdd);
+}
+
+void RuleEditorHands::TypeCharacter(wchar_t character) const {
+    ::PostMessageW(::GetFocus(), WM_CHAR, character, 1);
+    Pump();
 }
 
 void RuleEditorHands::Type(WPARAM key) const {

@@ -51,6 +51,9 @@ class RuleEditorHands {
     void ClickRow(int row) const;
     void ClickHeader(int column) const;
 
+    /// Clicks the list where there is no row.
+    void ClickBelowRows() const;
+
     /// Chooses a term by its name in the list box with a name.
     void Choose(TextView list, TextView term) const;
     Text Chosen(TextView list) const;
@@ -65,6 +68,9 @@ class RuleEditorHands {
 
     /// Types a key where the focus is, as the window's own message loop brings it.
     void Type(WPARAM key) const;
+
+    /// Types a character into what has the focus.
+    void TypeCharacter(wchar_t character) const;
 
     /// Esc, which closes the editor once the caller has returned.
     void Escape() const { ::PostMessageW(Rules(), WM_KEYDOWN, VK_ESCAPE, 0); }

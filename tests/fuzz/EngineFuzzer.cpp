@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Preparation and inference: the engine beside the plain evaluator, through whatever the input
 // spells.
+#include "engine/ErrorOutputs.h"
 #include "engine/Infer.h"
 #include "engine/PrepareRuleBase.h"
 #include "tests/fuzz/Check.h"
@@ -29,17 +30,37 @@ class Pair {
         const auto expected = Raised([this] { plain_.Infer(); });
         const auto actual = Raised(RunTime::Infer);
         if (expected && actual) {
-            ApplyDefaults();
+            Raised([this] { ApplyErrorOutputs(); });
+            RunTime::ApplyErrorOutputs();
         }
         Compare(expected, actual);
     }
 
+    /// A host removes an output, or puts something else there.
+    void EditOutput(Reference::Choices& choices) {
+        auto& outputs = plain_.Prepared.OutputValues;
+        if (outputs.Empty()) {
+            return;
+        }
+        auto entry = outputs.begin();
+        std::advance(entry, choices.Below(static_cast<std::uint32_t>(outputs.Count())));
+        const Text name = entry->Key;
+        if (choices.Percent(50)) {
+            outputs.Remove(name);
+            State().OutputValues->Items.Remove(name);
+        } else {
+            entry->Item = name;
+            State().OutputValues->Put(name, name);
+        }
+    }
+
   private:
     /// What the control does after a failed cycle.
-    void ApplyDefaults() {
+    void ApplyErrorOutputs() {
+        const auto& source =
+            State().ErrorOutputValues ? State().ErrorOutputValues : State().DefaultOutputValues;
         for (auto& [name, value] : plain_.Prepared.OutputValues) {
-            value = State().DefaultOutputValues->Get(name);
-            State().OutputValues->Put(name, value);
+            value = source->Get(name);
         }
     }
 
@@ -58,20 +79,45 @@ class Pair {
     Reference::Evaluator plain_;
 };
 
-void Run(std::span<const std::uint8_t> input) {
-    Definition::Reset();
-    Reference::SpelledChoices choices(input);
-    Reference::RandomRun run(choices);
+/// The sizes of systems: a few rules, which are all fired; so many that sets of bits pay; and grids
+/// of all numbers of axes.
+constexpr Reference::SystemLimits Sizes[] = {
+    {},
+    {.Inputs = 6, .Terms = 6, .Outputs = 4, .Rules = 120},
+    {.Inputs = 7, .Terms = 4, .Outputs = 3, .Rules = 260, .OddOutputs = 3, .Grids = 90},
+};
+
+void Follow(Reference::SpelledChoices& choices, Reference::RandomRun& run) {
     run.Load();
     Pair pair;
     pair.Prepare();
     constexpr int MostSteps = 25;
     for (int step = 0; step < MostSteps && !choices.AtEnd(); ++step) {
+        if (choices.Percent(4)) {
+            pair.EditOutput(choices);
+        }
         if (run.Next() == Reference::Step::Prepare) {
             pair.Prepare();
         } else {
             pair.Infer();
         }
+    }
+}
+
+/// A small system is spelled by the input as well; larger ones it could not spell in full.
+void Run(std::span<const std::uint8_t> input) {
+    Definition::Reset();
+    Reference::SpelledChoices choices(input);
+    const std::uint32_t share = choices.Below(10);
+    const std::uint32_t size = share < 7 ? 0 : share < 8 ? 1 : 2;
+    const Reference::HostObjects host{.Share = choices.Below(30), .Code = {}};
+    if (size == 0) {
+        Reference::RandomRun run(choices, choices, Sizes[size], host);
+        Follow(choices, run);
+    } else {
+        Reference::Random systems(choices.Bits());
+        Reference::RandomRun run(choices, systems, Sizes[size], host);
+        Follow(choices, run);
     }
 }
 

@@ -8,6 +8,8 @@
 #include <limits>
 #include <random>
 
+#include "host/formfile/BatchFiles.h"
+
 namespace {
 
 using namespace Quorvane;
@@ -199,6 +201,19 @@ TEST(FormFile, NamesTheLineOfEveryDamage) {
     }
 }
 
+TEST(FormFile, CountsLinesAlikeWhateverEndsThem) {
+    for (const std::string& end : {"\n"s, "\r"s, "\r\n"s}) {
+        for (const std::string& damage : {"Key = \xC3("s, "Key ="s, "Key = \"\x01\""s}) {
+            try {
+                ParseFormFile("' One" + end + "Version 1" + end + end + damage);
+                ADD_FAILURE() << "accepted " << damage;
+            } catch (const FormFileError& error) {
+                EXPECT_EQ(error.Line, 4) << damage;
+            }
+        }
+    }
+}
+
 TEST(FormFile, RefusesZeroBytesAndEndlessNesting) {
     int line = -1;
     EXPECT_NE(ErrorOf("Version 1\nBegin Form F\nA = \"a\0b\"\n"s, line).find("control character"),
@@ -379,6 +394,24 @@ TEST_F(FormFileOnDisk, AFailedSaveLeavesTheOldFile) {
     EXPECT_EQ(ReadFormFile(path), form);
     EXPECT_THROW(SaveFormFile(folder_ / "missing" / "a.form", form), FormFileError);
     EXPECT_THROW(SaveFormFile(folder_, form), FormFileError);
+}
+
+TEST_F(FormFileOnDisk, RefusesAPathWithAZeroCharacter) {
+    // The platform reads a path as far as its first zero, so these would name the victim.
+    const std::filesystem::path victim = folder_ / "victim";
+    const FormFile form = FormWith(u"old"s);
+    SaveFormFile(victim, form);
+    std::ofstream(folder_ / "InData.txt") << "1\n";
+    std::ofstream(folder_ / "OutData.txt") << "2\n";
+    for (const std::string& end : {"\0"s, "\0\0"s, "\0.form"s}) {
+        std::filesystem::path path = victim;
+        path += end;
+        EXPECT_THROW(SaveFormFile(path, FormWith(u"new"s)), FormFileError);
+        EXPECT_THROW(ReadFormFile(path), FormFileError);
+        EXPECT_THROW(ReadBatch(folder_ / end, 1, 1), std::runtime_error);
+    }
+    EXPECT_EQ(ReadFormFile(victim), form);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 3);
 }
 
 TEST_F(FormFileOnDisk, RefusesWhatIsMissingOrTooLarge) {

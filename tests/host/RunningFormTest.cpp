@@ -206,8 +206,10 @@ TEST_F(FormScriptTest, TakesTheFileThatTheFormNames) {
 TEST_F(FormScriptTest, RefusesWhatItCannotRun) {
     WriteFile("a.py", "pass");
     WriteFile("latin.vbs", "' \xE4");
-    for (const FormValue& script : {FormValue(u"missing.vbs"s), FormValue(u"a.py"s),
-                                    FormValue(u"latin.vbs"s), FormValue(u""s), FormValue(1)})
+    WriteFile("a.vbs", "beside");
+    for (const FormValue& script :
+         {FormValue(u"missing.vbs"s), FormValue(u"a.py"s), FormValue(u"latin.vbs"s),
+          FormValue(u""s), FormValue(1), FormValue(u"a.py\0.vbs"s), FormValue(u"a.vbs\0.vbs"s)})
         EXPECT_THROW(Find(Naming(script)), FormFileError);
 }
 

@@ -2,8 +2,7 @@
 // Fuzzy inference written down plainly.
 #include "tests/reference/Evaluator.h"
 
-#include <cmath>
-
+#include "explain/Arithmetic.h"
 #include "shared/Definition.h"
 #include "shared/Markers.h"
 #include "shared/NumberText.h"
@@ -28,13 +27,6 @@ TextView Piece(const std::vector<TextView>& pieces, std::size_t index) {
         throw FisError(RuntimeError::SubscriptOutOfRange);
     }
     return pieces[index];
-}
-
-double Finite(double result) {
-    if (!std::isfinite(result)) {
-        throw FisError(RuntimeError::Overflow);
-    }
-    return result;
 }
 
 Value DefaultOf(TextView output) {
@@ -100,8 +92,7 @@ void Evaluator::AddConsequents(Tables& tables, TextView list, bool isFirstRule) 
         consequents.Add(output, ConsequentPoint(output, Piece(pieces, 1)));
         if (isFirstRule) {
             tables.OutputValues.Add(output, DefaultOf(output));
-            tables.Numerators.Add(output, 0);
-            tables.Denominators.Add(output, 0);
+            tables.Sums.Add(output, {});
         }
     }
     tables.Consequents.push_back(std::move(consequents));
@@ -127,11 +118,10 @@ void Evaluator::Infer() {
             const double activation = Activation(rule);
             for (const auto& [output, consequent] : Prepared.Consequents[rule]) {
                 if (i == 0) {
-                    Prepared.Numerators.At(output) = 0;
-                    Prepared.Denominators.At(output) = 0;
+                    Prepared.Sums.At(output) = {};
                 }
                 if (const double* const point = std::get_if<double>(&consequent)) {
-                    AddToSums(output, activation, *point);
+                    Prepared.Sums.At(output).Add(activation, *point);
                 }
                 if (i == Prepared.LastRule) {
                     SetOutput(output);
@@ -144,25 +134,14 @@ void Evaluator::Infer() {
 double Evaluator::Activation(std::size_t rule) const {
     double activation = Prepared.RuleWeights[rule];
     for (const auto& [input, term] : Prepared.Antecedents[rule]) {
-        activation = Finite(activation * Prepared.UsedTerms.At(input).At(term));
+        activation = Explain::Finite(activation * Prepared.UsedTerms.At(input).At(term));
     }
     return activation;
 }
 
-void Evaluator::AddToSums(TextView output, double activation, double point) {
-    double& numerator = Prepared.Numerators.At(output);
-    double& denominator = Prepared.Denominators.At(output);
-    numerator = Finite(numerator + Finite(activation * point));
-    denominator = Finite(denominator + activation);
-}
-
 void Evaluator::SetOutput(TextView output) {
-    const double denominator = Prepared.Denominators.At(output);
-    if (denominator != 0) {
-        Prepared.OutputValues.Put(output, Finite(Prepared.Numerators.At(output) / denominator));
-    } else {
-        Prepared.OutputValues.Put(output, DefaultOf(output));
-    }
+    const std::optional<double> average = Prepared.Sums.At(output).Average();
+    Prepared.OutputValues.Put(output, average ? Value(*average) : DefaultOf(output));
 }
 
 bool Evaluator::Fuzzify() {
@@ -201,17 +180,8 @@ double Evaluator::Membership(TextView input, TextView term, double x, double upp
         }
         // A term that the model does not have fails, wherever x lies.
         const auto& inputs = Definition::Require(Definition::State().InputVariables);
-        const auto [p1, p2, p3, p4] = inputs.At(input).MF.At(term).Points;
-        if (x < lower || x > upper) {
-            return 0;
-        }
-        if (p2 <= x && x <= p3) {
-            return 1;
-        }
-        if (p1 < x && x < p4) {
-            return x < p2 ? Finite(x - p1) / Finite(p2 - p1) : Finite(p4 - x) / Finite(p4 - p3);
-        }
-        return 0;
+        const TrapezoidPoints& points = inputs.At(input).MF.At(term).Points;
+        return Explain::Degree({points[0], points[1], points[2], points[3]}, lower, upper, x);
     });
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "explain/Arithmetic.h"
 #include "shared/StringKeyedDictionary.h"
 #include "shared/Value.h"
 
@@ -34,17 +35,17 @@ struct Tables {
     Table<Value> LastInputs;
     /// Output -> crisp value.
     Table<Value> OutputValues;
-    /// Output -> running sum.
-    Table<double> Numerators;
-    Table<double> Denominators;
+    /// Output -> running sums.
+    Table<Explain::WeightedSum> Sums;
 };
 
 /// A zero-order inference system with product activation and weighted-average outputs. It works on
 /// the model of the process (Definition::State()), which it only reads, and holds tables and
 /// outputs of its own: it can run beside the engine, over the same model.
 ///
-/// It is slow on purpose. Every step looks names up in dictionaries and does one thing, every rule
-/// is evaluated, and every arithmetic result beyond the range of a Double fails the routine.
+/// Its arithmetic is that of the explanations, over names, values and edits as a host has them. It
+/// is slow on purpose. Every step looks names up in dictionaries and does one thing, every rule is
+/// evaluated, and every arithmetic result beyond the range of a Double fails the routine.
 class Evaluator {
   public:
     /// Compiles RuleBase into new tables, with the outputs at their defaults. Raises error 82; the
@@ -72,7 +73,6 @@ class Evaluator {
     double Membership(TextView input, TextView term, double x, double upper, double lower);
 
     double Activation(std::size_t rule) const;
-    void AddToSums(TextView output, double activation, double point);
     void SetOutput(TextView output);
 };
 

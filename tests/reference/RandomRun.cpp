@@ -3,6 +3,7 @@
 #include "tests/reference/RandomRun.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "model/ParseDefinition.h"
@@ -13,6 +14,14 @@ namespace Quorvane::Reference {
 namespace {
 
 using Definition::State;
+
+std::vector<Text> NamesOf(const VariableDictionary& variables) {
+    std::vector<Text> names;
+    for (const auto& [name, variable] : variables) {
+        names.push_back(name);
+    }
+    return names;
+}
 
 /// An entry of a dictionary, or nullptr when it is empty.
 template <class Dictionary>
@@ -38,6 +47,40 @@ void Rename(Choices& choices, Dictionary& dictionary) {
     }
 }
 
+/// As a host does that goes on where its own dictionary refuses a value.
+void PutQuietly(ValueDictionary& values, TextView key, Value value) {
+    try {
+        values.Put(key, std::move(value));
+    } catch (const std::exception&) {
+        return;
+    }
+}
+
+/// The value under a key, Empty where a host's dictionary cannot be read.
+Value GetQuietly(ValueDictionary& values, TextView key) {
+    try {
+        return values.Get(key);
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+/// Names that no editor lets pass, but texts and code do.
+const std::vector<Text>& OddNames() {
+    static const std::vector<Text> names = {
+        u"",
+        u" ",
+        u"[NONE]",
+        u"[EMPTY]",
+        u"x>y",
+        u"a;b",
+        Text(300, u'n'),
+        u"\u00FF",
+        u"\u0436\u0416",
+    };
+    return names;
+}
+
 template <class Dictionary>
 void RemoveOne(Choices& choices, Dictionary& dictionary) {
     if (const auto* const entry = PickEntry(choices, dictionary)) {
@@ -48,7 +91,7 @@ void RemoveOne(Choices& choices, Dictionary& dictionary) {
 } // namespace
 
 void RandomRun::Load() {
-    const SystemTexts texts = MakeSystem(choices_, limits_);
+    const SystemTexts texts = MakeSystem(systems_, limits_);
     State().InputsText = Main::TransformText(texts.Inputs, true);
     State().OutputsText = Main::TransformText(texts.Outputs, true);
     State().RulesText = Main::TransformText(texts.Rules, true);
@@ -59,7 +102,12 @@ Step RandomRun::Next() {
     if (choices_.Percent(15)) {
         Edit();
     }
-    if (choices_.Percent(85)) {
+    // Code of a host may have run, and taken the model away.
+    const auto hasModel = [] { return State().InputVariables && State().OutputVariables; };
+    if (host_.Share != 0 && choices_.Percent(host_.Share) && hasModel()) {
+        EditAsHost();
+    }
+    if (choices_.Percent(85) && hasModel()) {
         SetInputs();
     }
     return choices_.Percent(6) ? Step::Prepare : Step::Infer;
@@ -67,11 +115,24 @@ Step RandomRun::Next() {
 
 void RandomRun::SetInputs() {
     const std::uint32_t share = choices_.Below(101);
+    // Held and copied: a host's dictionary may run code that replaces all of it.
+    const auto values = State().InputValues;
+    std::vector<std::pair<Text, Value>> inputs;
     for (const auto& [name, variable] : *State().InputVariables) {
         if (choices_.Percent(share)) {
-            State().InputValues->Put(name, MakeValue(choices_, EdgesOf(variable)));
+            inputs.emplace_back(name, MakeInput(EdgesOf(variable)));
         }
     }
+    for (auto& [name, value] : inputs) {
+        PutQuietly(*values, name, std::move(value));
+    }
+}
+
+Value RandomRun::MakeInput(const std::vector<double>& edges) {
+    if (host_.Share != 0 && choices_.Percent(host_.Share)) {
+        return MakeHostValue(choices_, MakeNumber(choices_, edges), host_.Code);
+    }
+    return MakeValue(choices_, edges);
 }
 
 void RandomRun::Edit() {
@@ -183,7 +244,9 @@ void RandomRun::EditRules() {
 void RandomRun::EditValues() {
     auto* const entry = PickEntry(choices_, *State().OutputVariables);
     if (entry && choices_.Percent(50)) {
-        State().DefaultOutputValues->Put(entry->Key, MakeValue(choices_, EdgesOf(entry->Item)));
+        const auto defaults = State().DefaultOutputValues;
+        const Text name = entry->Key;
+        PutQuietly(*defaults, name, MakeInput(EdgesOf(entry->Item)));
     } else if (auto* const own = dynamic_cast<OwnValueDictionary*>(State().InputValues.get())) {
         RemoveOne(choices_, own->Items);
     }
@@ -193,10 +256,92 @@ void RandomRun::EditValues() {
 void RandomRun::ReplaceInputValues() {
     const auto comparison = choices_.Percent(70) ? KeyComparison::IgnoreCase : KeyComparison::Exact;
     auto values = std::make_shared<OwnValueDictionary>(comparison);
-    for (const auto& [name, variable] : *State().InputVariables) {
-        values->Put(name, State().InputValues->Get(name));
+    const auto former = State().InputValues;
+    for (const Text& name : NamesOf(*State().InputVariables)) {
+        values->Put(name, GetQuietly(*former, name));
     }
     State().InputValues = std::move(values);
+}
+
+void RandomRun::EditAsHost() {
+    switch (choices_.Below(6)) {
+    case 0:
+    case 1:
+        State().InputValues = MakeDictionary(*State().InputVariables);
+        break;
+    case 2:
+    case 3:
+        ReplaceOutputs();
+        break;
+    case 4:
+        if (auto* const entry = PickEntry(choices_, *State().InputVariables)) {
+            EditOddly(entry->Item);
+        }
+        break;
+    default:
+        if (auto* const entry = PickEntry(choices_, *State().OutputVariables)) {
+            EditOddly(entry->Item);
+        }
+        break;
+    }
+}
+
+/// The values that outputs have when no rule fires, or when a cycle fails.
+void RandomRun::ReplaceOutputs() {
+    auto values = MakeDictionary(*State().OutputVariables);
+    if (choices_.Percent(50)) {
+        State().DefaultOutputValues = std::move(values);
+    } else {
+        State().ErrorOutputValues = choices_.Percent(20) ? nullptr : std::move(values);
+    }
+}
+
+std::shared_ptr<ValueDictionary> RandomRun::MakeDictionary(const VariableDictionary& variables) {
+    auto own = std::make_shared<OwnValueDictionary>(KeyComparison::Exact);
+    auto hosts = std::make_shared<HostDictionary>(choices_, host_.Code);
+    for (const auto& [name, variable] : variables) {
+        // Now and then one is missing.
+        if (!choices_.Percent(10)) {
+            const Value value = MakeInput(EdgesOf(variable));
+            own->Put(name, value);
+            hosts->Give(name, value);
+        }
+    }
+    return choices_.Percent(30) ? std::shared_ptr<ValueDictionary>(std::move(own))
+                                : std::move(hosts);
+}
+
+/// What only code can make of a variable, or a text that no editor has written.
+void RandomRun::EditOddly(LinguisticVariable& variable) {
+    constexpr double Largest = std::numeric_limits<double>::max();
+    switch (choices_.Below(4)) {
+    case 0:
+        variable.LBound = MakeNumber(choices_, EdgesOf(variable));
+        break;
+    case 1:
+        variable.LBound = -Largest;
+        variable.UBound = Largest;
+        break;
+    case 2: {
+        const Text name = choices_.Pick(OddNames());
+        const auto* const term = PickEntry(choices_, variable.MF);
+        if (term && !variable.MF.Exists(name)) {
+            variable.MF.Rekey(Text(term->Key), name);
+        }
+        break;
+    }
+    default:
+        if (auto* const term = PickEntry(choices_, variable.MF)) {
+            // Flanks wider than the largest Double.
+            auto& points = term->Item.Points;
+            points[choices_.Below(4)] = choices_.Percent(50) ? -Largest : Largest;
+            points[choices_.Below(4)] = choices_.Percent(50) ? Largest / 2 : -Largest;
+            if (choices_.Percent(80)) {
+                std::ranges::sort(points);
+            }
+        }
+        break;
+    }
 }
 
 } // namespace Quorvane::Reference

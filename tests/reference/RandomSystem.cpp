@@ -9,7 +9,7 @@
 
 #include "shared/Markers.h"
 #include "shared/NumberText.h"
-#include "shared/StringKeyedDictionary.h"
+#include "tests/reference/RandomRules.h"
 
 namespace Quorvane::Reference {
 namespace {
@@ -92,12 +92,6 @@ Text MakeName(Choices& choices, TextView stem, std::size_t number) {
     return choices.Percent(20) ? name + u"_b" : name;
 }
 
-/// What the rules have to know of a variable.
-struct VariableNames {
-    Text Name;
-    std::vector<Text> Terms;
-};
-
 VariableNames MakeVariable(Choices& choices, const SystemLimits& limits, TextView stem,
                            std::size_t number, std::size_t pointsPerTerm, Text& text) {
     VariableNames names{MakeName(choices, stem, number), {}};
@@ -127,103 +121,6 @@ std::vector<VariableNames> MakeVariables(Choices& choices, const SystemLimits& l
     return variables;
 }
 
-Text MakeWeight(Choices& choices) {
-    switch (choices.Below(12)) {
-    case 0:
-        return u"0";
-    case 1:
-        return u"-0.5";
-    case 2:
-        return u"1E-300";
-    case 3:
-        return u"1E300";
-    case 4:
-    case 5:
-    case 6:
-        return Units(choices.Between(1, 999), -3);
-    default:
-        return u"1";
-    }
-}
-
-/// Writes the rules of a system that has its variables.
-class RuleMaker {
-  public:
-    RuleMaker(Choices& choices, const SystemLimits& limits, std::vector<VariableNames> inputs,
-              std::vector<VariableNames> outputs)
-        : choices_(choices), inputs_(std::move(inputs)), outputs_(std::move(outputs)),
-          share_(choices.Below(60)), oddNames_(choices.Percent(limits.OddNames)),
-          oddOutputs_(choices.Percent(limits.OddOutputs)) {}
-
-    // Choices are made in statements of their own: the order within an expression is the
-    // compiler's.
-    Text Rule() {
-        Text rule = Elements(inputs_, u'>', false);
-        rule += u'/';
-        rule += Elements(outputs_, u'<', oddOutputs_);
-        rule += u':';
-        rule += MakeWeight(choices_);
-        return rule;
-    }
-
-  private:
-    Text Spelled(const Text& name) {
-        if (!oddNames_ || !choices_.Percent(10)) {
-            return name;
-        }
-        Text upper;
-        std::ranges::transform(name, std::back_inserter(upper), FoldCase);
-        return upper;
-    }
-
-    Text Elements(const std::vector<VariableNames>& variables, char16_t mark, bool mayOmit) {
-        Text elements;
-        for (const VariableNames& variable : variables) {
-            if (mayOmit && choices_.Percent(20)) {
-                continue;
-            }
-            elements += elements.empty() ? u"" : u";";
-            elements += Spelled(variable.Name);
-            elements += mark;
-            elements += choices_.Percent(share_) ? Text(NoneMarker)
-                                                 : Spelled(choices_.Pick(variable.Terms));
-        }
-        return elements;
-    }
-
-    Choices& choices_;
-    std::vector<VariableNames> inputs_;
-    std::vector<VariableNames> outputs_;
-    /// How often a variable takes no part in a rule, in percent.
-    std::uint32_t share_;
-    bool oddNames_;
-    bool oddOutputs_;
-};
-
-const std::vector<Text>& BadRules() {
-    static const std::vector<Text> rules = {
-        u"",  u"x",   u"a>b:1",         u"a>b/c<d", u"a>b/c<d:", u"a>b/c<d:x",
-        u":", u"/:1", u"a>b;a>c/c<d:1", u"a/c<d:1", u"a>b/c:1",  u"a>b/c<d:1E999",
-    };
-    return rules;
-}
-
-Text MakeRules(Choices& choices, const SystemLimits& limits, RuleMaker& maker) {
-    StringKeyedDictionary<bool> rules(KeyComparison::IgnoreCase);
-    const std::uint32_t count = choices.Percent(2) ? 0 : 1 + choices.Below(limits.Rules);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        rules.Put(maker.Rule(), true);
-    }
-    if (choices.Percent(limits.BadRules)) {
-        rules.Put(choices.Pick(BadRules()), true);
-    }
-    Text text;
-    for (const auto& [rule, unused] : rules) {
-        text += (text.empty() ? u"" : u"|") + rule;
-    }
-    return text;
-}
-
 double MakeOddNumber(Choices& choices) {
     constexpr double Infinity = std::numeric_limits<double>::infinity();
     constexpr std::array Odd = {std::numeric_limits<double>::quiet_NaN(),
@@ -243,8 +140,7 @@ SystemTexts MakeSystem(Choices& choices, const SystemLimits& limits) {
     const std::uint32_t outputCount = 1 + choices.Below(limits.Outputs);
     const auto inputs = MakeVariables(choices, limits, u"In", inputCount, 4, texts.Inputs);
     const auto outputs = MakeVariables(choices, limits, u"Out", outputCount, 1, texts.Outputs);
-    RuleMaker maker(choices, limits, inputs, outputs);
-    texts.Rules = MakeRules(choices, limits, maker);
+    texts.Rules = MakeRules(choices, limits, inputs, outputs);
     return texts;
 }
 

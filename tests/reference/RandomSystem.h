@@ -29,6 +29,8 @@ struct SystemLimits {
     std::uint32_t OddNames = 15;
     std::uint32_t OddOutputs = 15;
     std::uint32_t BadRules = 3;
+    /// The share of systems, in percent, whose rules are the combinations of terms.
+    std::uint32_t Grids = 0;
 };
 
 /// Makes up a system whose texts parse. Shoulders, triangles, singletons, terms beyond the universe

@@ -55,6 +55,60 @@ TEST(Activation, UsesTheExtendedSiteWhereThereIsOne) {
     EXPECT_EQ(form.Calls().Count("OnInPlaceActivate"), 0);
 }
 
+TEST(Activation, AsksAnExtendedSiteBeforeItTakesTheUser) {
+    Form form;
+    form.TheSite().Behaviour.OffersInPlaceEx = true;
+    form.TheSite().Behaviour.LetsUIActivate = S_FALSE;
+    form.Place();
+    form.Activate();
+    form.Calls().Clear();
+    EXPECT_EQ(form.DoVerb(OLEIVERB_UIACTIVATE), OLEOBJ_S_CANNOT_DOVERB_NOW);
+    EXPECT_EQ(form.Calls().Only({"RequestUIActivate", "OnUIActivate", "OnUIDeactivate"}),
+              (Strings{"RequestUIActivate", "OnUIDeactivate"}))
+        << "the site may give the focus back";
+    EXPECT_EQ(form.TheSite().FrameWindow()->ActiveObject().Get(), nullptr);
+    EXPECT_FALSE(::IsChild(form.Surface(), ::GetFocus()));
+    // A site that does not know the question, or fails in answering it, has nothing against it.
+    for (const HRESULT answer : {S_OK, E_NOTIMPL, E_FAIL}) {
+        form.TheSite().Behaviour.LetsUIActivate = answer;
+        form.Calls().Clear();
+        EXPECT_EQ(form.DoVerb(OLEIVERB_UIACTIVATE), S_OK);
+        EXPECT_EQ(form.Calls().Only({"RequestUIActivate", "OnUIActivate"}),
+                  (Strings{"RequestUIActivate", "OnUIActivate"}));
+        form.As<IOleInPlaceObject>()->UIDeactivate();
+    }
+}
+
+TEST(Activation, EndsAtASiteThatDeactivatesWhenItIsAsked) {
+    Form form;
+    form.TheSite().Behaviour.OffersInPlaceEx = true;
+    form.Place();
+    form.TheSite().During["RequestUIActivate"] = [&form] {
+        form.As<IOleInPlaceObject>()->InPlaceDeactivate();
+    };
+    EXPECT_EQ(form.DoVerb(OLEIVERB_UIACTIVATE), E_UNEXPECTED);
+    EXPECT_EQ(form.Surface(), nullptr);
+    EXPECT_EQ(form.DoVerb(OLEIVERB_UIACTIVATE), S_OK) << "and works again";
+}
+
+TEST(Activation, KeepsTheUserFromAControlWhoseHostHasStopped) {
+    Form form;
+    form.Place();
+    ASSERT_EQ(form.DoVerb(OLEIVERB_UIACTIVATE), S_OK);
+    ASSERT_TRUE(::IsChild(form.Surface(), ::GetFocus()));
+    form.SetAmbient(DISPID_AMBIENT_UIDEAD, Com::Variant(true), DISPID_AMBIENT_UIDEAD);
+    EXPECT_FALSE(::IsWindowEnabled(form.Surface()));
+    EXPECT_TRUE(::IsWindowEnabled(form.Input())) << "it looks as before";
+    EXPECT_FALSE(::IsChild(form.Surface(), ::GetFocus()));
+    form.SetAmbient(DISPID_AMBIENT_UIDEAD, Com::Variant(false), DISPID_UNKNOWN);
+    EXPECT_TRUE(::IsWindowEnabled(form.Surface()));
+    form.SetAmbient(DISPID_AMBIENT_UIDEAD, Com::Variant(true), DISPID_AMBIENT_FONT);
+    EXPECT_TRUE(::IsWindowEnabled(form.Surface())) << "the host has spoken of another property";
+    form.As<IOleInPlaceObject>()->InPlaceDeactivate();
+    form.Activate();
+    EXPECT_FALSE(::IsWindowEnabled(form.Surface())) << "activated while the host stands";
+}
+
 TEST(Activation, EndsWithoutAWindowWhereTheSiteRefuses) {
     Form form;
     form.TheSite().Behaviour.CanActivate = false;

@@ -306,6 +306,30 @@ TEST(Display, ShowsNoHorizontalScrollBarForItsOwnColumns) {
     EXPECT_TRUE(::GetWindowLongW(form.Input(), GWL_STYLE) & WS_HSCROLL);
 }
 
+TEST(Display, ShowsNoHorizontalScrollBarAfterItHasBecomeNarrower) {
+    Form form({10, 10, 330, 210});
+    form.Place();
+    form.Activate();
+    ASSERT_TRUE(form.WaitUntilSeen());
+    for (const int width : {200, 140, 320, 61}) {
+        form.Move({10, 10, 10 + width, 210});
+        HandleMessages();
+        EXPECT_FALSE(::GetWindowLongW(form.Input(), GWL_STYLE) & WS_HSCROLL) << width;
+        EXPECT_FALSE(::GetWindowLongW(form.Output(), GWL_STYLE) & WS_HSCROLL) << width;
+    }
+}
+
+TEST(Display, StacksItsWindowsInTheOrderInWhichTheyAreDrawn) {
+    Form form;
+    form.Place();
+    form.Activate();
+    HWND window = ::GetWindow(form.Surface(), GW_CHILD);
+    for (HWND const expected : {form.Strip(), form.Input(), form.Output(), form.Status()}) {
+        EXPECT_EQ(window, expected);
+        window = ::GetWindow(window, GW_HWNDNEXT);
+    }
+}
+
 LONG FontHeight(HWND window) {
     LOGFONTW description{};
     ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(window, WM_GETFONT, 0, 0)),

@@ -9,6 +9,7 @@
 
 #include "com/ErrorBoundary.h"
 #include "com/ObjectSafety.h"
+#include "com/PropertyBrowsing.h"
 #include "tests/windows/support/Form.h"
 
 namespace Quorvane {
@@ -47,6 +48,8 @@ const AskedFor Interfaces[] = {ASKED(IUnknown),
                                ASKED(IQuickActivate),
                                ASKED(IRunnableObject),
                                ASKED(ISpecifyPropertyPages),
+                               ASKED(IPerPropertyBrowsing),
+                               ASKED(Com::ICategorizeProperties),
                                ASKED(IObjectSafety)};
 
 #undef ASKED
@@ -74,6 +77,58 @@ TEST(Interfaces, NameThreePropertyPages) {
     EXPECT_EQ(pages.pElems[1], CLSID_CFontPropPage);
     EXPECT_EQ(pages.pElems[2], CLSID_CColorPropPage);
     ::CoTaskMemFree(pages.pElems);
+}
+
+TEST(Interfaces, TellAPropertyBrowserOfPagesAndCategories) {
+    const auto control = NewControl();
+    const auto browsing = control.As<IPerPropertyBrowsing>();
+    const auto categories = control.As<Com::ICategorizeProperties>();
+    const struct {
+        DISPID Property;
+        CLSID Page;
+        int Category;
+    } cases[] = {
+        {DISPID_CAPTION, CLSID_NULL, -5},
+        {DISPID_ENABLED, CLSID_NULL, -6},
+        {DISPID_FONT, CLSID_CFontPropPage, -3},
+        {DISPID_BACKCOLOR, CLSID_CColorPropPage, -5},
+        {DISPID_FORECOLOR, CLSID_CColorPropPage, -5},
+        {0x68030007, CLSID_FIS_IO, -7},
+        {0x68030006, CLSID_FIS_IO, -7},
+        {0x68030005, CLSID_FIS_IO, -7},
+    };
+    for (const auto& [property, expected, expectedCategory] : cases) {
+        CLSID page{};
+        EXPECT_EQ(browsing->MapPropertyToPage(property, &page),
+                  expected == CLSID_NULL ? PERPROP_E_NOPAGEAVAILABLE : S_OK)
+            << property;
+        EXPECT_EQ(page, expected) << property;
+        int category = 0;
+        EXPECT_EQ(categories->MapPropertyToCategory(property, &category), S_OK) << property;
+        EXPECT_EQ(category, expectedCategory) << property;
+    }
+    CLSID page{};
+    int category = 1;
+    EXPECT_EQ(browsing->MapPropertyToPage(12345, &page), PERPROP_E_NOPAGEAVAILABLE);
+    EXPECT_EQ(categories->MapPropertyToCategory(12345, &category), E_FAIL);
+    EXPECT_EQ(browsing->MapPropertyToPage(DISPID_FONT, nullptr), E_POINTER);
+    EXPECT_EQ(categories->MapPropertyToCategory(DISPID_FONT, nullptr), E_POINTER);
+}
+
+TEST(Interfaces, LeaveThePropertyBrowsersOwnWords) {
+    const auto control = NewControl();
+    const auto browsing = control.As<IPerPropertyBrowsing>();
+    Com::Bstr text;
+    EXPECT_EQ(browsing->GetDisplayString(DISPID_FONT, text.Put()), E_NOTIMPL);
+    EXPECT_EQ(control.As<Com::ICategorizeProperties>()->GetCategoryName(1, 1033, text.Put()),
+              E_FAIL);
+    EXPECT_EQ(text.Get(), nullptr);
+    CALPOLESTR texts{7, nullptr};
+    CADWORD cookies{7, nullptr};
+    EXPECT_EQ(browsing->GetPredefinedStrings(DISPID_FONT, &texts, &cookies), E_NOTIMPL);
+    EXPECT_EQ(texts.cElems + cookies.cElems, 0U);
+    Com::Variant value;
+    EXPECT_EQ(browsing->GetPredefinedValue(DISPID_FONT, 0, value.Put()), E_NOTIMPL);
 }
 
 TEST(Interfaces, AreSafeForUntrustedDataAndNeverForUntrustedCallers) {
@@ -168,19 +223,26 @@ TEST(Interfaces, ConnectEverythingInAQuickActivation) {
     object->SetClientSite(nullptr);
 }
 
-TEST(Interfaces, KeepTheControlInAStorage) {
+Com::ComPtr<IStorage> NewStorage() {
     Com::ComPtr<ILockBytes> bytes;
     Com::ComPtr<IStorage> storage;
-    ASSERT_EQ(::CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Put()), S_OK);
-    ASSERT_EQ(::StgCreateDocfileOnILockBytes(bytes.Get(),
+    EXPECT_EQ(::CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Put()), S_OK);
+    EXPECT_EQ(::StgCreateDocfileOnILockBytes(bytes.Get(),
                                              STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
                                              storage.Put()),
               S_OK);
+    return storage;
+}
+
+TEST(Interfaces, KeepTheControlInAStorage) {
+    const auto storage = NewStorage();
+    SIZEL extent{5000, 4000};
     {
         const auto control = NewControl();
         const auto persist = control.As<IPersistStorage>();
         ASSERT_EQ(persist->InitNew(storage.Get()), S_OK);
         control.As<_FISControl>()->put_Caption(Com::Bstr(u"Stored").Get());
+        EXPECT_EQ(control.As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &extent), S_OK);
         EXPECT_EQ(persist->IsDirty(), S_OK);
         ASSERT_EQ(persist->Save(storage.Get(), TRUE), S_OK);
         EXPECT_EQ(persist->SaveCompleted(nullptr), S_OK);
@@ -195,6 +257,23 @@ TEST(Interfaces, KeepTheControlInAStorage) {
     Com::Bstr caption;
     ASSERT_EQ(control.As<_FISControl>()->get_Caption(caption.Put()), S_OK);
     EXPECT_EQ(caption.Characters(), u"Stored");
+    extent = {};
+    EXPECT_EQ(control.As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &extent), S_OK);
+    EXPECT_EQ(extent.cx, 5000);
+    EXPECT_EQ(extent.cy, 4000);
+}
+
+TEST(Interfaces, StayUnsavedAfterACopyAndNotAfterANewStorage) {
+    const auto storage = NewStorage();
+    const auto control = NewControl();
+    const auto persist = control.As<IPersistStorage>();
+    ASSERT_EQ(persist->InitNew(storage.Get()), S_OK);
+    ASSERT_EQ(persist->Save(storage.Get(), FALSE), S_OK);
+    EXPECT_EQ(persist->SaveCompleted(nullptr), S_OK);
+    EXPECT_EQ(persist->IsDirty(), S_OK) << "what was saved is a copy";
+    ASSERT_EQ(persist->Save(storage.Get(), FALSE), S_OK);
+    EXPECT_EQ(persist->SaveCompleted(storage.Get()), S_OK);
+    EXPECT_EQ(persist->IsDirty(), S_FALSE) << "what was saved is the control's own from now on";
 }
 
 TEST(Interfaces, TellAdvisorySinksOfChangesSavesAndTheEnd) {

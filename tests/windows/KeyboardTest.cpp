@@ -212,6 +212,10 @@ TEST_F(Keyboard, F1LoadsTheHelpViewerOnlyForAFileThatIsThere) {
         ::CreateFileW(Com::Wide(file), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     ASSERT_NE(handle, INVALID_HANDLE_VALUE);
     ::CloseHandle(handle);
+    // The platform would read this path as far as the zero.
+    Definition::State().HelpFile = file + u'\0' + Text(u".chm");
+    PressOnKeyboard(form_, VK_F1);
+    EXPECT_EQ(::GetModuleHandleW(L"hhctrl.ocx"), before);
     Definition::State().HelpFile = file;
     PressOnKeyboard(form_, VK_F1);
     EXPECT_NE(::GetModuleHandleW(L"hhctrl.ocx"), nullptr);

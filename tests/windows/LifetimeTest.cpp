@@ -38,12 +38,25 @@ struct Holdings {
     }
 };
 
+void FailCycle(const Form& form) {
+    Com::ComPtr<IDictionary> inputs;
+    Com::Check(form.Control()->get_InVals(inputs.Put()));
+    Com::Variant key(TextView(u"Error"));
+    Com::Variant value(TextView(u"hot"));
+    Com::Check(inputs->put_Item(&key.Get(), &value.Get()));
+    Com::Check(form.Control()->Fire());
+}
+
 TEST(Lifetime, TheCountersSeeWhatAControlHolds) {
     const Holdings before;
     {
         Form form;
         form.Place();
         form.DoVerb(OLEIVERB_UIACTIVATE);
+        const Holdings usual;
+        EXPECT_EQ(usual.ImageLists - before.ImageLists, 0) << "it is made when a cycle fails";
+        EXPECT_EQ(usual.Icons - before.Icons, 0);
+        FailCycle(form);
         const Holdings during;
         EXPECT_EQ(during.Windows - before.Windows, 6) << "surface, strip, label, lists, status bar";
         EXPECT_EQ(during.Fonts - before.Fonts, 4);

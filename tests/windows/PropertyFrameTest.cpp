@@ -33,9 +33,35 @@ class KnownPage {
 /// How many Trees a person saw in the frame before closing it.
 int Trees = 0;
 
+/// Parts of the page that are cut off at an edge of a window around them.
+int PartsCutOff = 0;
+
+/// Whether all of a window is within the client areas of those around it.
+bool IsWhole(HWND window) {
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    for (HWND around = ::GetParent(window); around; around = ::GetAncestor(around, GA_PARENT)) {
+        RECT area{};
+        ::GetClientRect(around, &area);
+        ::MapWindowPoints(around, nullptr, reinterpret_cast<POINT*>(&area), 2);
+        RECT seen{};
+        ::IntersectRect(&seen, &area, &place);
+        if (!::EqualRect(&seen, &place)) {
+            return false;
+        }
+        if ((::GetWindowLongW(around, GWL_STYLE) & WS_CHILD) == 0) {
+            break;
+        }
+    }
+    return true;
+}
+
 BOOL CALLBACK CountTree(HWND window, LPARAM) {
     wchar_t name[32] = L"";
     ::GetClassNameW(window, name, 32);
+    wchar_t parent[32] = L"";
+    ::GetClassNameW(::GetParent(window), parent, 32);
+    PartsCutOff += Com::ToText(parent) == u"QuorvaneFisIO" && !IsWhole(window) ? 1 : 0;
     Trees += Com::ToText(name) == u"SysTreeView32" && ::IsWindowVisible(window) ? 1 : 0;
     return TRUE;
 }
@@ -57,9 +83,14 @@ TEST(PropertyFrame, OfThePlatformShowsThePageAndLeavesNothingBehind) {
     const LONG before = Com::ModuleLockCount();
     for (const LONG verb : {LONG{OLEIVERB_PROPERTIES}, LONG{1}}) {
         Trees = 0;
+        PartsCutOff = 0;
+        form.Calls().Clear();
         ::SetTimer(nullptr, 0, 50, &LookAndCancel);
         ASSERT_EQ(form.DoVerb(verb), S_OK);
         EXPECT_EQ(Trees, 2) << "of inputs and of outputs";
+        EXPECT_EQ(PartsCutOff, 0);
+        EXPECT_EQ(form.Calls().Only({"EnableModeless not", "EnableModeless"}),
+                  (std::vector<std::string>{"EnableModeless not", "EnableModeless"}));
         EXPECT_EQ(Com::ModuleLockCount(), before);
     }
 }

@@ -59,12 +59,13 @@ void ProgramWindow::OnFailure() noexcept {
 
 Win::ChildWindow MakeChild(HWND parent, const wchar_t* className, const Text& text, DWORD style,
                            int id, DWORD extendedStyle) {
-    Win::ChildWindow child(Win::MakeWindow(Com::ModuleHandle(), className,
-                                           {.Parent = parent,
-                                            .Position = {},
-                                            .Style = style | WS_CHILD | WS_VISIBLE,
-                                            .ExtendedStyle = extendedStyle,
-                                            .Id = static_cast<UINT>(id)}));
+    Win::ChildWindow child(
+        Win::MakeWindow(Com::ModuleHandle(), className,
+                        {.Parent = parent,
+                         .Position = {},
+                         .Style = style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS,
+                         .ExtendedStyle = extendedStyle,
+                         .Id = static_cast<UINT>(id)}));
     HFONT const font = MessageFont(Win::DpiOf(parent));
     ::SendMessageW(child.Get(), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     Win::ShowText(child.Get(), text);

@@ -20,12 +20,13 @@ class ProgramWindow : public Win::Window {
     int Scaled(int length) const noexcept;
 
   protected:
-    /// Makes the window, without a size of its own. Throws std::system_error.
+    /// Makes the window, without a size of its own. Siblings that are moved over each other do not
+    /// take each other's pixels along. Throws std::system_error.
     template <class W>
     void Create(const Text& title, DWORD style, HWND parent, DWORD extendedStyle = 0) {
         Make<W>(Com::ModuleHandle(), {.Parent = parent,
                                       .Position = {},
-                                      .Style = style,
+                                      .Style = style | WS_CLIPSIBLINGS,
                                       .ExtendedStyle = extendedStyle,
                                       .Id = 0});
         Finish(title);

@@ -185,9 +185,13 @@ void FormSurface::DrawSelection(HDC context) const {
         return;
     }
     const RECT& place = selected_->Place();
+    // A part of the control may be of the form's colour: its edges are seen all the same.
+    ::FrameRect(context, &place, ::GetSysColorBrush(COLOR_HIGHLIGHT));
     const int half = Scaled(HandleSize) / 2;
-    const std::array<LONG, 3> across = {place.left, (place.left + place.right) / 2, place.right};
-    const std::array<LONG, 3> down = {place.top, (place.top + place.bottom) / 2, place.bottom};
+    const LONG right = place.right - 1;
+    const LONG bottom = place.bottom - 1;
+    const std::array<LONG, 3> across = {place.left, (place.left + right) / 2, right};
+    const std::array<LONG, 3> down = {place.top, (place.top + bottom) / 2, bottom};
     for (std::size_t i = 0; i < across.size(); ++i) {
         for (std::size_t j = 0; j < down.size(); ++j) {
             if (i != 1 || j != 1) {

@@ -95,6 +95,36 @@ TEST_F(ClassFactory, RefusesASecondThreadWhileInstancesLive) {
     EXPECT_TRUE(NewTrial());
 }
 
+/// Makes an instance on a thread that ends without releasing it.
+Com::ComPtr<ITrial> LeftByAThread() {
+    Com::ComPtr<ITrial> left;
+    std::thread([&] { left = NewTrial(); }).join();
+    return left;
+}
+
+TEST_F(ClassFactory, GivesUpWhatAThreadLeftThatHasEnded) {
+    const int before = TrialStatesGivenUp;
+    auto left = LeftByAThread();
+    const OtherThread next = CreateOnOtherThread();
+    EXPECT_EQ(next.Result, S_OK);
+    EXPECT_EQ(TrialStatesGivenUp, before + 1);
+    const auto trial = NewTrial();
+    ASSERT_TRUE(trial);
+    EXPECT_EQ(TrialStatesGivenUp, before + 1) << "that thread has released its own";
+    left.Reset();
+    EXPECT_EQ(CreateOnOtherThread().Result, RPC_E_WRONG_THREAD)
+        << "what is left does not count for the living";
+}
+
+TEST_F(ClassFactory, GivesUpMoreThanOneThread) {
+    const int before = TrialStatesGivenUp;
+    const auto first = LeftByAThread();
+    const auto second = LeftByAThread();
+    const auto third = NewTrial();
+    EXPECT_TRUE(third);
+    EXPECT_EQ(TrialStatesGivenUp, before + 2);
+}
+
 TEST_F(ClassFactory, DoesNotCountHelperObjectsAsInstances) {
     const auto helper = Com::MakeObject<TrialBag>();
     EXPECT_EQ(CreateOnOtherThread().Result, S_OK);

@@ -6,6 +6,7 @@
 #include <olectl.h>
 
 #include "tests/com/plumbing/PlumbingTest.h"
+#include "tests/com/support/ValueObject.h"
 
 namespace Quorvane {
 namespace {
@@ -124,6 +125,59 @@ TEST_F(Dispatch, RefusesUnknownMembersAndWrongKinds) {
     EXPECT_EQ(dispatch_->Invoke(999, IID_NULL, 0, Get, &none, nullptr, nullptr, nullptr),
               DISP_E_MEMBERNOTFOUND);
     EXPECT_EQ(CallWith(Put, L"Nothing", {Com::Variant(1)}).Result, DISP_E_MEMBERNOTFOUND);
+}
+
+TEST_F(Dispatch, RefusesNamesThatAreNotThere) {
+    wchar_t* names[] = {const_cast<wchar_t*>(L"Number"), nullptr};
+    DISPID members[2]{};
+    const auto lookUp = [&](LPOLESTR* given, UINT count, DISPID* ids) {
+        return dispatch_->GetIDsOfNames(IID_NULL, given, count, LOCALE_USER_DEFAULT, ids);
+    };
+    EXPECT_EQ(lookUp(nullptr, 1, members), E_INVALIDARG);
+    EXPECT_EQ(lookUp(names, 1, nullptr), E_INVALIDARG);
+    EXPECT_EQ(lookUp(names, 2, members), E_INVALIDARG);
+    EXPECT_EQ(lookUp(names + 1, 1, members), E_INVALIDARG);
+    EXPECT_EQ(lookUp(names, 0, members), E_INVALIDARG);
+    EXPECT_EQ(lookUp(names, 1, members), S_OK);
+}
+
+TEST_F(Dispatch, TakesTheDefaultPropertyOfAnObjectForAValue) {
+    const auto object = Com::MakeObject<ValueObject>(Com::Variant(7));
+    const auto outer = Com::MakeObject<ValueObject>(object->AsVariant());
+    for (Com::Variant argument : {object->AsVariant(), outer->AsVariant()}) {
+        trial_->Number = 0;
+        EXPECT_EQ(CallWith(Put, L"Number", {argument}).Result, S_OK);
+        EXPECT_EQ(trial_->Number, 7);
+        trial_->Number = 0;
+        VARIANT reference = ReferenceTo(argument);
+        EXPECT_EQ(Call(Put, L"Number", {&reference}).Result, S_OK);
+        EXPECT_EQ(trial_->Number, 7);
+    }
+}
+
+TEST_F(Dispatch, RefusesAnObjectThatIsItsOwnDefault) {
+    const auto self = Com::MakeObject<ValueObject>(Com::Variant());
+    const auto other = Com::MakeObject<ValueObject>(self->AsVariant());
+    // By itself, and by way of another one.
+    for (const auto& next : {self, other}) {
+        self->Value = next->AsVariant();
+        const Outcome put = CallWith(Put, L"Number", {self->AsVariant()});
+        EXPECT_EQ(put.Result, DISP_E_TYPEMISMATCH);
+        EXPECT_EQ(put.BadArgument, 0u);
+        EXPECT_EQ(CallWith(Method, L"Advance", {self->AsVariant(), Com::Variant(1)}).Result,
+                  DISP_E_TYPEMISMATCH);
+    }
+    self->Value = Com::Variant();
+}
+
+TEST_F(Dispatch, RefusesAnObjectThatAnswersWithAReferenceToItself) {
+    const auto self = Com::MakeObject<ValueObject>(Com::Variant());
+    IDispatch* object = self.Get();
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_DISPATCH;
+    reference.ppdispVal = &object;
+    self->Value.Get() = reference;
+    EXPECT_EQ(CallWith(Put, L"Number", {self->AsVariant()}).Result, DISP_E_TYPEMISMATCH);
 }
 
 // A script's variable arrives as a reference to a variant; the type information refuses it for a

@@ -9,6 +9,7 @@
 namespace Quorvane {
 
 bool TrialHoldsState = false;
+int TrialStatesGivenUp = 0;
 
 STDMETHODIMP TrialBag::get_Item(BSTR key, VARIANT* item) noexcept {
     return Com::Guard<IBag>([&] { *item = Com::Variant(Items[Text(Com::View(key))]).Detach(); });
@@ -119,7 +120,13 @@ const Com::ModuleDescription& Com::DescribeModule() noexcept {
          &Com::CreateInstance<Trial>,
          {u"A trial object", u"QuorvaneTrial.Trial", u"1", true, 0x20191, 101, categories}}};
     static constexpr Com::ModuleDescription description = {
-        classes, &LIBID_TrialLibrary, 1, 0, 0x409, []() noexcept { return TrialHoldsState; }};
+        classes,
+        &LIBID_TrialLibrary,
+        1,
+        0,
+        0x409,
+        []() noexcept { return TrialHoldsState; },
+        [] { ++TrialStatesGivenUp; }};
     return description;
 }
 

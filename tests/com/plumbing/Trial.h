@@ -78,4 +78,7 @@ class Trial final : public Com::ComObject<Com::DualDispatch<ITrial>, Com::Suppor
 /// Whether the trial module claims to hold state that must not be unloaded.
 extern bool TrialHoldsState;
 
+/// How often the module was told to give up its state.
+extern int TrialStatesGivenUp;
+
 } // namespace Quorvane

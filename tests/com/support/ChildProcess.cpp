@@ -10,7 +10,6 @@
 namespace Quorvane {
 namespace {
 
-constexpr DWORD LongestRun = 30000;
 constexpr const char* OutputFile = "output.txt";
 
 /// A handle that is closed.
@@ -34,7 +33,7 @@ HANDLE NewInheritedFile(const std::filesystem::path& path) {
 }
 
 /// Gives the exit code.
-DWORD RunInto(const Text& commandLine, HANDLE output) {
+DWORD RunInto(const Text& commandLine, HANDLE output, DWORD longest) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
@@ -49,10 +48,10 @@ DWORD RunInto(const Text& commandLine, HANDLE output) {
     }
     const Handle process(child.hProcess);
     const Handle thread(child.hThread);
-    if (::WaitForSingleObject(process.Get(), LongestRun) != WAIT_OBJECT_0) {
+    if (::WaitForSingleObject(process.Get(), longest) != WAIT_OBJECT_0) {
         ADD_FAILURE() << "the program did not end";
         ::TerminateProcess(process.Get(), 1);
-        ::WaitForSingleObject(process.Get(), LongestRun);
+        ::WaitForSingleObject(process.Get(), longest);
     }
     DWORD code = 0;
     ::GetExitCodeProcess(process.Get(), &code);
@@ -61,12 +60,12 @@ DWORD RunInto(const Text& commandLine, HANDLE output) {
 
 } // namespace
 
-ChildResult RunChild(const Text& commandLine) {
+ChildResult RunChild(const Text& commandLine, DWORD longest) {
     const TestFolder folder;
     ChildResult result;
     {
         const Handle output(NewInheritedFile(folder.File(OutputFile)));
-        result.ExitCode = RunInto(commandLine, output.Get());
+        result.ExitCode = RunInto(commandLine, output.Get(), longest);
     }
     result.Output = folder.Read(OutputFile);
     std::erase(result.Output, '\r');

@@ -17,8 +17,8 @@ struct ChildResult {
     std::string Output;
 };
 
-/// Runs a program to its end. One that cannot be started, or takes longer than half a minute, fails
-/// the test; the latter is ended.
-ChildResult RunChild(const Text& commandLine);
+/// Runs a program to its end. One that cannot be started, or takes longer than so many
+/// milliseconds, fails the test; the latter is ended.
+ChildResult RunChild(const Text& commandLine, DWORD longest = 30000);
 
 } // namespace Quorvane

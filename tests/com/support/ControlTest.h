@@ -41,6 +41,9 @@ class ControlTest : public testing::Test {
 
     const LoadedModule& Module() const { return *module_; }
 
+    /// Loads the module again after a TearDown within a test.
+    void Load() { module_ = std::make_unique<LoadedModule>(); }
+
     /// Makes an instance as a host does.
     HRESULT CreateInstance(IUnknown* outer, REFIID iid, void** result) const;
 

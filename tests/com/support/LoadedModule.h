@@ -19,6 +19,8 @@ class LoadedModule {
     LoadedModule(const LoadedModule&) = delete;
     LoadedModule& operator=(const LoadedModule&) = delete;
 
+    HMODULE Handle() const noexcept { return module_; }
+
     HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** result) const noexcept;
     HRESULT CanUnloadNow() const noexcept;
 

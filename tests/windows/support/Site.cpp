@@ -20,20 +20,32 @@ std::vector<std::string> CallRecord::Only(std::initializer_list<std::string> cal
     return result;
 }
 
+HRESULT CallRecord::AnswerOf(const std::string& call, HRESULT usual) const {
+    const auto answer = Answers.find(call);
+    return answer == Answers.end() ? usual : answer->second;
+}
+
+HRESULT CallRecord::Answer(const std::string& call, HRESULT usual) {
+    Add(call);
+    return AnswerOf(call, usual);
+}
+
 STDMETHODIMP Frame::GetWindow(HWND* window) noexcept {
     *window = window_;
     return S_OK;
 }
 
 STDMETHODIMP Frame::SetBorderSpace(LPCBORDERWIDTHS widths) noexcept {
-    calls_.Add(widths ? "SetBorderSpace" : "SetBorderSpace none");
-    return S_OK;
+    return calls_.Answer(widths ? "SetBorderSpace" : "SetBorderSpace none");
 }
 
 STDMETHODIMP Frame::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) noexcept {
-    calls_.Add(object ? "SetActiveObject" : "SetActiveObject none");
     active_ = object;
-    return S_OK;
+    return calls_.Answer(object ? "SetActiveObject" : "SetActiveObject none");
+}
+
+STDMETHODIMP Frame::EnableModeless(BOOL enable) noexcept {
+    return calls_.Answer(enable ? "EnableModeless" : "EnableModeless not");
 }
 
 Site::Site(HWND window, const RECT& position)
@@ -43,7 +55,7 @@ Site::Site(HWND window, const RECT& position)
 }
 
 HRESULT Site::Record(const char* call, HRESULT result) noexcept {
-    Calls.Add(call);
+    const HRESULT answer = Calls.Answer(call, result);
     const auto during = During.find(call);
     if (during != During.end()) {
         const auto run = std::exchange(during->second, nullptr);
@@ -51,12 +63,13 @@ HRESULT Site::Record(const char* call, HRESULT result) noexcept {
             run();
         }
     }
-    return result;
+    return answer;
 }
 
 STDMETHODIMP Site::QueryInterface(REFIID iid, void** result) noexcept {
     const bool isInPlace = iid == __uuidof(IOleInPlaceSite) || iid == __uuidof(IOleWindow);
-    if ((isInPlace && !Behaviour.OffersInPlace) ||
+    if (std::ranges::find(Behaviour.Lacks, iid) != Behaviour.Lacks.end() ||
+        (isInPlace && !Behaviour.OffersInPlace) ||
         (iid == __uuidof(IOleInPlaceSiteEx) && !Behaviour.OffersInPlaceEx)) {
         *result = nullptr;
         return E_NOINTERFACE;
@@ -78,8 +91,9 @@ STDMETHODIMP Site::ShowObject() noexcept {
 }
 
 STDMETHODIMP Site::GetWindow(HWND* window) noexcept {
-    *window = window_;
-    return S_OK;
+    const HRESULT answer = Calls.AnswerOf("GetWindow");
+    *window = SUCCEEDED(answer) ? window_ : nullptr;
+    return answer;
 }
 
 STDMETHODIMP Site::CanInPlaceActivate() noexcept {
@@ -93,6 +107,10 @@ STDMETHODIMP Site::OnInPlaceActivate() noexcept {
 STDMETHODIMP Site::OnInPlaceActivateEx(BOOL* noRedraw, DWORD) noexcept {
     *noRedraw = FALSE;
     return Record("OnInPlaceActivateEx");
+}
+
+STDMETHODIMP Site::RequestUIActivate() noexcept {
+    return Record("RequestUIActivate", Behaviour.LetsUIActivate);
 }
 
 STDMETHODIMP Site::OnUIActivate() noexcept {
@@ -144,9 +162,12 @@ STDMETHODIMP Site::GetTypeInfoCount(UINT* count) noexcept {
 
 STDMETHODIMP Site::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,
                           EXCEPINFO*, UINT*) noexcept {
+    if (const auto failure = Failures.find(member); failure != Failures.end()) {
+        return failure->second;
+    }
     const auto found = Ambients.find(member);
     if (found == Ambients.end()) {
-        return DISP_E_MEMBERNOTFOUND;
+        return OtherAmbients;
     }
     *result = Com::Variant(found->second).Detach();
     return S_OK;

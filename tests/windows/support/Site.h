@@ -17,9 +17,18 @@
 
 namespace Quorvane {
 
-/// The names of the calls that a control made, in their order.
+/// The names of the calls that a control made, in their order, and what a script has them answer.
 class CallRecord {
   public:
+    /// Answers that a call gives instead of its usual one, by its name.
+    std::map<std::string, HRESULT> Answers;
+
+    /// The answer of a call; what it usually is where the script has no other.
+    HRESULT AnswerOf(const std::string& call, HRESULT usual = S_OK) const;
+
+    /// Records a call, and gives its answer.
+    HRESULT Answer(const std::string& call, HRESULT usual = S_OK);
+
     void Add(std::string call) { calls_.push_back(std::move(call)); }
     void Clear() { calls_.clear(); }
     int Count(const std::string& call) const;
@@ -34,10 +43,14 @@ class CallRecord {
 
 /// What a test's form is like. Odd hosts are made from it.
 struct SiteBehaviour {
+    /// Interfaces that the site's QueryInterface refuses, besides those of the next two.
+    std::vector<IID> Lacks;
     /// A site that offers no IOleInPlaceSite at all is one whose QueryInterface refuses it.
     bool OffersInPlace = true;
     bool OffersInPlaceEx = false;
     bool CanActivate = true;
+    /// What an extended site answers to a control that is about to become UI active.
+    HRESULT LetsUIActivate = S_OK;
     /// GetWindowContext gives frame, document and rectangles, or only says S_OK.
     bool FillsContext = true;
     HRESULT ContainerAnswer = E_NOINTERFACE;
@@ -65,7 +78,7 @@ class Frame final : public Com::ComObject<Com::Chain<IOleInPlaceFrame, IOleInPla
     STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) noexcept override { return S_OK; }
     STDMETHODIMP RemoveMenus(HMENU) noexcept override { return S_OK; }
     STDMETHODIMP SetStatusText(LPCOLESTR) noexcept override { return S_OK; }
-    STDMETHODIMP EnableModeless(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP EnableModeless(BOOL enable) noexcept override;
     STDMETHODIMP TranslateAccelerator(LPMSG, WORD) noexcept override { return S_FALSE; }
 
   private:
@@ -83,8 +96,11 @@ class Site final
 
     CallRecord Calls;
     SiteBehaviour Behaviour;
-    /// The ambient properties that the form offers.
+    /// The ambient properties that the form offers, and what it answers to any other.
     std::map<DISPID, Com::Variant> Ambients;
+    HRESULT OtherAmbients = DISP_E_MEMBERNOTFOUND;
+    /// Failures that asking for an ambient property gives.
+    std::map<DISPID, HRESULT> Failures;
     RECT Position;
     /// The dispatch ids of the changed properties that the control has told of.
     std::vector<DISPID> Changed;
@@ -123,7 +139,7 @@ class Site final
     // IOleInPlaceSiteEx
     STDMETHODIMP OnInPlaceActivateEx(BOOL* noRedraw, DWORD flags) noexcept override;
     STDMETHODIMP OnInPlaceDeactivateEx(BOOL) noexcept override { return OnInPlaceDeactivate(); }
-    STDMETHODIMP RequestUIActivate() noexcept override { return S_OK; }
+    STDMETHODIMP RequestUIActivate() noexcept override;
 
     // IOleControlSite
     STDMETHODIMP OnControlInfoChanged() noexcept override { return S_OK; }
