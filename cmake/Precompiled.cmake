@@ -1,8 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Precompiled headers: reading the headers of the platform and of GoogleTest costs more than half of
 # the time to compile a small source. The sources still include what they use; the presets of clang
-# build without, which keeps them honest. Not for sources that work with std::wstring: precompiled,
-# the platform's own wmemcpy is no longer exempt from warnings.
+# build without, which keeps them honest.
 
 set(QUORVANE_STANDARD_HEADERS <algorithm> <functional> <memory> <string> <utility> <vector>)
 set(QUORVANE_WINDOWS_HEADERS <windows.h> <ocidl.h> <olectl.h>)

@@ -9,13 +9,14 @@
 #include "com/ControlCore.h"
 #include "com/ErrorBoundary.h"
 #include "win/Dpi.h"
+#include "win/Keyboard.h"
 
 namespace Quorvane::Com {
 namespace {
 
 bool IsShiftTab(const MSG* message) noexcept {
     return message && message->message == WM_KEYDOWN && message->wParam == VK_TAB &&
-           ::GetKeyState(VK_SHIFT) < 0;
+           Win::IsPressed(VK_SHIFT);
 }
 
 /// The modifiers of IOleControlSite::TranslateAccelerator.
@@ -23,8 +24,8 @@ DWORD KeyModifiers() noexcept {
     constexpr DWORD Shift = 1;
     constexpr DWORD Control = 2;
     constexpr DWORD Alt = 4;
-    return (::GetKeyState(VK_SHIFT) < 0 ? Shift : 0) |
-           (::GetKeyState(VK_CONTROL) < 0 ? Control : 0) | (::GetKeyState(VK_MENU) < 0 ? Alt : 0);
+    return (Win::IsPressed(VK_SHIFT) ? Shift : 0) | (Win::IsPressed(VK_CONTROL) ? Control : 0) |
+           (Win::IsPressed(VK_MENU) ? Alt : 0);
 }
 
 /// The control's own size at the corner of its parent, for a host that names no place.

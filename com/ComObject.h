@@ -179,7 +179,7 @@ ComPtr<T> MakeObject(Arguments&&... arguments) {
 /// constructor that takes the outer IUnknown, null for none.
 template <class T>
 void CreateInstance(IUnknown* outer, REFIID iid, void** result) {
-    InstanceClaim claim = InstanceClaim::ForThisThread();
+    InstanceClaim claim = InstanceClaim::ForThisThread(DescribeModule().GiveUpState);
     T* const object = new T(outer);
     const auto inner = ComPtr<IUnknown>::Attach(object->InnerUnknown());
     Check(inner->QueryInterface(iid, result));

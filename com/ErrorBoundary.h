@@ -6,6 +6,7 @@
 
 #include <oaidl.h>
 
+#include <concepts>
 #include <exception>
 #include <type_traits>
 
@@ -42,7 +43,7 @@ void Check(HRESULT result);
 /// some earlier call left behind does not.
 void Check(HRESULT result, IUnknown* callee, REFIID iid);
 
-template <class I>
+template <std::derived_from<IUnknown> I>
 void Check(HRESULT result, I* callee) {
     Check(result, callee, __uuidof(I));
 }

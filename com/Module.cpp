@@ -33,8 +33,8 @@ struct InstanceThread {
     }
 
     /// Leaves what an ended thread has not released where it is, for good.
-    void GiveUp() {
-        if (const auto giveUpState = DescribeModule().GiveUpState) {
+    void GiveUp(void (*giveUpState)()) {
+        if (giveUpState) {
             giveUpState();
         }
         Instances = 0;
@@ -94,12 +94,12 @@ LONG ModuleLockCount() noexcept {
     return LockCount();
 }
 
-InstanceClaim InstanceClaim::ForThisThread() {
+InstanceClaim InstanceClaim::ForThisThread(void (*giveUpState)()) {
     InstanceThread& instances = Instances();
     const std::lock_guard guard(instances.Guard);
     const DWORD thread = ::GetCurrentThreadId();
     if (instances.Instances > 0 && instances.HasEnded()) {
-        instances.GiveUp();
+        instances.GiveUp(giveUpState);
     }
     if (instances.Instances > 0 && instances.Id != thread) {
         throw HresultError(RPC_E_WRONG_THREAD,

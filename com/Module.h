@@ -59,9 +59,11 @@ class InstanceClaim {
     /// No claim at all.
     InstanceClaim() noexcept = default;
 
-    /// A claim for the current thread. Throws HresultError(RPC_E_WRONG_THREAD) with a description
-    /// while instances live on another living thread.
-    static InstanceClaim ForThisThread();
+    /// A claim for the current thread. `giveUpState` is that of the module's description: objects
+    /// of a program, which no host creates, need no description. Throws
+    /// HresultError(RPC_E_WRONG_THREAD) with a description while instances live on another living
+    /// thread.
+    static InstanceClaim ForThisThread(void (*giveUpState)());
 
     InstanceClaim(const InstanceClaim&) = delete;
     InstanceClaim& operator=(const InstanceClaim&) = delete;

@@ -47,6 +47,10 @@ HRESULT FollowDefaults(Variant& value) noexcept {
 }
 
 Variant ChangeType(const VARIANT& value, VARTYPE type) {
+    return ChangeType(value, type, LOCALE_USER_DEFAULT, 0);
+}
+
+Variant ChangeType(const VARIANT& value, VARTYPE type, LCID locale, USHORT flags) {
     // The platform does not follow a by-reference variant in every conversion; follow it here.
     const VARIANT& given = Dereference(value);
     RefuseNullReference(given);
@@ -60,7 +64,7 @@ Variant ChangeType(const VARIANT& value, VARTYPE type) {
         source = &followed.Get();
     }
     Variant result;
-    Check(::VariantChangeType(result.Put(), source, 0, type));
+    Check(::VariantChangeTypeEx(result.Put(), source, locale, flags, type));
     return result;
 }
 

@@ -156,6 +156,9 @@ HRESULT FollowDefaults(Variant& value) noexcept;
 /// their default property. Throws HresultError, DISP_E_TYPEMISMATCH for one that does not convert.
 Variant ChangeType(const VARIANT& value, VARTYPE type);
 
+/// The same in a given locale, where flags of the platform such as VARIANT_ALPHABOOL say how.
+Variant ChangeType(const VARIANT& value, VARTYPE type, LCID locale, USHORT flags);
+
 /// A colour as hosts give it: a system colour is above the range of a signed number, and comes as
 /// an unsigned or a negative one, or as a text of either. Throws HresultError, DISP_E_OVERFLOW for
 /// a number of more than 32 bits.

@@ -12,6 +12,7 @@
 #include "shared/Definition.h"
 #include "win/Dpi.h"
 #include "win/HelpViewer.h"
+#include "win/Keyboard.h"
 
 namespace Quorvane {
 namespace {
@@ -41,10 +42,6 @@ constexpr Com::BrowsedProperty BrowsedProperties[] = {
 /// Keys that move in a list, which a host would use to move between its controls.
 constexpr WPARAM ListKeys[] = {VK_UP,   VK_DOWN, VK_LEFT,  VK_RIGHT,
                                VK_HOME, VK_END,  VK_PRIOR, VK_NEXT};
-
-bool IsDown(int key) noexcept {
-    return ::GetKeyState(key) < 0;
-}
 
 } // namespace
 
@@ -77,7 +74,8 @@ void FISControl::TakeFocus(bool first) noexcept {
 
 bool FISControl::TranslateKey(const MSG& message) noexcept {
     DisplayWindow* const window = display_.Window();
-    if (!window || !window->Contains(message.hwnd) || IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
+    if (!window || !window->Contains(message.hwnd) || Win::IsPressed(VK_CONTROL) ||
+        Win::IsPressed(VK_MENU)) {
         return false;
     }
     const bool isListKey = std::ranges::find(ListKeys, message.wParam) != std::end(ListKeys);
@@ -86,7 +84,7 @@ bool FISControl::TranslateKey(const MSG& message) noexcept {
         return true;
     }
     return message.message == WM_KEYDOWN && message.wParam == VK_TAB &&
-           window->MoveFocus(!IsDown(VK_SHIFT));
+           window->MoveFocus(!Win::IsPressed(VK_SHIFT));
 }
 
 void FISControl::Draw(HDC context, const RECT& bounds) {

@@ -3,7 +3,7 @@
 
 packages_of() {
     case $1 in
-        build) echo cmake ninja-build g++ ccache googletest libcli11-dev nlohmann-json3-dev ;;
+        build) echo cmake ninja-build g++ ccache googletest libutfcpp-dev libcli11-dev nlohmann-json3-dev ;;
         windows64) echo g++-mingw-w64-x86-64-posix mingw-w64-tools ;;
         windows32) echo g++-mingw-w64-i686-posix mingw-w64-tools ;;
         wine) echo wine wine64 fonts-wine fonts-wqy-microhei xvfb openbox ;;

@@ -119,6 +119,7 @@ using Pen = Handle<PenKind>;
 using Bitmap = Handle<BitmapKind>;
 using Region = Handle<RegionKind>;
 using Icon = Handle<IconKind>;
+using Accelerators = Handle<AcceleratorKind>;
 using MemoryDc = Handle<MemoryDcKind>;
 using MetaFile = Handle<MetaFileKind>;
 using EnhMetaFile = Handle<EnhMetaFileKind>;

@@ -11,10 +11,9 @@
 namespace Quorvane::Win {
 
 /// Sees the messages of a window before its own procedure does, for as long as it lives. The window
-/// may be destroyed first. It uses the window's user data; a window has one subclass at most.
-///
-/// The platform's own subclassing finds its way by a property of the window. Under Wine that is a
-/// question to another process at every message, which took a third of the time of making a list.
+/// may be destroyed first. It can be a host's: neither the window's data nor the order in which
+/// several watch it and end matter, which is why the platform's own subclassing is used, slow as it
+/// is under Wine.
 class Subclass {
   public:
     /// Gives a result for a message that the window shall not see, nothing for any other. An
@@ -27,18 +26,16 @@ class Subclass {
     Subclass(const Subclass&) = delete;
     Subclass& operator=(const Subclass&) = delete;
 
-    /// Has a subclassed window's own procedure handle a message, from inside a handler.
+    /// Has the window handle a message as if nobody watched, from inside a handler.
     static LRESULT Default(HWND window, UINT message, WPARAM first, LPARAM second) noexcept;
 
   private:
-    struct State;
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR id, DWORD_PTR self) noexcept;
 
-    static State* Of(HWND window) noexcept;
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first,
-                                      LPARAM second) noexcept;
-
-    /// Owned by the window, which outlives this object or takes it along.
-    State* state_;
+    HWND window_;
+    /// Shared with a call in progress, which may be the end of this object.
+    std::shared_ptr<const Handler> handler_;
 };
 
 } // namespace Quorvane::Win

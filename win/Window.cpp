@@ -6,6 +6,12 @@
 
 namespace Quorvane::Win {
 
+RECT ClientArea(HWND window) noexcept {
+    RECT area{};
+    ::GetClientRect(window, &area);
+    return area;
+}
+
 HWND MakeWindow(HINSTANCE module, const wchar_t* className, const WindowPlace& place,
                 void* parameter) {
     const RECT& position = place.Position;
@@ -57,7 +63,8 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM first,
     try {
         return self->OnMessage(message, first, second);
     } catch (...) {
-        // Nothing may pass through the window system; what failed is not done.
+        // Nothing may pass through the window system.
+        self->OnFailure();
         return 0;
     }
 }

@@ -32,6 +32,9 @@ struct WindowPlace {
     UINT Id = 0;
 };
 
+/// The client area of a window, which begins at 0, 0; empty for a window that is gone.
+RECT ClientArea(HWND window) noexcept;
+
 /// Makes a window of one of the platform's classes. Throws std::system_error.
 HWND MakeWindow(HINSTANCE module, const wchar_t* className, const WindowPlace& place,
                 void* parameter = nullptr);
@@ -39,7 +42,8 @@ HWND MakeWindow(HINSTANCE module, const wchar_t* className, const WindowPlace& p
 /// A window of a class of our own. The object owns the window, and notices when the window is
 /// destroyed by others first. A derived class has a `static constexpr const wchar_t* ClassName`.
 ///
-/// An exception in OnMessage ends at the window procedure; the message then counts as handled.
+/// An exception in OnMessage ends at the window procedure, by OnFailure; the message then counts as
+/// handled.
 class Window {
   public:
     Window(const Window&) = delete;
@@ -65,6 +69,10 @@ class Window {
 
     /// Handles a message. The default handling is DefWindowProc.
     virtual LRESULT OnMessage(UINT message, WPARAM first, LPARAM second);
+
+    /// Called inside the catch block of what OnMessage has thrown. The default says nothing: what
+    /// failed is not done.
+    virtual void OnFailure() noexcept {}
 
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first,

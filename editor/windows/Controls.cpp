@@ -71,10 +71,4 @@ void ShowFont(HWND parent, const DialogFont& font) noexcept {
     }
 }
 
-void FillBackground(HWND window, HDC context) noexcept {
-    RECT area{};
-    ::GetClientRect(window, &area);
-    ::FillRect(context, &area, ::GetSysColorBrush(COLOR_BTNFACE));
-}
-
 } // namespace Quorvane::Editor

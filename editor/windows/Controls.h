@@ -50,7 +50,4 @@ Win::ChildWindow MakeControl(HWND parent, const wchar_t* className, const Text& 
 /// Gives all children of a window a font, which outlives them or their next font.
 void ShowFont(HWND parent, const DialogFont& font) noexcept;
 
-/// Fills the client area of a window in the colour of dialogs.
-void FillBackground(HWND window, HDC context) noexcept;
-
 } // namespace Quorvane::Editor

@@ -6,6 +6,7 @@
 #include <oleidl.h>
 
 #include "com/ClientSite.h"
+#include "com/ExceptionInfo.h"
 #include "com/Scoped.h"
 #include "com/TaskMemory.h"
 #include "shared/Definition.h"
@@ -14,41 +15,6 @@
 
 namespace Quorvane::Editor {
 namespace {
-
-/// What a late-bound call has raised.
-class RaisedException {
-  public:
-    RaisedException() noexcept = default;
-    ~RaisedException() {
-        ::SysFreeString(info_.bstrSource);
-        ::SysFreeString(info_.bstrDescription);
-        ::SysFreeString(info_.bstrHelpFile);
-    }
-    RaisedException(const RaisedException&) = delete;
-    RaisedException& operator=(const RaisedException&) = delete;
-
-    EXCEPINFO* Put() noexcept { return &info_; }
-
-    /// Throws HresultError with the number and the description that the object gave.
-    [[noreturn]] void Throw() {
-        if (info_.pfnDeferredFillIn) {
-            info_.pfnDeferredFillIn(&info_);
-        }
-        throw Com::HresultError(Number(), Text(Com::View(info_.bstrDescription)));
-    }
-
-  private:
-    /// An object fills in a code of either width, and must not be taken to have succeeded.
-    HRESULT Number() const noexcept {
-        if (FAILED(info_.scode)) {
-            return info_.scode;
-        }
-        return info_.wCode != 0 ? MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info_.wCode)
-                                : DISP_E_EXCEPTION;
-    }
-
-    EXCEPINFO info_{};
-};
 
 /// A control, whose properties are assigned by name.
 class LateBoundControl final : public SelectedControl {
@@ -64,12 +30,13 @@ class LateBoundControl final : public SelectedControl {
         Com::Variant argument{TextView(value)};
         DISPID put = DISPID_PROPERTYPUT;
         DISPPARAMS arguments{&argument.Get(), &put, 1, 1};
-        RaisedException raised;
+        Com::ExceptionInfo raised;
         const HRESULT result =
             control_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &arguments,
-                             nullptr, raised.Put(), nullptr);
+                             nullptr, raised.Get(), nullptr);
         if (result == DISP_E_EXCEPTION) {
-            raised.Throw();
+            raised.FillIn();
+            throw Com::HresultError(raised.Number(), Text(raised.Description()));
         }
         Com::Check(result);
     }

@@ -8,6 +8,7 @@
 #include "editor/page/DrawVariableGraph.h"
 #include "editor/windows/GdiGraphSurface.h"
 #include "win/Dpi.h"
+#include "win/MemoryBitmap.h"
 
 namespace Quorvane::Editor {
 
@@ -52,17 +53,14 @@ HFONT GraphWindow::FontFor(int pictureHeight) {
 
 /// Through a bitmap, so that nothing flickers.
 void GraphWindow::Paint(HDC target) {
-    RECT area{};
-    ::GetClientRect(Get(), &area);
-    const Win::MemoryDc memory(::CreateCompatibleDC(target));
-    const Win::Bitmap bitmap(::CreateCompatibleBitmap(target, area.right, area.bottom));
-    const Win::Selection selected(memory.Get(), bitmap.Get());
+    const RECT area = Win::ClientArea(Get());
+    const Win::MemoryBitmap memory(target, area, COLOR_WINDOW);
     {
-        GdiGraphSurface surface(memory.Get(), {area.right, area.bottom}, FontFor(area.bottom),
+        GdiGraphSurface surface(memory.Context(), {area.right, area.bottom}, FontFor(area.bottom),
                                 Win::DpiOf(Get()));
         draw_(surface);
     }
-    ::BitBlt(target, 0, 0, area.right, area.bottom, memory.Get(), 0, 0, SRCCOPY);
+    memory.CopyTo(target);
 }
 
 } // namespace Quorvane::Editor

@@ -11,6 +11,7 @@
 #include "shared/Definition.h"
 #include "win/Dpi.h"
 #include "win/HelpViewer.h"
+#include "win/MemoryBitmap.h"
 #include "win/WindowText.h"
 
 namespace Quorvane::Editor {
@@ -287,7 +288,7 @@ LRESULT PageView::OnMessage(UINT message, WPARAM first, LPARAM second) {
         UseDpi();
         return 0;
     case WM_ERASEBKGND:
-        FillBackground(Get(), reinterpret_cast<HDC>(first));
+        Win::FillBackground(Get(), reinterpret_cast<HDC>(first));
         return TRUE;
     case WM_NOTIFY:
         return OnNotify(*reinterpret_cast<NMHDR*>(second));

@@ -4,15 +4,9 @@
 
 #include "editor/windows/PageView.h"
 #include "win/Error.h"
+#include "win/Keyboard.h"
 
 namespace Quorvane::Editor {
-namespace {
-
-bool IsPressed(int key) {
-    return ::GetKeyState(key) < 0;
-}
-
-} // namespace
 
 Win::Handle<Win::AcceleratorKind> PageView::MakeAccelerators() {
     ACCEL keys[] = {
@@ -54,7 +48,7 @@ void PageView::TranslateEditKey(TreeView& edited, const MSG& message) {
 bool PageView::LeavesPage(const MSG& tab) const {
     HWND const first = treInput_.Window();
     HWND const last = ::GetNextDlgTabItem(Get(), first, TRUE);
-    return IsPressed(VK_CONTROL) || tab.hwnd == (IsPressed(VK_SHIFT) ? first : last);
+    return Win::IsPressed(VK_CONTROL) || tab.hwnd == (Win::IsPressed(VK_SHIFT) ? first : last);
 }
 
 /// Enter presses the button that has the focus. Elsewhere it is the frame's, as Esc is.

@@ -7,6 +7,8 @@
 
 #include "com/Module.h"
 #include "win/Dpi.h"
+#include "win/Keyboard.h"
+#include "win/MemoryBitmap.h"
 #include "win/WideText.h"
 
 namespace Quorvane::Editor {
@@ -43,7 +45,7 @@ LRESULT PanelWindow::Content::OnMessage(UINT message, WPARAM first, LPARAM secon
     case WM_MOUSEWHEEL:
         return ::SendMessageW(::GetParent(Get()), message, first, second);
     case WM_ERASEBKGND:
-        FillBackground(Get(), reinterpret_cast<HDC>(first));
+        Win::FillBackground(Get(), reinterpret_cast<HDC>(first));
         return TRUE;
     default:
         return Window::OnMessage(message, first, second);
@@ -213,7 +215,7 @@ void PanelWindow::OnCommand(UINT id, UINT code) {
         if (item >= 0) {
             chosen_(variable, static_cast<std::size_t>(item));
         }
-    } else if (code == LBN_SETFOCUS && ::GetKeyState(VK_LBUTTON) >= 0) {
+    } else if (code == LBN_SETFOCUS && !Win::IsPressed(VK_LBUTTON)) {
         // A list box that the keyboard has reached comes into view. Under a pressed mouse it stays
         // where it is: the mouse would drag its choice along.
         const TwipsArea& area = panel_.Rows[variable].ListArea;
@@ -243,7 +245,7 @@ LRESULT PanelWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
         OnCommand(LOWORD(first), HIWORD(first));
         return 0;
     case WM_ERASEBKGND:
-        FillBackground(Get(), reinterpret_cast<HDC>(first));
+        Win::FillBackground(Get(), reinterpret_cast<HDC>(first));
         return TRUE;
     default:
         return Window::OnMessage(message, first, second);

@@ -11,6 +11,7 @@
 #include "editor/windows/RuleEditorParts.h"
 #include "win/ActivationContext.h"
 #include "win/Dpi.h"
+#include "win/MemoryBitmap.h"
 #include "win/ModalScope.h"
 #include "win/Raised.h"
 #include "win/WindowText.h"
@@ -295,7 +296,7 @@ LRESULT RuleEditorWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
         }
         return 0;
     case WM_ERASEBKGND:
-        FillBackground(Get(), reinterpret_cast<HDC>(first));
+        Win::FillBackground(Get(), reinterpret_cast<HDC>(first));
         return TRUE;
     case DM_GETDEFID:
         return MAKELRESULT(RuleEditorParts::CmdAddId, DC_HASDEFID);

@@ -8,6 +8,7 @@
 #include "text/GetText.h"
 #include "text/TextIds.h"
 #include "win/Dpi.h"
+#include "win/Keyboard.h"
 #include "win/Raised.h"
 #include "win/WideText.h"
 
@@ -55,7 +56,7 @@ RuleListView::RuleListView(HWND parent, UINT id, const RuleEditor& editor, const
 /// Ctrl with Left and Right sorts by the column beside, with Up and Down up and down. The list
 /// itself has little use for them: it would move the focus away from the selected row.
 bool RuleListView::TakesKey(WPARAM key) const {
-    if (::GetKeyState(VK_CONTROL) >= 0) {
+    if (!Win::IsPressed(VK_CONTROL)) {
         return false;
     }
     RuleOrder order = editor_.Rows().Order().value_or(RuleOrder());

@@ -4,12 +4,12 @@
 
 #include <windows.h>
 
-#include <string_view>
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 /// Writes `line` and a line end to the standard handle `stream` (STD_OUTPUT_HANDLE or
 /// STD_ERROR_HANDLE), at once.
-void WriteConsoleLine(DWORD stream, std::wstring_view line);
+void WriteConsoleLine(DWORD stream, TextView line);
 
 } // namespace Quorvane::Host

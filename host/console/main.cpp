@@ -1,27 +1,28 @@
 // SPDX-License-Identifier: MIT
 // main: the host program. Loads a form file and runs the script behind it.
-#include "host/console/Console.h"
-#include "host/container/Apartment.h"
-#include "host/container/Options.h"
-#include "host/container/Wide.h"
-#include "host/formfile/Utf8.h"
-#include "host/script/RunningForm.h"
-
 #include <objbase.h>
+
+#include "com/Apartment.h"
+#include "host/console/Console.h"
+#include "host/container/ErrorText.h"
+#include "host/container/Options.h"
+#include "host/container/Paths.h"
+#include "host/script/RunningForm.h"
 
 namespace {
 
+using namespace Quorvane;
 using namespace Quorvane::Host;
 
 constexpr int Failed = 1;
 constexpr int WrongUse = 2;
 
-void PrintError(const std::wstring& line) {
+void PrintError(const Text& line) {
     WriteConsoleLine(STD_ERROR_HANDLE, line);
 }
 
-void PrintFailure(const std::wstring& where, const std::string& utf8) {
-    PrintError(where + L": " + ToWide(DecodeUtf8(utf8)));
+void PrintFailure(const Text& where, const std::exception& error) {
+    PrintError(where + u": " + WordsOf(error));
 }
 
 FormSettings SettingsFrom(const Options& options) {
@@ -31,11 +32,9 @@ FormSettings SettingsFrom(const Options& options) {
     settings.Design = options.Design;
     settings.New = options.New;
     settings.ReportError = PrintError;
-    settings.Services.Print = [](const std::wstring& line) {
-        WriteConsoleLine(STD_OUTPUT_HANDLE, line);
-    };
+    settings.Services.Print = [](const Text& line) { WriteConsoleLine(STD_OUTPUT_HANDLE, line); };
     settings.Services.Options = options.Values;
-    settings.Services.OutputFolder = std::filesystem::absolute(options.Output).wstring();
+    settings.Services.OutputFolder = PathText(std::filesystem::absolute(options.Output));
     return settings;
 }
 
@@ -43,7 +42,7 @@ int RunForm(const Options& options) {
     const FormFile form = ReadFormFile(options.Form);
     const std::optional<FormScript> script = FindScript(form, options.Form);
     std::filesystem::create_directories(options.Output);
-    const Apartment apartment;
+    const Com::Apartment apartment;
     RunningForm running(form, SettingsFrom(options));
     const int exitCode = script && !options.Design ? running.RunScript(*script) : 0;
     if (options.Save) {
@@ -52,7 +51,7 @@ int RunForm(const Options& options) {
     return exitCode;
 }
 
-int Run(const std::vector<std::wstring>& arguments) {
+int Run(const std::vector<Text>& arguments) {
     const Options options = ParseOptions(arguments);
     if (options.Help) {
         WriteConsoleLine(STD_OUTPUT_HANDLE, UsageText());
@@ -61,8 +60,9 @@ int Run(const std::vector<std::wstring>& arguments) {
     try {
         return RunForm(options);
     } catch (const FormFileError& error) {
-        const std::wstring line = error.Line == 0 ? L"" : L"(" + std::to_wstring(error.Line) + L")";
-        PrintFailure(options.Form.wstring() + line, error.what());
+        const Text line =
+            error.Line == 0 ? Text() : u"(" + Widen(std::to_string(error.Line)) + u")";
+        PrintFailure(PathText(options.Form) + line, error);
         return WrongUse;
     }
 }
@@ -71,13 +71,13 @@ int Run(const std::vector<std::wstring>& arguments) {
 
 int wmain(int count, wchar_t** arguments) {
     try {
-        return Run({arguments + 1, arguments + count});
+        return Run(ArgumentTexts(count, arguments));
     } catch (const UsageError& error) {
-        PrintFailure(L"QuorvaneHost", error.what());
-        PrintError(L"QuorvaneHost --help shows the options.");
+        PrintFailure(u"QuorvaneHost", error);
+        PrintError(u"QuorvaneHost --help shows the options.");
         return WrongUse;
     } catch (const std::exception& error) {
-        PrintFailure(L"QuorvaneHost", error.what());
+        PrintFailure(u"QuorvaneHost", error);
         return Failed;
     }
 }

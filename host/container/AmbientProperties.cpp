@@ -2,12 +2,12 @@
 // AmbientProperties: what the form tells its controls about their surroundings.
 #include "host/container/AmbientProperties.h"
 
-#include "host/container/FormFont.h"
-
 #include <cwchar>
 
-namespace Quorvane::Host {
+#include "com/ErrorBoundary.h"
+#include "host/container/FormFont.h"
 
+namespace Quorvane::Host {
 namespace {
 
 struct NamedAmbient {
@@ -34,25 +34,25 @@ constexpr NamedAmbient NamedAmbients[] = {
     {L"Appearance", DISPID_AMBIENT_APPEARANCE},
 };
 
-Variant SystemColor(int index) {
-    return Variant(static_cast<LONG>(0x80000000U + unsigned(index)));
+Com::Variant SystemColor(int index) {
+    return Com::Variant(static_cast<LONG>(0x80000000U + unsigned(index)));
 }
 
 } // namespace
 
 AmbientProperties AmbientProperties::OfAnOrdinaryForm() {
     AmbientProperties ambients;
-    ambients.Set(DISPID_AMBIENT_USERMODE, Variant(true));
-    ambients.Set(DISPID_AMBIENT_LOCALEID, Variant(static_cast<LONG>(GetUserDefaultLCID())));
-    ambients.Set(DISPID_AMBIENT_FONT, Variant(static_cast<IDispatch*>(DefaultFont().Get())));
+    ambients.Set(DISPID_AMBIENT_USERMODE, Com::Variant(true));
+    ambients.Set(DISPID_AMBIENT_LOCALEID, Com::Variant(static_cast<LONG>(::GetUserDefaultLCID())));
+    ambients.Set(DISPID_AMBIENT_FONT, Com::Variant(static_cast<IDispatch*>(DefaultFont().Get())));
     ambients.Set(DISPID_AMBIENT_BACKCOLOR, SystemColor(COLOR_BTNFACE));
     ambients.Set(DISPID_AMBIENT_FORECOLOR, SystemColor(COLOR_BTNTEXT));
-    ambients.Set(DISPID_AMBIENT_SCALEUNITS, Variant(L"Twip"));
-    ambients.Set(DISPID_AMBIENT_UIDEAD, Variant(false));
-    ambients.Set(DISPID_AMBIENT_SHOWGRABHANDLES, Variant(false));
-    ambients.Set(DISPID_AMBIENT_SHOWHATCHING, Variant(false));
-    ambients.Set(DISPID_AMBIENT_DISPLAYASDEFAULT, Variant(false));
-    ambients.Set(DISPID_AMBIENT_SUPPORTSMNEMONICS, Variant(true));
+    ambients.Set(DISPID_AMBIENT_SCALEUNITS, Com::Variant(u"Twip"));
+    ambients.Set(DISPID_AMBIENT_UIDEAD, Com::Variant(false));
+    ambients.Set(DISPID_AMBIENT_SHOWGRABHANDLES, Com::Variant(false));
+    ambients.Set(DISPID_AMBIENT_SHOWHATCHING, Com::Variant(false));
+    ambients.Set(DISPID_AMBIENT_DISPLAYASDEFAULT, Com::Variant(false));
+    ambients.Set(DISPID_AMBIENT_SUPPORTSMNEMONICS, Com::Variant(true));
     return ambients;
 }
 
@@ -61,10 +61,7 @@ HRESULT AmbientProperties::Get(DISPID id, VARIANT* value) const {
     if (found == values_.end()) {
         return DISP_E_MEMBERNOTFOUND;
     }
-    Variant copy;
-    const HRESULT copied = copy.Copy(found->second);
-    copy.MoveTo(value);
-    return copied;
+    return Com::Guard([&] { *value = Com::Variant(found->second).Detach(); });
 }
 
 DISPID AmbientProperties::IdOf(const wchar_t* name) noexcept {

@@ -2,11 +2,11 @@
 // AmbientProperties: what the form tells its controls about their surroundings.
 #pragma once
 
-#include "host/container/Variant.h"
+#include <olectl.h>
 
 #include <map>
 
-#include <olectl.h>
+#include "com/Scoped.h"
 
 namespace Quorvane::Host {
 
@@ -18,7 +18,7 @@ class AmbientProperties {
     /// colours, twips, no hatching or grab handles.
     static AmbientProperties OfAnOrdinaryForm();
 
-    void Set(DISPID id, Variant value) { values_[id] = std::move(value); }
+    void Set(DISPID id, Com::Variant value) { values_[id] = std::move(value); }
     void Remove(DISPID id) { values_.erase(id); }
 
     /// Copies the value. DISP_E_MEMBERNOTFOUND: the form does not offer it.
@@ -29,7 +29,7 @@ class AmbientProperties {
     static DISPID IdOf(const wchar_t* name) noexcept;
 
   private:
-    std::map<DISPID, Variant> values_;
+    std::map<DISPID, Com::Variant> values_;
 };
 
 } // namespace Quorvane::Host

@@ -2,25 +2,25 @@
 // ControlClass: finds and creates the control that a form file names.
 #pragma once
 
-#include "host/container/ComObject.h"
-
 #include <filesystem>
 #include <optional>
-#include <string>
+
+#include "com/ComObject.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 /// A new object of the registered class `name`, a ProgID or a "{class identifier}".
-/// Throws HResultError.
-ComPtr<IUnknown> CreateRegistered(const std::wstring& name);
+/// Throws Com::HresultError.
+Com::ComPtr<IUnknown> CreateRegistered(const Text& name);
 
 /// A new object of the class `name` straight from the library file `dll`, registered or not. A
 /// ProgID is looked up in the type library inside the file, as "Library.Class" with or without a
-/// version number behind it. The library stays loaded. Throws HResultError.
-ComPtr<IUnknown> CreateFromLibrary(const std::filesystem::path& dll, const std::wstring& name);
+/// version number behind it. The library stays loaded. Throws Com::HresultError.
+Com::ComPtr<IUnknown> CreateFromLibrary(const std::filesystem::path& dll, const Text& name);
 
 /// The one of the two that fits: from `dll` where one is given.
-ComPtr<IUnknown> CreateControl(const std::optional<std::filesystem::path>& dll,
-                               const std::wstring& name);
+Com::ComPtr<IUnknown> CreateControl(const std::optional<std::filesystem::path>& dll,
+                                    const Text& name);
 
 } // namespace Quorvane::Host

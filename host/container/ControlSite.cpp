@@ -3,10 +3,9 @@
 #include "host/container/ControlSite.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
-template <typename Interface>
+template <class Interface>
 HRESULT Refuse(Interface** place, HRESULT reason) {
     if (!place) {
         return E_POINTER;

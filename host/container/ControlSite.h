@@ -2,17 +2,17 @@
 // ControlSite: the place on a form that holds one control.
 #pragma once
 
-#include "host/container/AmbientProperties.h"
-#include "host/container/ComObject.h"
-
 #include <ocidl.h>
 #include <oleidl.h>
+
+#include "com/ComObject.h"
+#include "host/container/AmbientProperties.h"
 
 namespace Quorvane::Host {
 
 /// The client site of a control without a window: ambient properties, and the calls a control makes
 /// to its container.
-class ControlSite final : public ComObject<IOleClientSite, IOleControlSite, IDispatch> {
+class ControlSite final : public Com::ComObject<IOleClientSite, IOleControlSite, IDispatch> {
   public:
     explicit ControlSite(AmbientProperties ambients) : ambients_(std::move(ambients)) {}
 
@@ -21,33 +21,29 @@ class ControlSite final : public ComObject<IOleClientSite, IOleControlSite, IDis
     AmbientProperties& Ambients() { return ambients_; }
 
     // IOleClientSite
-    HRESULT STDMETHODCALLTYPE SaveObject() noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) noexcept override;
-    HRESULT STDMETHODCALLTYPE ShowObject() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP SaveObject() noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept override;
+    STDMETHODIMP GetContainer(IOleContainer** container) noexcept override;
+    STDMETHODIMP ShowObject() noexcept override { return S_OK; }
+    STDMETHODIMP OnShowWindow(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP RequestNewObjectLayout() noexcept override { return E_NOTIMPL; }
 
     // IOleControlSite
-    HRESULT STDMETHODCALLTYPE OnControlInfoChanged() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** control) noexcept override;
-    HRESULT STDMETHODCALLTYPE TransformCoords(POINTL*, POINTF*, DWORD) noexcept override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) noexcept override {
-        return S_FALSE;
-    }
-    HRESULT STDMETHODCALLTYPE OnFocus(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP OnControlInfoChanged() noexcept override { return S_OK; }
+    STDMETHODIMP LockInPlaceActive(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP GetExtendedControl(IDispatch** control) noexcept override;
+    STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP TranslateAccelerator(MSG*, DWORD) noexcept override { return S_FALSE; }
+    STDMETHODIMP OnFocus(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP ShowPropertyFrame() noexcept override { return E_NOTIMPL; }
 
     // IDispatch: the ambient properties
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
-                                            DISPID* ids) noexcept override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*,
-                                     VARIANT* result, EXCEPINFO*, UINT*) noexcept override;
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override;
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+                               DISPID* ids) noexcept override;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result,
+                        EXCEPINFO*, UINT*) noexcept override;
 
   private:
     ~ControlSite() override = default;

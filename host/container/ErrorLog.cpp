@@ -2,8 +2,8 @@
 // ErrorLog: receives what a control could not read while it loads.
 #include "host/container/ErrorLog.h"
 
-#include "host/container/HResult.h"
-#include "host/container/Variant.h"
+#include "com/FailedCall.h"
+#include "com/Scoped.h"
 
 namespace Quorvane::Host {
 
@@ -11,16 +11,13 @@ HRESULT ErrorLog::AddError(LPCOLESTR property, EXCEPINFO* error) noexcept {
     if (!property || !error) {
         return E_POINTER;
     }
-    return Guard([&] {
+    return Com::Guard<IErrorLog>([&] {
         if (error->pfnDeferredFillIn) {
             error->pfnDeferredFillIn(error);
         }
-        std::wstring line(property);
-        line += L": ";
-        line += error->bstrDescription ? ViewBstr(error->bstrDescription)
-                                       : DescribeResult(error->scode);
-        report_(line);
-        return S_OK;
+        report_(Com::ToText(property) + u": " +
+                (error->bstrDescription ? Text(Com::View(error->bstrDescription))
+                                        : Com::DescribeResult(error->scode)));
     });
 }
 

@@ -2,14 +2,13 @@
 // EventSink: receives the events of a control by their names.
 #include "host/container/EventSink.h"
 
-#include "host/container/HResult.h"
-#include "host/container/Variant.h"
+#include "com/FailedCall.h"
+#include "com/Scoped.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
-constexpr wchar_t ReadingTypes[] = L"read the control's type information";
+constexpr char16_t ReadingTypes[] = u"read the control's type information";
 
 IID DefaultSourceId(IProvideClassInfo2& provider) {
     IID id{};
@@ -22,7 +21,7 @@ IID DefaultSourceId(IProvideClassInfo2& provider) {
 class Attributes {
   public:
     explicit Attributes(ITypeInfo& info) : info_(info) {
-        Check(info.GetTypeAttr(&attributes_), ReadingTypes);
+        Com::Check(info.GetTypeAttr(&attributes_), ReadingTypes);
     }
     Attributes(const Attributes&) = delete;
     Attributes& operator=(const Attributes&) = delete;
@@ -34,20 +33,20 @@ class Attributes {
     TYPEATTR* attributes_ = nullptr;
 };
 
-ComPtr<ITypeInfo> InterfaceAt(ITypeInfo& coclass, UINT index) {
+Com::ComPtr<ITypeInfo> InterfaceAt(ITypeInfo& coclass, UINT index) {
     HREFTYPE reference = 0;
-    ComPtr<ITypeInfo> info;
-    Check(coclass.GetRefTypeOfImplType(index, &reference), ReadingTypes);
-    Check(coclass.GetRefTypeInfo(reference, info.Receive()), ReadingTypes);
+    Com::ComPtr<ITypeInfo> info;
+    Com::Check(coclass.GetRefTypeOfImplType(index, &reference), ReadingTypes);
+    Com::Check(coclass.GetRefTypeInfo(reference, info.Put()), ReadingTypes);
     return info;
 }
 
 // The type information of the default source interface, with its identifier; null if none.
-ComPtr<ITypeInfo> DefaultSource(ITypeInfo& coclass) {
+Com::ComPtr<ITypeInfo> DefaultSource(ITypeInfo& coclass) {
     const Attributes attributes(coclass);
     for (UINT i = 0; i < attributes->cImplTypes; ++i) {
         INT flags = 0;
-        Check(coclass.GetImplTypeFlags(i, &flags), ReadingTypes);
+        Com::Check(coclass.GetImplTypeFlags(i, &flags), ReadingTypes);
         constexpr INT Wanted = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
         if ((flags & Wanted) == Wanted) {
             return InterfaceAt(coclass, i);
@@ -56,7 +55,7 @@ ComPtr<ITypeInfo> DefaultSource(ITypeInfo& coclass) {
     return nullptr;
 }
 
-void ReadEventNames(ITypeInfo& source, std::map<DISPID, std::wstring>& events) {
+void ReadEventNames(ITypeInfo& source, std::map<DISPID, Text>& events) {
     const Attributes attributes(source);
     for (UINT i = 0; i < attributes->cFuncs; ++i) {
         FUNCDESC* function = nullptr;
@@ -66,9 +65,10 @@ void ReadEventNames(ITypeInfo& source, std::map<DISPID, std::wstring>& events) {
         }
         const DISPID id = function->memid;
         source.ReleaseFuncDesc(function);
-        Bstr name;
-        Check(source.GetDocumentation(id, name.Receive(), nullptr, nullptr, nullptr), ReadingTypes);
-        events.emplace(id, name.Text());
+        Com::Bstr name;
+        Com::Check(source.GetDocumentation(id, name.Put(), nullptr, nullptr, nullptr),
+                   ReadingTypes);
+        events.emplace(id, Text(name.Characters()));
     }
 }
 
@@ -76,26 +76,26 @@ void ReadEventNames(ITypeInfo& source, std::map<DISPID, std::wstring>& events) {
 
 SourceInterface FindSourceInterface(IUnknown* control) {
     SourceInterface source;
-    const auto provider = Query<IProvideClassInfo>(control);
+    const auto provider = Com::Query<IProvideClassInfo>(control);
     if (!provider) {
         return source;
     }
-    ComPtr<ITypeInfo> coclass;
-    Check(provider->GetClassInfo(coclass.Receive()), ReadingTypes);
-    const ComPtr<ITypeInfo> events = DefaultSource(*coclass.Get());
+    Com::ComPtr<ITypeInfo> coclass;
+    Com::Check(provider->GetClassInfo(coclass.Put()), ReadingTypes);
+    const Com::ComPtr<ITypeInfo> events = DefaultSource(*coclass.Get());
     if (!events) {
         return source;
     }
     source.Id = Attributes(*events.Get())->guid;
     ReadEventNames(*events.Get(), source.Events);
-    const auto provider2 = Query<IProvideClassInfo2>(control);
+    const auto provider2 = Com::Query<IProvideClassInfo2>(control);
     if (provider2 && DefaultSourceId(*provider2.Get()) != IID_NULL) {
         source.Id = DefaultSourceId(*provider2.Get());
     }
     return source;
 }
 
-class EventConnection::Sink final : public ComObject<IDispatch> {
+class EventConnection::Sink final : public Com::ComObject<IDispatch> {
   public:
     Sink(SourceInterface source, EventHandler handler)
         : source_(std::move(source)), handler_(std::move(handler)) {}
@@ -103,27 +103,31 @@ class EventConnection::Sink final : public ComObject<IDispatch> {
     // A control may keep its reference and fire once more after the connection has ended.
     void Silence() noexcept { isSilent_ = true; }
 
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
+    /// The event interface, too, which is known at run time only.
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
+        return ComObject::QueryInterface(iid == source_.Id ? __uuidof(IDispatch) : iid, object);
+    }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
         if (!count) {
             return E_POINTER;
         }
         *count = 0;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override {
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override {
         if (!info) {
             return E_POINTER;
         }
         *info = nullptr;
         return DISP_E_BADINDEX;
     }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID,
-                                            DISPID*) noexcept override {
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
         return DISP_E_UNKNOWNNAME;
     }
 
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*,
-                                     EXCEPINFO*, UINT*) noexcept override {
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
+                        UINT*) noexcept override {
         const auto event = source_.Events.find(id);
         if (event == source_.Events.end()) {
             return DISP_E_MEMBERNOTFOUND;
@@ -131,17 +135,13 @@ class EventConnection::Sink final : public ComObject<IDispatch> {
         if (isSilent_) {
             return S_OK;
         }
-        return Guard([&] {
+        return Com::Guard<IDispatch>([&] {
             // The handler may disconnect, which releases this sink.
-            const ComPtr<IUnknown> keepAlive(this);
+            const Com::KeepAlive keep(this);
             DISPPARAMS none{};
             handler_(event->second, arguments ? *arguments : none);
-            return S_OK;
         });
     }
-
-  protected:
-    bool AnswersAsFirst(REFIID iid) const noexcept override { return iid == source_.Id; }
 
   private:
     ~Sink() override = default;
@@ -161,14 +161,14 @@ EventConnection::EventConnection(IUnknown* control, EventHandler handler) {
     if (source.Id == IID_NULL) {
         return;
     }
-    constexpr wchar_t Connecting[] = L"connect to the control's events";
-    ComPtr<IConnectionPointContainer> container;
-    ComPtr<IConnectionPoint> point;
-    Check(control->QueryInterface(__uuidof(IConnectionPointContainer), container.ReceiveVoid()),
-          Connecting);
-    Check(container->FindConnectionPoint(source.Id, point.Receive()), Connecting);
-    sink_ = MakeCom<Sink>(std::move(source), std::move(handler));
-    Check(point->Advise(sink_.Get(), &cookie_), Connecting);
+    constexpr char16_t Connecting[] = u"connect to the control's events";
+    Com::ComPtr<IConnectionPointContainer> container;
+    Com::ComPtr<IConnectionPoint> point;
+    Com::Check(control->QueryInterface(__uuidof(IConnectionPointContainer), container.PutVoid()),
+               Connecting);
+    Com::Check(container->FindConnectionPoint(source.Id, point.Put()), Connecting);
+    sink_ = Com::MakeObject<Sink>(std::move(source), std::move(handler));
+    Com::Check(point->Advise(sink_.Get(), &cookie_), Connecting);
     point_ = std::move(point);
 }
 

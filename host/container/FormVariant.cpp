@@ -2,130 +2,134 @@
 // FormVariant: a form file's values as automation variants and back.
 #include "host/container/FormVariant.h"
 
-#include "host/container/FormFont.h"
-#include "host/container/Wide.h"
-
 #include <climits>
 #include <cmath>
+#include <optional>
+
+#include "com/FailedCall.h"
+#include "com/Scoped.h"
+#include "host/container/FormFont.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 constexpr LCID FileLocale = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 
 struct NaturalVariant {
-    Variant operator()(bool value) const { return Variant(value); }
-    Variant operator()(std::int32_t value) const { return Variant(LONG{value}); }
-    Variant operator()(HexNumber value) const { return Variant(static_cast<LONG>(value.Bits)); }
-    Variant operator()(double value) const { return Variant(value); }
-    Variant operator()(const std::u16string& value) const {
-        return Variant(std::wstring_view(ToWide(value)));
+    Com::Variant operator()(bool value) const { return Com::Variant(value); }
+    Com::Variant operator()(std::int32_t value) const { return Com::Variant(LONG{value}); }
+    Com::Variant operator()(HexNumber value) const {
+        return Com::Variant(static_cast<LONG>(value.Bits));
     }
-    Variant operator()(const FormProperties& value) const {
-        return Variant(static_cast<IDispatch*>(MakeFont(value).Get()));
+    Com::Variant operator()(double value) const { return Com::Variant(value); }
+    Com::Variant operator()(const Text& value) const { return Com::Variant(TextView(value)); }
+    Com::Variant operator()(const FormProperties& value) const {
+        return Com::Variant(static_cast<IDispatch*>(MakeFont(value).Get()));
     }
 };
 
-HRESULT ObjectAsUnknown(Variant& object, Variant& result) {
-    if (object.vt != VT_DISPATCH) {
-        return DISP_E_TYPEMISMATCH;
-    }
-    result = std::move(object);
-    result.vt = VT_UNKNOWN;
-    return S_OK;
+/// By the rules of the file, where Booleans are words.
+Com::Variant Convert(const VARIANT& value, VARTYPE type) {
+    return Com::ChangeType(value, type, FileLocale, VARIANT_ALPHABOOL);
 }
 
-bool IsColorKey(std::u16string_view key) {
-    constexpr std::u16string_view Ending = u"Color";
+[[noreturn]] void RefuseType() {
+    throw Com::HresultError(DISP_E_TYPEMISMATCH);
+}
+
+bool IsColorKey(TextView key) {
+    constexpr TextView Ending = u"Color";
     return key.size() >= Ending.size() && SameName(key.substr(key.size() - Ending.size()), Ending);
 }
 
-HRESULT FromObject(const VARIANT& value, FormValue& result) {
-    const auto font = Query<IFont>(value.punkVal);
+FormValue FromObject(IUnknown* object) {
+    const auto font = Com::Query<IFont>(object);
     if (!font) {
-        return DISP_E_TYPEMISMATCH;
+        RefuseType();
     }
-    result = DescribeFont(*font.Get());
-    return S_OK;
+    return DescribeFont(*font);
 }
 
-HRESULT FromReal(const VARIANT& value, FormValue& result) {
-    Variant real;
-    HRESULT converted = real.Copy(value);
-    if (SUCCEEDED(converted)) {
-        converted = real.ChangeType(VT_R8, FileLocale);
+double FromReal(const VARIANT& value) {
+    const double real = Convert(value, VT_R8).Get().dblVal;
+    if (!std::isfinite(real)) {
+        RefuseType();
     }
-    if (FAILED(converted)) {
-        return converted;
-    }
-    if (!std::isfinite(real.dblVal)) {
-        return DISP_E_TYPEMISMATCH;
-    }
-    result = real.dblVal;
-    return S_OK;
+    return real;
 }
 
-HRESULT FromWhole(const VARIANT& value, std::u16string_view key, FormValue& result) {
-    Variant whole;
-    if (FAILED(whole.Copy(value)) || FAILED(whole.ChangeType(VT_I4, FileLocale))) {
-        return FromReal(value, result);
+/// The value as a whole number of 32 bits; nothing where it has more.
+std::optional<LONG> WholeNumber(const VARIANT& value) {
+    try {
+        return Convert(value, VT_I4).Get().lVal;
+    } catch (const Com::HresultError&) {
+        return std::nullopt;
+    }
+}
+
+FormValue FromWhole(const VARIANT& value, TextView key) {
+    const std::optional<LONG> whole = WholeNumber(value);
+    if (!whole) {
+        return FromReal(value);
     }
     if (IsColorKey(key)) {
-        result = HexNumber{static_cast<std::uint32_t>(whole.lVal)};
-    } else {
-        result = std::int32_t{whole.lVal};
+        return HexNumber{static_cast<std::uint32_t>(*whole)};
     }
-    return S_OK;
+    return std::int32_t{*whole};
 }
 
-HRESULT FromUnsigned(ULONG value, std::u16string_view key, FormValue& result) {
+FormValue FromUnsigned(ULONG value, TextView key) {
     if (IsColorKey(key)) {
-        result = HexNumber{value};
-    } else if (value <= LONG_MAX) {
-        result = static_cast<std::int32_t>(value);
-    } else {
-        result = static_cast<double>(value);
+        return HexNumber{value};
     }
-    return S_OK;
+    if (value <= LONG_MAX) {
+        return static_cast<std::int32_t>(value);
+    }
+    return static_cast<double>(value);
 }
 
 } // namespace
 
-HRESULT ToVariant(const FormValue& value, VARTYPE wanted, Variant& result) {
-    Variant natural = std::visit(NaturalVariant(), value);
+Com::Variant ToVariant(const FormValue& value, VARTYPE wanted) {
+    Com::Variant natural = std::visit(NaturalVariant(), value);
     // Only the bits of a colour count, and VT_UI4 is how some controls ask for one.
     if (std::holds_alternative<HexNumber>(value) && (wanted == VT_UI4 || wanted == VT_UINT)) {
-        natural.vt = wanted;
+        natural.Get().vt = wanted;
     }
-    if (wanted == VT_EMPTY || wanted == natural.vt) {
-        result = std::move(natural);
-        return S_OK;
+    if (wanted == VT_EMPTY || wanted == natural.Type()) {
+        return natural;
     }
-    if (wanted == VT_UNKNOWN) {
-        return ObjectAsUnknown(natural, result);
+    if (wanted != VT_UNKNOWN) {
+        return Convert(natural.Get(), wanted);
     }
-    const HRESULT converted = natural.ChangeType(wanted, FileLocale);
-    if (SUCCEEDED(converted)) {
-        result = std::move(natural);
+    if (natural.Type() != VT_DISPATCH) {
+        RefuseType();
     }
-    return converted;
+    natural.Get().vt = VT_UNKNOWN;
+    return natural;
 }
 
-HRESULT FromVariant(const VARIANT& value, std::u16string_view key, FormValue& result) {
+Com::Variant ToVariant(const FormProperty& property, VARTYPE wanted, TextView owner) {
+    try {
+        return ToVariant(property.Value, wanted);
+    } catch (const Com::HresultError& error) {
+        Com::Fail(error.Code(), u"read the " + Text(owner) + u"'s " + property.Key,
+                  error.Description());
+    }
+}
+
+FormValue FromVariant(const VARIANT& value, TextView key) {
     switch (value.vt) {
     case VT_BOOL:
-        result = value.boolVal != VARIANT_FALSE;
-        return S_OK;
+        return value.boolVal != VARIANT_FALSE;
     case VT_BSTR:
-        result = FromWide(ViewBstr(value.bstrVal));
-        return S_OK;
+        return Text(Com::View(value.bstrVal));
     case VT_DISPATCH:
     case VT_UNKNOWN:
-        return FromObject(value, result);
+        return FromObject(value.punkVal);
     case VT_UI4:
     case VT_UINT:
-        return FromUnsigned(value.ulVal, key, result);
+        return FromUnsigned(value.ulVal, key);
     case VT_I1:
     case VT_UI1:
     case VT_I2:
@@ -134,15 +138,15 @@ HRESULT FromVariant(const VARIANT& value, std::u16string_view key, FormValue& re
     case VT_INT:
     case VT_I8:
     case VT_UI8:
-        return FromWhole(value, key, result);
+        return FromWhole(value, key);
     case VT_R4:
     case VT_R8:
     case VT_CY:
     case VT_DATE:
     case VT_DECIMAL:
-        return FromReal(value, result);
+        return FromReal(value);
     default:
-        return DISP_E_TYPEMISMATCH;
+        RefuseType();
     }
 }
 

@@ -2,19 +2,18 @@
 // HostedControl: one control on a form, from its creation to its release.
 #include "host/container/HostedControl.h"
 
-#include "host/container/HResult.h"
-#include "host/container/PropertyBag.h"
-
 #include <oleidl.h>
 
-namespace Quorvane::Host {
+#include "com/FailedCall.h"
+#include "host/container/PropertyBag.h"
 
+namespace Quorvane::Host {
 namespace {
 
 // No event is to arrive while a control loads.
 class FrozenEvents {
   public:
-    explicit FrozenEvents(IUnknown* object) : control_(Query<IOleControl>(object)) {
+    explicit FrozenEvents(IUnknown* object) : control_(Com::Query<IOleControl>(object)) {
         if (control_) {
             control_->FreezeEvents(TRUE);
         }
@@ -28,14 +27,14 @@ class FrozenEvents {
     }
 
   private:
-    ComPtr<IOleControl> control_;
+    Com::ComPtr<IOleControl> control_;
 };
 
 HRESULT InitObject(IUnknown* object) {
-    if (const auto bag = Query<IPersistPropertyBag>(object)) {
+    if (const auto bag = Com::Query<IPersistPropertyBag>(object)) {
         return bag->InitNew();
     }
-    if (const auto stream = Query<IPersistStreamInit>(object)) {
+    if (const auto stream = Com::Query<IPersistStreamInit>(object)) {
         return stream->InitNew();
     }
     return S_OK;
@@ -43,13 +42,13 @@ HRESULT InitObject(IUnknown* object) {
 
 } // namespace
 
-HostedControl::HostedControl(ComPtr<IUnknown> object, std::wstring name, AmbientProperties ambients)
+HostedControl::HostedControl(Com::ComPtr<IUnknown> object, Text name, AmbientProperties ambients)
     : object_(std::move(object)), name_(std::move(name)) {
-    ambients.Set(DISPID_AMBIENT_DISPLAYNAME, Variant(std::wstring_view(name_)));
-    site_ = MakeCom<ControlSite>(std::move(ambients));
+    ambients.Set(DISPID_AMBIENT_DISPLAYNAME, Com::Variant(TextView(name_)));
+    site_ = Com::MakeObject<ControlSite>(std::move(ambients));
 }
 
-template <typename Start>
+template <class Start>
 void HostedControl::StartInSite(Start start) {
     const FrozenEvents frozen(object_.Get());
     const bool siteFirst = WantsSiteFirst();
@@ -63,35 +62,35 @@ void HostedControl::StartInSite(Start start) {
 }
 
 void HostedControl::InitNew() {
-    StartInSite([&] { Check(InitObject(object_.Get()), L"initialise " + name_); });
+    StartInSite([&] { Com::Check(InitObject(object_.Get()), u"initialise " + name_); });
 }
 
 void HostedControl::Load(const FormProperties& properties, IErrorLog* log) {
-    const auto persist = Query<IPersistPropertyBag>(object_.Get());
+    const auto persist = Com::Query<IPersistPropertyBag>(object_.Get());
     if (!persist && !properties.IsEmpty()) {
-        Fail(E_NOINTERFACE, L"load " + name_, L"its class keeps no properties");
+        Com::Fail(E_NOINTERFACE, u"load " + name_, u"its class keeps no properties");
     }
     StartInSite([&] {
-        const auto bag = MakeCom<PropertyBag>(properties);
+        const auto bag = Com::MakeObject<PropertyBag>(properties);
         // Otherwise an error text of an earlier call could be taken for this one's.
-        SetErrorInfo(0, nullptr);
-        Check(persist ? persist->Load(bag.Get(), log) : InitObject(object_.Get()),
-              L"load " + name_);
+        ::SetErrorInfo(0, nullptr);
+        Com::Check(persist ? persist->Load(bag.Get(), log) : InitObject(object_.Get()),
+                   u"load " + name_);
     });
 }
 
 FormProperties HostedControl::Save(bool all) const {
-    const auto persist = Query<IPersistPropertyBag>(object_.Get());
+    const auto persist = Com::Query<IPersistPropertyBag>(object_.Get());
     if (!persist) {
-        Fail(E_NOINTERFACE, L"save " + name_, L"its class keeps no properties");
+        Com::Fail(E_NOINTERFACE, u"save " + name_, u"its class keeps no properties");
     }
-    const auto bag = MakeCom<PropertyBag>();
-    Check(persist->Save(bag.Get(), TRUE, all ? TRUE : FALSE), L"save " + name_);
+    const auto bag = Com::MakeObject<PropertyBag>();
+    Com::Check(persist->Save(bag.Get(), TRUE, all ? TRUE : FALSE), u"save " + name_);
     return bag->Properties();
 }
 
 bool HostedControl::CanSave() const {
-    return Query<IPersistPropertyBag>(object_.Get()) != nullptr;
+    return Com::Query<IPersistPropertyBag>(object_.Get()) != nullptr;
 }
 
 void HostedControl::ReceiveEvents(EventHandler handler) {
@@ -103,26 +102,26 @@ void HostedControl::Close() noexcept {
         return;
     }
     events_.Disconnect();
-    if (const auto ole = Query<IOleObject>(object_.Get())) {
+    if (const auto ole = Com::Query<IOleObject>(object_.Get())) {
         ole->Close(OLECLOSE_NOSAVE);
         ole->SetClientSite(nullptr);
     }
     object_.Reset();
 }
 
-ComPtr<IDispatch> HostedControl::Dispatch() const {
-    return Query<IDispatch>(object_.Get());
+Com::ComPtr<IDispatch> HostedControl::Dispatch() const {
+    return Com::Query<IDispatch>(object_.Get());
 }
 
 void HostedControl::SetSite(IOleClientSite* site) {
-    if (const auto ole = Query<IOleObject>(object_.Get())) {
-        Check(ole->SetClientSite(site), L"place " + name_ + L" on the form");
+    if (const auto ole = Com::Query<IOleObject>(object_.Get())) {
+        Com::Check(ole->SetClientSite(site), u"place " + name_ + u" on the form");
     }
 }
 
 bool HostedControl::WantsSiteFirst() const {
     DWORD status = 0;
-    const auto ole = Query<IOleObject>(object_.Get());
+    const auto ole = Com::Query<IOleObject>(object_.Get());
     return ole && SUCCEEDED(ole->GetMiscStatus(DVASPECT_CONTENT, &status)) &&
            (status & OLEMISC_SETCLIENTSITEFIRST) != 0;
 }

@@ -2,13 +2,12 @@
 // HostedControl: one control on a form, from its creation to its release.
 #pragma once
 
+#include <oaidl.h>
+
 #include "host/container/ControlSite.h"
 #include "host/container/EventSink.h"
 #include "host/formfile/FormFile.h"
-
-#include <string>
-
-#include <oaidl.h>
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
@@ -20,20 +19,20 @@ class HostedControl {
   public:
     /// Takes over `object`. `name` is what the form and its script call it; it becomes the ambient
     /// DisplayName.
-    HostedControl(ComPtr<IUnknown> object, std::wstring name, AmbientProperties ambients);
+    HostedControl(Com::ComPtr<IUnknown> object, Text name, AmbientProperties ambients);
     HostedControl(HostedControl&&) noexcept = default;
     HostedControl& operator=(HostedControl&&) = delete;
     ~HostedControl() { Close(); }
 
-    /// Starts a control that is new on its form. Throws HResultError.
+    /// Starts a control that is new on its form. Throws Com::HresultError.
     void InitNew();
 
     /// Starts a control with saved properties; what it cannot read goes to `log`, which may be
-    /// null. Throws HResultError.
+    /// null. Throws Com::HresultError.
     void Load(const FormProperties& properties, IErrorLog* log);
 
     /// The properties as the control saves them: those that differ from their defaults, or all.
-    /// Throws HResultError; E_NOINTERFACE if the control cannot save to a property bag.
+    /// Throws Com::HresultError; E_NOINTERFACE if the control cannot save to a property bag.
     FormProperties Save(bool all = false) const;
 
     bool CanSave() const;
@@ -48,22 +47,22 @@ class HostedControl {
     /// afterwards. Does nothing the second time.
     void Close() noexcept;
 
-    const std::wstring& Name() const { return name_; }
+    const Text& Name() const { return name_; }
     IUnknown* Object() const { return object_.Get(); }
     ControlSite& Site() const { return *site_.Get(); }
 
     /// The automation interface, or null if it has none.
-    ComPtr<IDispatch> Dispatch() const;
+    Com::ComPtr<IDispatch> Dispatch() const;
 
   private:
-    template <typename Start>
+    template <class Start>
     void StartInSite(Start start);
     void SetSite(IOleClientSite* site);
     bool WantsSiteFirst() const;
 
-    ComPtr<IUnknown> object_;
-    std::wstring name_;
-    ComPtr<ControlSite> site_;
+    Com::ComPtr<IUnknown> object_;
+    Text name_;
+    Com::ComPtr<ControlSite> site_;
     EventConnection events_;
 };
 

@@ -2,100 +2,107 @@
 // Options: the command line of the host program.
 #include "host/container/Options.h"
 
-#include "host/container/Wide.h"
-#include "host/formfile/Utf8.h"
-
 #include <cwchar>
 
-namespace Quorvane::Host {
+#include "host/container/Paths.h"
+#include "host/formfile/Utf8.h"
 
+namespace Quorvane::Host {
 namespace {
 
-[[noreturn]] void Refuse(const std::wstring& message) {
-    throw UsageError(EncodeUtf8(FromWide(message)));
+[[noreturn]] void Refuse(const Text& message) {
+    throw UsageError(EncodeUtf8(message));
 }
 
-LCID ParseLocale(const std::wstring& text) {
+LCID ParseLocale(const Text& text) {
     wchar_t* end = nullptr;
-    const unsigned long number = std::wcstoul(text.c_str(), &end, 0);
-    const bool startsWithDigit = !text.empty() && text.front() >= L'0' && text.front() <= L'9';
+    const unsigned long number = std::wcstoul(Com::Wide(text), &end, 0);
+    const bool startsWithDigit = !text.empty() && text.front() >= u'0' && text.front() <= u'9';
     if (!startsWithDigit || *end != L'\0') {
-        Refuse(L"--locale needs a number such as 1033 or 0x804, not '" + text + L"'");
+        Refuse(u"--locale needs a number such as 1033 or 0x804, not '" + text + u"'");
     }
     return number;
 }
 
 class OptionParser {
   public:
-    explicit OptionParser(const std::vector<std::wstring>& arguments)
+    explicit OptionParser(const std::vector<Text>& arguments)
         : next_(arguments.begin()), end_(arguments.end()) {}
 
     Options Parse() {
         while (next_ != end_) {
-            const std::wstring argument = *next_++;
-            if (argument.starts_with(L"-")) {
+            const Text argument = *next_++;
+            if (argument.starts_with(u"-")) {
                 TakeOption(argument);
             } else if (options_.Form.empty()) {
-                options_.Form = argument;
+                options_.Form = ToPath(argument);
             } else {
                 TakeValue(argument);
             }
         }
         if (options_.Form.empty() && !options_.Help) {
-            Refuse(L"the form file is missing");
+            Refuse(u"the form file is missing");
         }
         return std::move(options_);
     }
 
   private:
-    void TakeOption(const std::wstring& name) {
-        if (name == L"--design") {
+    void TakeOption(const Text& name) {
+        if (name == u"--design") {
             options_.Design = true;
-        } else if (name == L"--new") {
+        } else if (name == u"--new") {
             options_.New = true;
-        } else if (name == L"--help") {
+        } else if (name == u"--help") {
             options_.Help = true;
-        } else if (name == L"--locale") {
+        } else if (name == u"--locale") {
             options_.Locale = ParseLocale(TakeParameter(name));
-        } else if (name == L"--output") {
-            options_.Output = TakeParameter(name);
-        } else if (name == L"--save") {
-            options_.Save = TakeParameter(name);
-        } else if (name == L"--dll") {
-            options_.Dll = TakeParameter(name);
+        } else if (name == u"--output") {
+            options_.Output = ToPath(TakeParameter(name));
+        } else if (name == u"--save") {
+            options_.Save = ToPath(TakeParameter(name));
+        } else if (name == u"--dll") {
+            options_.Dll = ToPath(TakeParameter(name));
         } else {
-            Refuse(L"there is no option '" + name + L"'");
+            Refuse(u"there is no option '" + name + u"'");
         }
     }
 
-    const std::wstring& TakeParameter(const std::wstring& option) {
+    const Text& TakeParameter(const Text& option) {
         if (next_ == end_ || next_->empty()) {
-            Refuse(option + L" needs a value");
+            Refuse(option + u" needs a value");
         }
         return *next_++;
     }
 
-    void TakeValue(const std::wstring& argument) {
-        const std::size_t equals = argument.find(L'=');
-        if (equals == std::wstring::npos || equals == 0) {
-            Refuse(L"NAME=VALUE is expected behind the form file, not '" + argument + L"'");
+    void TakeValue(const Text& argument) {
+        const std::size_t equals = argument.find(u'=');
+        if (equals == Text::npos || equals == 0) {
+            Refuse(u"NAME=VALUE is expected behind the form file, not '" + argument + u"'");
         }
         options_.Values[argument.substr(0, equals)] = argument.substr(equals + 1);
     }
 
-    std::vector<std::wstring>::const_iterator next_;
-    std::vector<std::wstring>::const_iterator end_;
+    std::vector<Text>::const_iterator next_;
+    std::vector<Text>::const_iterator end_;
     Options options_;
 };
 
 } // namespace
 
-Options ParseOptions(const std::vector<std::wstring>& arguments) {
+std::vector<Text> ArgumentTexts(int count, wchar_t** arguments) {
+    std::vector<Text> texts;
+    for (int i = 1; i < count; ++i) {
+        texts.push_back(Com::ToText(arguments[i]));
+    }
+    return texts;
+}
+
+Options ParseOptions(const std::vector<Text>& arguments) {
     return OptionParser(arguments).Parse();
 }
 
-const wchar_t* UsageText() {
-    return LR"(Usage: QuorvaneHost [options] FORM [NAME=VALUE ...]
+TextView UsageText() {
+    return uR"(Usage: QuorvaneHost [options] FORM [NAME=VALUE ...]
 
 Places the controls of a form file in sites of their own, loads them from the
 file, and runs the form's script with the controls and "Host" as its objects.

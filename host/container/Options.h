@@ -8,19 +8,20 @@
 #include <map>
 #include <optional>
 #include <stdexcept>
-#include <string>
 #include <vector>
+
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 /// What the command line asks for. Paths are as given.
 struct Options {
     std::filesystem::path Form;
-    std::filesystem::path Output = L".";
+    std::filesystem::path Output = u".";
     std::optional<std::filesystem::path> Dll;
     std::optional<std::filesystem::path> Save;
     std::optional<LCID> Locale;
-    std::map<std::wstring, std::wstring> Values;
+    std::map<Text, Text> Values;
     bool Design = false;
     bool New = false;
     bool Help = false;
@@ -31,10 +32,13 @@ struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The arguments behind the program's name, of the `count` that a program is given.
+std::vector<Text> ArgumentTexts(int count, wchar_t** arguments);
+
 /// Reads the arguments behind the program's name. Throws UsageError.
-Options ParseOptions(const std::vector<std::wstring>& arguments);
+Options ParseOptions(const std::vector<Text>& arguments);
 
 /// The help text.
-const wchar_t* UsageText();
+TextView UsageText();
 
 } // namespace Quorvane::Host

@@ -2,23 +2,20 @@
 // PropertyBag: a control's properties in a form file, as the property bag the control loads from.
 #include "host/container/PropertyBag.h"
 
+#include "com/ExceptionInfo.h"
+#include "com/FailedCall.h"
+#include "com/Scoped.h"
 #include "host/container/FormVariant.h"
-#include "host/container/HResult.h"
-#include "host/container/Wide.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 void ReportUnreadable(IErrorLog* log, LPCOLESTR name, HRESULT result) {
-    if (!log) {
-        return;
+    if (log) {
+        Com::ExceptionInfo info(result, u"form file",
+                                u"the value cannot be read: " + Com::DescribeResult(result));
+        log->AddError(name, info.Get());
     }
-    ExceptionInfo info;
-    info.scode = result;
-    info.bstrSource = NewBstr(L"form file");
-    info.bstrDescription = NewBstr(L"the value cannot be read: " + DescribeResult(result));
-    log->AddError(name, &info);
 }
 
 bool HoldsNothing(const VARIANT& value) {
@@ -28,54 +25,45 @@ bool HoldsNothing(const VARIANT& value) {
 
 } // namespace
 
-HRESULT PropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) noexcept {
+STDMETHODIMP PropertyBag::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) noexcept {
     if (!name || !value) {
         return E_POINTER;
     }
-    return Guard([&] {
+    return Com::Guard<IPropertyBag>([&] {
         // The caller fills in the type alone, so what else the variant holds is not ours to
         // release.
         const VARTYPE wanted = value->vt;
-        VariantInit(value);
-        const FormProperty* const property = properties_.Find(FromWide(name));
+        ::VariantInit(value);
+        const FormProperty* const property = properties_.Find(Com::ToText(name));
         if (!property) {
             return E_INVALIDARG;
         }
-        Variant result;
-        HRESULT read = Guard([&] { return ToVariant(property->Value, wanted, result); });
-        if (SUCCEEDED(read)) {
-            result.MoveTo(value);
-            return read;
+        try {
+            *value = ToVariant(property->Value, wanted).Detach();
+            return S_OK;
+        } catch (const Com::HresultError& error) {
+            // E_INVALIDARG would tell the control that the property is not there.
+            const HRESULT reason =
+                error.Code() == E_INVALIDARG ? DISP_E_TYPEMISMATCH : error.Code();
+            ReportUnreadable(log, name, reason);
+            return reason;
         }
-        // E_INVALIDARG would tell the control that the property is not there.
-        if (read == E_INVALIDARG) {
-            read = DISP_E_TYPEMISMATCH;
-        }
-        ReportUnreadable(log, name, read);
-        return read;
     });
 }
 
-HRESULT PropertyBag::Write(LPCOLESTR name, VARIANT* value) noexcept {
+STDMETHODIMP PropertyBag::Write(LPCOLESTR name, VARIANT* value) noexcept {
     if (!name || !value) {
         return E_POINTER;
     }
-    return Guard([&] {
-        Variant plain;
-        const HRESULT copied = plain.Copy(*value);
-        if (FAILED(copied)) {
-            return copied;
-        }
-        FormProperty property{FromWide(name), {}};
-        if (HoldsNothing(plain)) {
+    return Com::Guard<IPropertyBag>([&] {
+        const Com::Variant plain = Com::WithoutReference(*value);
+        FormProperty property{Com::ToText(name), {}};
+        if (HoldsNothing(plain.Get())) {
             properties_.Remove(property.Key);
-            return S_OK;
+            return;
         }
-        const HRESULT stored = FromVariant(plain, property.Key, property.Value);
-        if (SUCCEEDED(stored)) {
-            properties_.Set(std::move(property));
-        }
-        return stored;
+        property.Value = FromVariant(plain.Get(), property.Key);
+        properties_.Set(std::move(property));
     });
 }
 

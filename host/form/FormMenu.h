@@ -4,8 +4,7 @@
 
 #include <windows.h>
 
-#include <memory>
-#include <type_traits>
+#include "win/Handle.h"
 
 namespace Quorvane::Host {
 
@@ -25,16 +24,11 @@ enum CommandId {
     AboutId,
 };
 
-struct AcceleratorsDeleter {
-    void operator()(HACCEL table) const { DestroyAcceleratorTable(table); }
-};
-using Accelerators = std::unique_ptr<std::remove_pointer_t<HACCEL>, AcceleratorsDeleter>;
-
 /// The menu bar, in the user's language. It belongs to the window that it is given to.
 HMENU MakeMenuBar();
 
 /// The shortcut keys that the menus name, but for Insert and Delete, which the form has only while
 /// it has the keyboard.
-Accelerators MakeAccelerators();
+Win::Accelerators MakeAccelerators();
 
 } // namespace Quorvane::Host

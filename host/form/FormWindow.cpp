@@ -2,17 +2,18 @@
 // FormWindow: the main window with the form, the tools for design and run mode, and the file menu.
 #include "host/form/FormWindow.h"
 
-#include "host/container/HResult.h"
-#include "host/container/Wide.h"
+#include <algorithm>
+
+#include "host/container/Paths.h"
 #include "host/form/design/PropertyFrame.h"
 #include "host/form/parts/Automation.h"
 #include "host/form/parts/FileDialogs.h"
 #include "host/form/parts/Texts.h"
-
-#include <algorithm>
+#include "win/MessageBox.h"
+#include "win/WindowText.h"
+#include "win/WorkArea.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 constexpr const char16_t* ControlClass = u"QuorvaneAxEditor.FISControl";
@@ -21,7 +22,7 @@ constexpr int PanelWidth = 372;
 FormFile EmptyForm() {
     FormFile form;
     form.Name = u"Form1";
-    form.Properties.Set({u"Caption", std::u16string(u"Form1")});
+    form.Properties.Set({u"Caption", Text(u"Form1")});
     return form;
 }
 
@@ -30,16 +31,17 @@ FormFile EmptyForm() {
 FormWindow::FormWindow(const FormWindowSettings& settings) : form_(EmptyForm()) {
     placement_.Dll = settings.Dll;
     placement_.Locale = settings.Locale;
-    Create(L"QuorvaneFormWindow", GetText(TextId::ProgramName),
-           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr, MakeMenuBar(), WS_EX_CONTROLPARENT);
+    Create<FormWindow>(GetText(TextId::ProgramName), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr,
+                       WS_EX_CONTROLPARENT);
+    ::SetMenu(Get(), MakeMenuBar());
     accelerators_ = MakeAccelerators();
-    surface_ = std::make_unique<FormSurface>(Handle(), *this);
-    grid_ = std::make_unique<PropertyGrid>(Handle());
-    runPanel_ = std::make_unique<RunPanel>(Handle(), settings.BatchFolder);
-    const RECT desktop = WorkAreaOf(Handle());
-    SetWindowPos(Handle(), nullptr, 0, 0, std::min<int>(Scaled(960), desktop.right - desktop.left),
-                 std::min<int>(Scaled(720), desktop.bottom - desktop.top),
-                 SWP_NOMOVE | SWP_NOZORDER);
+    surface_ = std::make_unique<FormSurface>(Get(), *this);
+    grid_ = std::make_unique<PropertyGrid>(Get());
+    runPanel_ = std::make_unique<RunPanel>(Get(), settings.BatchFolder);
+    const RECT desktop = Win::WorkAreaOf(Get());
+    ::SetWindowPos(Get(), nullptr, 0, 0, std::min<int>(Scaled(960), desktop.right - desktop.left),
+                   std::min<int>(Scaled(720), desktop.bottom - desktop.top),
+                   SWP_NOMOVE | SWP_NOZORDER);
     placement_.RunMode = settings.RunMode;
     NewForm();
 }
@@ -50,21 +52,21 @@ bool FormWindow::TranslateKey(MSG& message) {
     }
     // The control first: while it has the keyboard, keys are its own.
     IOleInPlaceActiveObject* const active = surface_->ActiveObject();
-    if (active && IsChild(surface_->Handle(), message.hwnd) &&
+    if (active && ::IsChild(surface_->Get(), message.hwnd) &&
         active->TranslateAccelerator(&message) == S_OK) {
         return true;
     }
     // Insert and Delete belong to the form only while it has the keyboard, not a field.
-    if (message.message == WM_KEYDOWN && message.hwnd == surface_->Handle() &&
+    if (message.message == WM_KEYDOWN && message.hwnd == surface_->Get() &&
         (message.wParam == VK_INSERT || message.wParam == VK_DELETE)) {
         OnCommand(message.wParam == VK_INSERT ? AddId : RemoveId);
         return true;
     }
-    return TranslateAcceleratorW(Handle(), accelerators_.get(), &message) != 0 ||
-           IsDialogMessageW(Handle(), &message);
+    return ::TranslateAcceleratorW(Get(), accelerators_.Get(), &message) != 0 ||
+           ::IsDialogMessageW(Get(), &message);
 }
 
-LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_SIZE:
         if (runPanel_) {
@@ -72,68 +74,67 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return 0;
     case WM_ACTIVATE:
-        focus_.OnActivate(Handle(), wParam);
+        focus_.OnActivate(Get(), first);
         return 0;
     case WM_GETMINMAXINFO:
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(640), Scaled(520)};
+        reinterpret_cast<MINMAXINFO*>(second)->ptMinTrackSize = {Scaled(640), Scaled(520)};
         return 0;
     case WM_INITMENUPOPUP:
         UpdateMenu();
         return 0;
     case WM_COMMAND:
-        if (lParam != 0) {
-            ForwardToParent(reinterpret_cast<HWND>(lParam), wParam);
-        } else if (LOWORD(wParam) == IDOK) {
+        if (second != 0) {
+            ForwardToParent(reinterpret_cast<HWND>(second), first);
+        } else if (LOWORD(first) == IDOK) {
             ClickFocusedButton();
         } else {
-            OnCommand(LOWORD(wParam));
+            OnCommand(LOWORD(first));
         }
         return 0;
     case WM_CLOSE:
         if (MayDiscard()) {
-            DestroyWindow(Handle());
+            ::DestroyWindow(Get());
         }
         return 0;
     case WM_DESTROY:
         runPanel_->Clear();
-        grid_->SetObject(L"", nullptr);
+        grid_->SetObject(u"", nullptr);
         surface_->Clear();
-        PostQuitMessage(0);
+        ::PostQuitMessage(0);
         return 0;
     default:
-        return Window::OnMessage(message, wParam, lParam);
+        return ProgramWindow::OnMessage(message, first, second);
     }
 }
 
 void FormWindow::Arrange() {
-    RECT area{};
-    GetClientRect(Handle(), &area);
+    const RECT area = Win::ClientArea(Get());
     const int panel = std::min(Scaled(PanelWidth), static_cast<int>(area.right) / 2);
     const int form = area.right - panel;
     // What is at the new place is drawn there: at the old one lies a neighbour by then.
     const auto place = [&area](HWND window, int left, int width) {
-        SetWindowPos(window, nullptr, left, 0, width, area.bottom,
-                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+        ::SetWindowPos(window, nullptr, left, 0, width, area.bottom,
+                       SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     };
-    place(surface_->Handle(), 0, form);
-    place(grid_->Handle(), form, panel);
-    place(runPanel_->Handle(), form, panel);
+    place(surface_->Get(), 0, form);
+    place(grid_->Get(), form, panel);
+    place(runPanel_->Get(), form, panel);
 }
 
 // Dialog keys report a button that they press to this window, whatever window the button is in.
-void FormWindow::ForwardToParent(HWND child, WPARAM wParam) const {
-    const HWND parent = GetParent(child);
-    if (parent != Handle() && IsChild(Handle(), parent)) {
-        SendMessageW(parent, WM_COMMAND, wParam, reinterpret_cast<LPARAM>(child));
+void FormWindow::ForwardToParent(HWND child, WPARAM first) const {
+    const HWND parent = ::GetParent(child);
+    if (parent != Get() && ::IsChild(Get(), parent)) {
+        ::SendMessageW(parent, WM_COMMAND, first, reinterpret_cast<LPARAM>(child));
     }
 }
 
 // Enter presses a button that got the keyboard by a click, too, as it does in dialogs.
 void FormWindow::ClickFocusedButton() const {
-    const HWND focus = GetFocus();
-    if (IsChild(Handle(), focus) &&
-        (SendMessageW(focus, WM_GETDLGCODE, 0, 0) & DLGC_UNDEFPUSHBUTTON) != 0) {
-        SendMessageW(focus, BM_CLICK, 0, 0);
+    const HWND focus = ::GetFocus();
+    if (::IsChild(Get(), focus) &&
+        (::SendMessageW(focus, WM_GETDLGCODE, 0, 0) & DLGC_UNDEFPUSHBUTTON) != 0) {
+        ::SendMessageW(focus, BM_CLICK, 0, 0);
     }
 }
 
@@ -157,7 +158,7 @@ void FormWindow::OnCommand(int id) {
         SaveFormAs();
         break;
     case ExitId:
-        SendMessageW(Handle(), WM_CLOSE, 0, 0);
+        ::SendMessageW(Get(), WM_CLOSE, 0, 0);
         break;
     case DesignId:
         SetRunMode(false);
@@ -170,7 +171,7 @@ void FormWindow::OnCommand(int id) {
         break;
     case RemoveId:
         if (!placement_.RunMode) {
-            grid_->SetObject(L"", nullptr);
+            grid_->SetObject(u"", nullptr);
             surface_->RemoveSelected();
         }
         break;
@@ -197,7 +198,7 @@ void FormWindow::OpenForm() {
     if (!MayDiscard()) {
         return;
     }
-    const auto path = AskForFormFile(Handle(), {}, false);
+    const auto path = AskForFormFile(Get(), {}, false);
     if (!path.empty()) {
         OpenForm(path);
     }
@@ -216,7 +217,7 @@ bool FormWindow::SaveForm() {
 }
 
 bool FormWindow::SaveFormAs() {
-    const auto path = AskForFormFile(Handle(), path_, true);
+    const auto path = AskForFormFile(Get(), path_, true);
     return !path.empty() && SaveTo(path);
 }
 
@@ -234,8 +235,8 @@ bool FormWindow::MayDiscard() {
     if (!isChanged_) {
         return true;
     }
-    switch (MessageBoxW(Handle(), GetText(TextId::SaveChanges), GetText(TextId::ProgramName),
-                        MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    switch (Win::ShowMessage(Get(), GetText(TextId::SaveChanges), GetText(TextId::ProgramName),
+                             MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
         return SaveForm();
     case IDNO:
@@ -264,12 +265,12 @@ void FormWindow::TakeControls() {
 
 void FormWindow::ReloadControls() {
     runPanel_->Clear();
-    grid_->SetObject(L"", nullptr);
+    grid_->SetObject(u"", nullptr);
     isLoading_ = true;
     const auto loaded = [this] {
         isLoading_ = false;
-        ShowWindow(grid_->Handle(), placement_.RunMode ? SW_HIDE : SW_SHOW);
-        ShowWindow(runPanel_->Handle(), placement_.RunMode ? SW_SHOW : SW_HIDE);
+        ::ShowWindow(grid_->Get(), placement_.RunMode ? SW_HIDE : SW_SHOW);
+        ::ShowWindow(runPanel_->Get(), placement_.RunMode ? SW_SHOW : SW_HIDE);
         Arrange();
     };
     isLoaded_ = false;
@@ -289,11 +290,11 @@ void FormWindow::ReloadControls() {
 }
 
 void FormWindow::FocusUsual() {
-    const HWND usual = placement_.RunMode ? runPanel_->FirstField() : surface_->Handle();
-    if (GetActiveWindow() == Handle()) {
-        SetFocus(usual);
+    const HWND usual = placement_.RunMode ? runPanel_->FirstField() : surface_->Get();
+    if (::GetActiveWindow() == Get()) {
+        ::SetFocus(usual);
     } else {
-        focus_.Keep(usual);
+        focus_.Save(usual);
     }
 }
 
@@ -301,11 +302,11 @@ void FormWindow::AddControl() {
     if (placement_.RunMode) {
         return;
     }
-    std::u16string name;
+    Text name;
     for (int number = 1; name.empty(); ++number) {
-        const std::u16string candidate = u"FIS" + FromWide(std::to_wstring(number));
+        const Text candidate = u"FIS" + Widen(std::to_string(number));
         const bool isTaken = std::ranges::any_of(surface_->Controls(), [&](const auto& control) {
-            return SameName(FromWide(control->Name()), candidate);
+            return SameName(control->Name(), candidate);
         });
         if (!isTaken) {
             name = candidate;
@@ -319,43 +320,42 @@ void FormWindow::ShowProperties() {
     if (!control) {
         return;
     }
-    ShowPropertyFrame(Handle(), GetText(TextId::PropertiesOf, control->Name()), control->Object(),
-                      placement_.Locale.value_or(GetUserDefaultLCID()));
+    ShowPropertyFrame(Get(), GetText(TextId::PropertiesOf, control->Name()), control->Object(),
+                      placement_.Locale.value_or(::GetUserDefaultLCID()));
     if (!placement_.RunMode) {
         grid_->RefreshValues();
     }
-    InvalidateRect(surface_->Handle(), nullptr, FALSE);
+    ::InvalidateRect(surface_->Get(), nullptr, FALSE);
 }
 
 void FormWindow::ShowAbout() {
     if (PlacedControl* const control = surface_->Selected()) {
-        CallMember(control->Dispatch().Get(), L"ShowAboutBox", {}, DISPATCH_METHOD);
+        CallMember(control->Dispatch().Get(), u"ShowAboutBox", {}, DISPATCH_METHOD);
     }
 }
 
 void FormWindow::UpdateTitle() {
-    const std::wstring name = path_.empty() ? GetText(TextId::NewForm) : path_.filename().wstring();
-    const wchar_t* const changed = isChanged_ ? L" * " : L" ";
+    const Text name = path_.empty() ? GetText(TextId::NewForm) : PathText(path_.filename());
+    const char16_t* const changed = isChanged_ ? u" * " : u" ";
     const TextId mode = placement_.RunMode ? TextId::RunModeMark : TextId::DesignModeMark;
-    SetWindowTextW(
-        Handle(), (name + changed + GetText(mode) + L" - " + GetText(TextId::ProgramName)).c_str());
+    Win::ShowText(Get(), name + changed + GetText(mode) + u" - " + GetText(TextId::ProgramName));
 }
 
 void FormWindow::UpdateMenu() {
-    const HMENU menu = GetMenu(Handle());
+    const HMENU menu = ::GetMenu(Get());
     const bool isDesign = !placement_.RunMode;
     const bool isSelected = surface_->Selected() != nullptr;
     const auto enable = [menu](UINT id, bool enabled) {
-        EnableMenuItem(menu, id, enabled ? MF_ENABLED : MF_GRAYED);
+        ::EnableMenuItem(menu, id, enabled ? MF_ENABLED : MF_GRAYED);
     };
-    CheckMenuRadioItem(menu, DesignId, RunId, isDesign ? DesignId : RunId, MF_BYCOMMAND);
+    ::CheckMenuRadioItem(menu, DesignId, RunId, isDesign ? DesignId : RunId, MF_BYCOMMAND);
     enable(AddId, isDesign);
     enable(RemoveId, isDesign && isSelected);
     enable(PropertiesId, isSelected);
     enable(AboutId, isSelected);
 }
 
-void FormWindow::OnControlEvent(const std::wstring& control, const std::wstring& event) {
+void FormWindow::OnControlEvent(const Text& control, const Text& event) {
     runPanel_->OnEvent(control, event);
 }
 
@@ -366,7 +366,7 @@ void FormWindow::OnSelectionChanged() {
     if (PlacedControl* const control = surface_->Selected()) {
         grid_->SetObject(control->Name(), control->Dispatch().Get());
     } else {
-        grid_->SetObject(L"", nullptr);
+        grid_->SetObject(u"", nullptr);
     }
 }
 

@@ -2,15 +2,16 @@
 // FormWindow: the main window with the form, the tools for design and run mode, and the file menu.
 #pragma once
 
-#include "host/form/FormMenu.h"
-#include "host/form/design/PropertyGrid.h"
-#include "host/form/parts/KeptFocus.h"
-#include "host/form/run/RunPanel.h"
-#include "host/form/surface/FormSurface.h"
-
 #include <filesystem>
 #include <memory>
 #include <optional>
+
+#include "host/form/FormMenu.h"
+#include "host/form/design/PropertyGrid.h"
+#include "host/form/run/RunPanel.h"
+#include "host/form/surface/FormSurface.h"
+#include "shared/Text.h"
+#include "win/SavedFocus.h"
 
 namespace Quorvane::Host {
 
@@ -22,9 +23,12 @@ struct FormWindowSettings {
     bool RunMode = false;
 };
 
-class FormWindow final : public Window, public FormSurfaceOwner {
+class FormWindow final : public ProgramWindow, public FormSurfaceOwner {
   public:
+    static constexpr const wchar_t* ClassName = L"QuorvaneFormWindow";
+
     explicit FormWindow(const FormWindowSettings& settings);
+    ~FormWindow() override { Destroy(); }
 
     /// Opens a form file. Throws when it cannot be read, or a control of it does not load; the form
     /// is then without controls, and keeps what was read of them.
@@ -35,11 +39,11 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     bool TranslateKey(MSG& message);
 
   protected:
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
   private:
     void Arrange();
-    void ForwardToParent(HWND child, WPARAM wParam) const;
+    void ForwardToParent(HWND child, WPARAM first) const;
     void ClickFocusedButton() const;
     void OnCommand(int id);
 
@@ -64,7 +68,7 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     void UpdateMenu();
 
     // FormSurfaceOwner
-    void OnControlEvent(const std::wstring& control, const std::wstring& event) override;
+    void OnControlEvent(const Text& control, const Text& event) override;
     void OnSelectionChanged() override;
     void OnFormChanged() override;
     void OnPropertyFrameWanted() override { ShowProperties(); }
@@ -76,8 +80,8 @@ class FormWindow final : public Window, public FormSurfaceOwner {
     bool isLoading_ = false;
     /// Whether the controls of the form are on the surface; not after a load that failed.
     bool isLoaded_ = false;
-    Accelerators accelerators_;
-    KeptFocus focus_;
+    Win::Accelerators accelerators_;
+    Win::SavedFocus focus_;
     std::unique_ptr<FormSurface> surface_;
     std::unique_ptr<PropertyGrid> grid_;
     std::unique_ptr<RunPanel> runPanel_;

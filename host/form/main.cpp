@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 // main: the graphical host program, a form to place controls on.
-#include "host/container/Apartment.h"
-#include "host/container/Options.h"
-#include "host/form/FormWindow.h"
-
-#include <cstdlib>
-
 #include <commctrl.h>
 #include <ole2.h>
 
+#include <cstdlib>
+
+#include "com/Apartment.h"
+#include "com/WindowsTextServices.h"
+#include "host/container/Options.h"
+#include "host/form/FormWindow.h"
+
 namespace {
 
+using namespace Quorvane;
 using namespace Quorvane::Host;
 
 FormWindowSettings SettingsFrom(const Options& options) {
@@ -27,16 +29,16 @@ void OpenOrTell(FormWindow& window, const std::filesystem::path& form) {
     try {
         window.OpenForm(form);
     } catch (const std::exception& error) {
-        ShowError(window.Handle(), error.what());
+        ShowError(window.Get(), error);
     }
 }
 
 int RunMessages(FormWindow& window) {
     MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (!window.TranslateKey(message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
+            ::TranslateMessage(&message);
+            ::DispatchMessageW(&message);
         }
     }
     return static_cast<int>(message.wParam);
@@ -44,16 +46,17 @@ int RunMessages(FormWindow& window) {
 
 int Run() {
     // Without arguments it begins with an empty form.
-    const Options options = __argc > 1 ? ParseOptions({__wargv + 1, __wargv + __argc}) : Options();
-    const Apartment apartment;
+    const Options options = __argc > 1 ? ParseOptions(ArgumentTexts(__argc, __wargv)) : Options();
+    const Com::Apartment apartment;
+    InstallPlatformText(WindowsTextServices());
     // While a control computes a batch, the window answers nothing; the system would put a dead
     // picture in its place after some seconds, and nobody would see the progress.
-    DisableProcessWindowsGhosting();
+    ::DisableProcessWindowsGhosting();
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
-    InitCommonControlsEx(&controls);
+    ::InitCommonControlsEx(&controls);
     FormWindow window(SettingsFrom(options));
-    ShowWindow(window.Handle(), SW_SHOWDEFAULT);
-    UpdateWindow(window.Handle());
+    ::ShowWindow(window.Get(), SW_SHOWDEFAULT);
+    ::UpdateWindow(window.Get());
     if (!options.Form.empty()) {
         OpenOrTell(window, options.Form);
     }
@@ -66,7 +69,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     try {
         return Run();
     } catch (const std::exception& error) {
-        ShowError(nullptr, error.what());
+        ShowError(nullptr, error);
         return 1;
     }
 }

@@ -13,7 +13,6 @@
 #include <string_view>
 
 namespace Quorvane::Host {
-
 namespace {
 
 /// Appends the values of a line; how many there are.

@@ -11,7 +11,6 @@
 #include <system_error>
 
 namespace Quorvane::Host {
-
 namespace {
 
 constexpr std::uintmax_t MaximumFileSize = 16U << 20;
@@ -20,8 +19,8 @@ char16_t Lower(char16_t c) {
     return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c - u'A' + u'a') : c;
 }
 
-template <typename Items>
-auto FindKey(Items& items, std::u16string_view key) {
+template <class Items>
+auto FindKey(Items& items, TextView key) {
     return std::find_if(items.begin(), items.end(),
                         [&](const FormProperty& item) { return SameName(item.Key, key); });
 }
@@ -41,7 +40,7 @@ FormProperties& FormProperties::operator=(const FormProperties&) = default;
 FormProperties& FormProperties::operator=(FormProperties&&) noexcept = default;
 FormProperties::~FormProperties() = default;
 
-const FormProperty* FormProperties::Find(std::u16string_view key) const {
+const FormProperty* FormProperties::Find(TextView key) const {
     const auto found = FindKey(items_, key);
     return found == items_.end() ? nullptr : &*found;
 }
@@ -55,7 +54,7 @@ void FormProperties::Set(FormProperty property) {
     }
 }
 
-bool FormProperties::Remove(std::u16string_view key) {
+bool FormProperties::Remove(TextView key) {
     const auto found = FindKey(items_, key);
     if (found == items_.end()) {
         return false;
@@ -80,15 +79,15 @@ bool FormProperties::operator==(const FormProperties& other) const {
     return items_ == other.items_;
 }
 
-bool SameName(std::u16string_view left, std::u16string_view right) {
+bool SameName(TextView left, TextView right) {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                       [](char16_t a, char16_t b) { return Lower(a) == Lower(b); });
 }
 
-bool IsPlacementKey(std::u16string_view key) {
-    static constexpr std::array<std::u16string_view, 4> Keys{u"Left", u"Top", u"Width", u"Height"};
+bool IsPlacementKey(TextView key) {
+    static constexpr std::array<TextView, 4> Keys{u"Left", u"Top", u"Width", u"Height"};
     return std::any_of(Keys.begin(), Keys.end(),
-                       [&](std::u16string_view known) { return SameName(known, key); });
+                       [&](TextView known) { return SameName(known, key); });
 }
 
 FormFile ReadFormFile(const std::filesystem::path& path) {

@@ -29,6 +29,8 @@
 #include <variant>
 #include <vector>
 
+#include "shared/Text.h"
+
 namespace Quorvane::Host {
 
 struct FormProperty;
@@ -50,13 +52,13 @@ class FormProperties {
     ~FormProperties();
 
     /// The property named `key`, or nullptr. Valid until the next change.
-    const FormProperty* Find(std::u16string_view key) const;
+    const FormProperty* Find(TextView key) const;
 
     /// Replaces the property of that key where it stands, or appends it.
     void Set(FormProperty property);
 
     /// Whether there was such a property.
-    bool Remove(std::u16string_view key);
+    bool Remove(TextView key);
 
     void Clear();
     std::size_t Count() const;
@@ -70,27 +72,26 @@ class FormProperties {
 };
 
 /// A property's value; a nested list of properties stands for an object such as a font.
-using FormValue =
-    std::variant<bool, std::int32_t, HexNumber, double, std::u16string, FormProperties>;
+using FormValue = std::variant<bool, std::int32_t, HexNumber, double, Text, FormProperties>;
 
 struct FormProperty {
-    std::u16string Key;
+    Text Key;
     FormValue Value;
     bool operator==(const FormProperty&) const = default;
 };
 
 /// One control: `Class` is a ProgID or a "{class identifier}", `Name` is unique on the form.
 struct FormControl {
-    std::u16string Class;
-    std::u16string Name;
+    Text Class;
+    Text Name;
     FormProperties Properties;
     bool operator==(const FormControl&) const = default;
 };
 
 /// A form file's content. `Comments` are the lines above "Version", without the apostrophe.
 struct FormFile {
-    std::vector<std::u16string> Comments;
-    std::u16string Name;
+    std::vector<Text> Comments;
+    Text Name;
     FormProperties Properties;
     std::vector<FormControl> Controls;
     bool operator==(const FormFile&) const = default;
@@ -103,11 +104,11 @@ struct FormFileError : std::runtime_error {
 };
 
 /// The text form of a name or key compared as the file does: ASCII letters without case.
-bool SameName(std::u16string_view left, std::u16string_view right);
+bool SameName(TextView left, TextView right);
 
 /// True for the keys of a control's block that place it on the form (Left, Top, Width, Height);
 /// they belong to the form and are never shown to the control.
-bool IsPlacementKey(std::u16string_view key);
+bool IsPlacementKey(TextView key);
 
 /// Reads a form from UTF-8 text. Throws FormFileError.
 FormFile ParseFormFile(std::string_view utf8);

@@ -2,16 +2,15 @@
 // FormLine: the lines of a form file and the words and values in them.
 #include "host/formfile/FormLine.h"
 
-#include "host/formfile/Utf8.h"
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <system_error>
 
-namespace Quorvane::Host {
+#include "host/formfile/Utf8.h"
 
+namespace Quorvane::Host {
 namespace {
 
 bool IsBlank(char16_t c) {
@@ -33,7 +32,7 @@ bool IsClassCharacter(char16_t c) {
     return IsNameCharacter(c) || c == u'.' || c == u'-' || c == u'{' || c == u'}';
 }
 
-std::string Ascii(std::u16string_view text) {
+std::string Ascii(TextView text) {
     std::string ascii;
     for (const char16_t c : text) {
         ascii += static_cast<char>(c);
@@ -41,7 +40,7 @@ std::string Ascii(std::u16string_view text) {
     return ascii;
 }
 
-template <typename Number>
+template <class Number>
 bool ReadAll(const std::string& text, Number& number, auto... options) {
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number, options...);
@@ -81,15 +80,15 @@ bool FormLine::IsBlankOrComment() const {
     return rest_.empty() || rest_.front() == u'\'';
 }
 
-std::optional<std::u16string_view> FormLine::Comment() const {
+std::optional<TextView> FormLine::Comment() const {
     if (Peek() != u'\'') {
         return std::nullopt;
     }
     return rest_.substr(1);
 }
 
-bool FormLine::TakeWord(std::u16string_view word) {
-    const std::u16string_view head = rest_.substr(0, word.size());
+bool FormLine::TakeWord(TextView word) {
+    const TextView head = rest_.substr(0, word.size());
     if (!SameName(head, word) ||
         (rest_.size() > head.size() && IsNameCharacter(rest_[head.size()]))) {
         return false;
@@ -99,8 +98,8 @@ bool FormLine::TakeWord(std::u16string_view word) {
     return true;
 }
 
-bool FormLine::TakeStatementWord(std::u16string_view word) {
-    const std::u16string_view line = rest_;
+bool FormLine::TakeStatementWord(TextView word) {
+    const TextView line = rest_;
     if (!TakeWord(word)) {
         return false;
     }
@@ -120,20 +119,20 @@ bool FormLine::TakeSymbol(char16_t symbol) {
     return true;
 }
 
-std::u16string FormLine::TakeIdentifier(const std::string& role) {
-    const std::u16string_view name = TakeRun(IsNameCharacter);
+Text FormLine::TakeIdentifier(const std::string& role) {
+    const TextView name = TakeRun(IsNameCharacter);
     if (name.empty() || IsDigit(name.front())) {
         Fail(role + " is expected here: letters, digits and '_', not starting with a digit");
     }
-    return std::u16string(name);
+    return Text(name);
 }
 
-std::u16string FormLine::TakeClass() {
-    const std::u16string_view name = TakeRun(IsClassCharacter);
+Text FormLine::TakeClass() {
+    const TextView name = TakeRun(IsClassCharacter);
     if (name.empty()) {
         Fail("the control's class is expected after 'Begin'");
     }
-    return std::u16string(name);
+    return Text(name);
 }
 
 FormValue FormLine::TakeValue() {
@@ -162,7 +161,7 @@ void FormLine::Fail(const std::string& message) const {
     throw FormFileError(number_, message);
 }
 
-void FormLine::Fail(const std::string& message, std::u16string_view name) const {
+void FormLine::Fail(const std::string& message, TextView name) const {
     constexpr std::size_t LongestShown = 40;
     Fail(message + " '" + EncodeUtf8(name.substr(0, LongestShown)) + "'");
 }
@@ -173,16 +172,16 @@ void FormLine::SkipBlanks() {
     }
 }
 
-std::u16string_view FormLine::TakeRun(bool (*belongs)(char16_t)) {
+TextView FormLine::TakeRun(bool (*belongs)(char16_t)) {
     const auto* const end = std::find_if_not(rest_.begin(), rest_.end(), belongs);
-    const std::u16string_view run = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+    const TextView run = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
     rest_.remove_prefix(run.size());
     SkipBlanks();
     return run;
 }
 
-std::u16string FormLine::TakeText() {
-    std::u16string text;
+Text FormLine::TakeText() {
+    Text text;
     TakeTextPiece(text);
     while (TakeSymbol(u'&')) {
         if (TakeSymbol(u'_')) {
@@ -196,7 +195,7 @@ std::u16string FormLine::TakeText() {
     return text;
 }
 
-void FormLine::TakeTextPiece(std::u16string& text) {
+void FormLine::TakeTextPiece(Text& text) {
     if (Peek() == u'"') {
         TakeQuoted(text);
     } else if (TakeWord(u"ChrW")) {
@@ -207,11 +206,11 @@ void FormLine::TakeTextPiece(std::u16string& text) {
     SkipBlanks();
 }
 
-void FormLine::TakeQuoted(std::u16string& text) {
+void FormLine::TakeQuoted(Text& text) {
     rest_.remove_prefix(1);
     for (;;) {
         const std::size_t end = rest_.find(u'"');
-        if (end == std::u16string_view::npos) {
+        if (end == TextView::npos) {
             Fail("the closing quotation mark is missing");
         }
         text += rest_.substr(0, end);
@@ -245,7 +244,7 @@ FormValue FormLine::TakeHexNumber() {
 }
 
 FormValue FormLine::TakeNumber() {
-    const std::u16string_view token = TakeRun(IsNumberCharacter);
+    const TextView token = TakeRun(IsNumberCharacter);
     std::string digits = Ascii(token);
     if (std::int32_t whole = 0; ReadAll(digits, whole)) {
         return whole;

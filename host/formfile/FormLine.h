@@ -2,9 +2,10 @@
 // FormLine: the lines of a form file and the words and values in them.
 #pragma once
 
-#include "host/formfile/FormFile.h"
-
 #include <optional>
+
+#include "host/formfile/FormFile.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
@@ -13,7 +14,7 @@ namespace Quorvane::Host {
 /// outlive it.
 class FormLine {
   public:
-    explicit FormLine(std::u16string_view text) : unread_(text) {}
+    explicit FormLine(TextView text) : unread_(text) {}
 
     /// Goes to the next line; false at the end of the text.
     bool Next();
@@ -27,21 +28,21 @@ class FormLine {
     bool IsBlankOrComment() const;
 
     /// The text behind the apostrophe when the whole line is a comment.
-    std::optional<std::u16string_view> Comment() const;
+    std::optional<TextView> Comment() const;
 
     /// Takes `word` if it comes next, in either letter case.
-    bool TakeWord(std::u16string_view word);
+    bool TakeWord(TextView word);
 
     /// The same for a word that starts a statement: a property may bear its name ("End = 1").
-    bool TakeStatementWord(std::u16string_view word);
+    bool TakeStatementWord(TextView word);
 
     bool TakeSymbol(char16_t symbol);
 
     /// A name: letters, digits and "_", no digit first. `role` names it in the error message.
-    std::u16string TakeIdentifier(const std::string& role);
+    Text TakeIdentifier(const std::string& role);
 
     /// A ProgID or a class identifier in braces.
-    std::u16string TakeClass();
+    Text TakeClass();
 
     /// A text, a number or a Boolean. A text may go on in the next lines.
     FormValue TakeValue();
@@ -50,21 +51,21 @@ class FormLine {
     void ExpectEnd();
 
     [[noreturn]] void Fail(const std::string& message) const;
-    [[noreturn]] void Fail(const std::string& message, std::u16string_view name) const;
+    [[noreturn]] void Fail(const std::string& message, TextView name) const;
 
   private:
     void SkipBlanks();
     char16_t Peek() const { return rest_.empty() ? u'\0' : rest_.front(); }
-    std::u16string_view TakeRun(bool (*belongs)(char16_t));
-    std::u16string TakeText();
-    void TakeTextPiece(std::u16string& text);
-    void TakeQuoted(std::u16string& text);
+    TextView TakeRun(bool (*belongs)(char16_t));
+    Text TakeText();
+    void TakeTextPiece(Text& text);
+    void TakeQuoted(Text& text);
     char16_t TakeCharacterCode();
     FormValue TakeHexNumber();
     FormValue TakeNumber();
 
-    std::u16string_view unread_;
-    std::u16string_view rest_;
+    TextView unread_;
+    TextView rest_;
     int number_ = 0;
 };
 

@@ -2,15 +2,14 @@
 // FormParser: reads the text of a form file, line by line.
 #include "host/formfile/FormFile.h"
 
-#include "host/formfile/FormLine.h"
-#include "host/formfile/Utf8.h"
-
 #include <algorithm>
 #include <optional>
 #include <utility>
 
-namespace Quorvane::Host {
+#include "host/formfile/FormLine.h"
+#include "host/formfile/Utf8.h"
 
+namespace Quorvane::Host {
 namespace {
 
 // A file nested deeper than this is damaged or hostile; objects in real forms nest once.
@@ -31,7 +30,7 @@ int LineOfOffset(std::string_view bytes, std::size_t offset) {
     return line;
 }
 
-std::u16string Decode(std::string_view utf8) {
+Text Decode(std::string_view utf8) {
     try {
         return DecodeUtf8(utf8);
     } catch (const Utf8Error& error) {
@@ -41,7 +40,7 @@ std::u16string Decode(std::string_view utf8) {
 
 class FormParser {
   public:
-    explicit FormParser(std::u16string_view text) : line_(text) {}
+    explicit FormParser(TextView text) : line_(text) {}
 
     FormFile Parse() {
         ReadVersion();
@@ -111,7 +110,7 @@ class FormParser {
         return control;
     }
 
-    void ReadProperties(FormProperties& properties, std::u16string_view terminator, int depth) {
+    void ReadProperties(FormProperties& properties, TextView terminator, int depth) {
         const int firstLine = line_.Number();
         for (;;) {
             NextStatement("the end of the block begun in line " + std::to_string(firstLine));
@@ -147,8 +146,8 @@ class FormParser {
         properties.Set(std::move(property));
     }
 
-    std::u16string TakeNewKey(const FormProperties& properties) {
-        std::u16string key = line_.TakeIdentifier("a property's name");
+    Text TakeNewKey(const FormProperties& properties) {
+        Text key = line_.TakeIdentifier("a property's name");
         if (properties.Count() == MaximumCount) {
             line_.Fail("the block has too many properties");
         }
@@ -165,7 +164,7 @@ class FormParser {
 } // namespace
 
 FormFile ParseFormFile(std::string_view utf8) {
-    const std::u16string text = Decode(utf8);
+    const Text text = Decode(utf8);
     return FormParser(text).Parse();
 }
 

@@ -2,15 +2,14 @@
 // FormWriter: the text of a form file.
 #include "host/formfile/FormFile.h"
 
-#include "host/formfile/Utf8.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 
-namespace Quorvane::Host {
+#include "host/formfile/Utf8.h"
 
+namespace Quorvane::Host {
 namespace {
 
 // A longer text is cut into lines of this many characters, so that a changed form is readable in a
@@ -24,7 +23,7 @@ bool IsLowSurrogate(char16_t c) {
     return c >= 0xDC00 && c <= 0xDFFF;
 }
 
-template <typename Number>
+template <class Number>
 std::string NumberText(Number number, auto... options) {
     std::array<char, 40> digits{};
     const auto end =
@@ -52,7 +51,7 @@ std::string HexText(HexNumber number) {
 
 // How many characters from `at` can stand together in one quoted piece; 0 for a character that
 // needs ChrW: a control character, or half of a pair, which UTF-8 cannot hold.
-std::size_t QuotedLength(std::u16string_view text, std::size_t at) {
+std::size_t QuotedLength(TextView text, std::size_t at) {
     std::size_t length = 0;
     while (length < PieceLength && at + length < text.size()) {
         const char16_t c = text[at + length];
@@ -66,7 +65,7 @@ std::size_t QuotedLength(std::u16string_view text, std::size_t at) {
     return length;
 }
 
-std::string Quoted(std::u16string_view text) {
+std::string Quoted(TextView text) {
     std::string quoted = "\"";
     for (const char c : EncodeUtf8(text)) {
         if (c == '"') {
@@ -80,7 +79,7 @@ std::string Quoted(std::u16string_view text) {
 class FormWriter {
   public:
     std::string Write(const FormFile& form) {
-        for (const std::u16string& comment : form.Comments) {
+        for (const Text& comment : form.Comments) {
             Line("'" + EncodeUtf8(comment));
         }
         Line("Version 1");
@@ -104,7 +103,7 @@ class FormWriter {
     void operator()(std::int32_t value) { Line(key_ + " = " + NumberText(value)); }
     void operator()(HexNumber value) { Line(key_ + " = " + HexText(value)); }
     void operator()(double value) { Line(key_ + " = " + RealText(value)); }
-    void operator()(const std::u16string& value) { Text(value); }
+    void operator()(const Text& value) { QuotedText(value); }
     void operator()(const FormProperties& value) {
         Line("BeginProperty " + key_);
         ++depth_;
@@ -125,7 +124,7 @@ class FormWriter {
         }
     }
 
-    void Text(std::u16string_view text) {
+    void QuotedText(TextView text) {
         std::string pieces;
         std::string separator;
         std::size_t lineLength = 0;

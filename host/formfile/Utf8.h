@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "shared/Text.h"
+
 namespace Quorvane::Host {
 
 /// Bytes that are not UTF-8; `Offset` is the index of the first wrong byte.
@@ -18,10 +20,10 @@ struct Utf8Error : std::runtime_error {
 /// The text of `bytes`; a leading byte order mark is dropped.
 /// Throws Utf8Error for overlong forms, encoded surrogates, values above U+10FFFF and cut
 /// sequences.
-std::u16string DecodeUtf8(std::string_view bytes);
+Text DecodeUtf8(std::string_view bytes);
 
 /// The UTF-8 form of `text`. A surrogate without its partner, which UTF-8 cannot hold, becomes
 /// U+FFFD.
-std::string EncodeUtf8(std::u16string_view text);
+std::string EncodeUtf8(TextView text);
 
 } // namespace Quorvane::Host

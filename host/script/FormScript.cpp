@@ -2,23 +2,22 @@
 // FormScript: finds and reads the script behind a form.
 #include "host/script/RunningForm.h"
 
-#include "host/container/Wide.h"
-#include "host/formfile/FilePath.h"
-#include "host/formfile/Utf8.h"
-
 #include <fstream>
 #include <iterator>
 
-namespace Quorvane::Host {
+#include "host/container/Paths.h"
+#include "host/formfile/FilePath.h"
+#include "host/formfile/Utf8.h"
 
+namespace Quorvane::Host {
 namespace {
 
 [[noreturn]] void Refuse(const std::filesystem::path& script, const std::string& reason) {
-    throw FormFileError(0, "the script " + EncodeUtf8(FromWide(script.wstring())) + " " + reason);
+    throw FormFileError(0, "the script " + EncodeUtf8(PathText(script)) + " " + reason);
 }
 
 FormScript ReadScript(const std::filesystem::path& path) {
-    FormScript script{path, ScriptHost::EngineFor(path.extension().wstring()), {}};
+    FormScript script{path, ScriptHost::EngineFor(PathText(path.extension())), {}};
     if (script.Engine.empty()) {
         Refuse(path, "is neither .vbs nor .js");
     }
@@ -31,7 +30,7 @@ FormScript ReadScript(const std::filesystem::path& path) {
         Refuse(path, "cannot be read");
     }
     try {
-        script.Code = ToWide(DecodeUtf8(bytes));
+        script.Code = DecodeUtf8(bytes);
     } catch (const Utf8Error&) {
         Refuse(path, "is not UTF-8");
     }
@@ -42,11 +41,11 @@ FormScript ReadScript(const std::filesystem::path& path) {
 
 std::optional<FormScript> FindScript(const FormFile& form, const std::filesystem::path& path) {
     if (const FormProperty* const named = form.Properties.Find(u"Script")) {
-        const auto* const name = std::get_if<std::u16string>(&named->Value);
+        const auto* const name = std::get_if<Text>(&named->Value);
         if (!name || name->empty()) {
             throw FormFileError(0, "the form's Script should be a file name in quotation marks");
         }
-        return ReadScript(path.parent_path() / ToWide(*name));
+        return ReadScript(path.parent_path() / ToPath(*name));
     }
     for (const wchar_t* const extension : {L".vbs", L".js"}) {
         const std::filesystem::path beside =

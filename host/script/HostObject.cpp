@@ -2,13 +2,13 @@
 // HostObject: the object "Host" that a form's script sees.
 #include "host/script/HostObject.h"
 
-#include "host/container/HResult.h"
-#include "host/container/Variant.h"
-
 #include <cwchar>
 
-namespace Quorvane::Host {
+#include "com/ErrorBoundary.h"
+#include "com/ExceptionInfo.h"
+#include "com/Scoped.h"
 
+namespace Quorvane::Host {
 namespace {
 
 enum Member : DISPID { PrintId = 1, OptionId, OutputFolderId, QuitId };
@@ -31,37 +31,24 @@ const VARIANT& ArgumentAt(const DISPPARAMS& arguments, UINT index) {
 
 void RequireArguments(const DISPPARAMS& arguments, UINT fewest, UINT most) {
     if (arguments.cArgs < fewest || arguments.cArgs > most) {
-        throw HResultError(DISP_E_BADPARAMCOUNT, "wrong number of arguments");
+        throw Com::HresultError(DISP_E_BADPARAMCOUNT, u"wrong number of arguments");
     }
 }
 
-Variant Convert(const VARIANT& argument, VARTYPE type, LCID locale) {
-    Variant value;
-    HRESULT result = value.Copy(argument);
-    if (SUCCEEDED(result)) {
-        result = value.ChangeType(type, locale);
-    }
-    if (FAILED(result)) {
-        throw HResultError(result, "wrong type of argument");
-    }
-    return value;
+Com::Variant Convert(const VARIANT& argument, VARTYPE type, LCID locale) {
+    return Com::ChangeType(argument, type, locale, VARIANT_ALPHABOOL);
 }
 
-std::wstring TextOf(const VARIANT& argument, LCID locale) {
-    Variant value;
-    if (SUCCEEDED(value.Copy(argument)) && value.vt == VT_NULL) {
-        return L"Null";
+Text TextOf(const VARIANT& argument, LCID locale) {
+    if (Com::Dereference(argument).vt == VT_NULL) {
+        return u"Null";
     }
-    return std::wstring(ViewBstr(Convert(argument, VT_BSTR, locale).bstrVal));
+    return Text(Com::View(Convert(argument, VT_BSTR, locale).Get().bstrVal));
 }
 
 // An error is how a script is made to end; the host knows by ExitCode that it is none.
 HRESULT RaiseEnd(EXCEPINFO* error) {
-    if (error) {
-        *error = {};
-        error->scode = E_ABORT;
-        error->bstrDescription = SysAllocString(L"the script has been ended");
-    }
+    Com::ExceptionInfo(E_ABORT, {}, u"the script has been ended").MoveTo(error);
     return DISP_E_EXCEPTION;
 }
 
@@ -106,15 +93,20 @@ HRESULT HostObject::Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAM
     if (!arguments) {
         return E_POINTER;
     }
-    Variant ignored;
     if (result) {
-        VariantInit(result);
-    } else {
-        result = &ignored;
+        ::VariantInit(result);
     }
-    const HRESULT called =
-        exitCode_ ? S_OK : Guard([&] { return Call(id, *arguments, locale, result); });
-    return exitCode_ ? RaiseEnd(error) : called;
+    return Com::Guard<IDispatch>([&] {
+        Com::Variant answer;
+        const HRESULT called = exitCode_ ? S_OK : Call(id, *arguments, locale, answer);
+        if (exitCode_) {
+            return RaiseEnd(error);
+        }
+        if (result) {
+            *result = answer.Detach();
+        }
+        return called;
+    });
 }
 
 void HostObject::EndScript(int exitCode) {
@@ -123,16 +115,17 @@ void HostObject::EndScript(int exitCode) {
     }
 }
 
-HRESULT HostObject::Call(DISPID id, const DISPPARAMS& arguments, LCID locale, VARIANT* result) {
+HRESULT HostObject::Call(DISPID id, const DISPPARAMS& arguments, LCID locale,
+                         Com::Variant& answer) {
     switch (id) {
     case PrintId:
         Print(arguments, locale);
         return S_OK;
     case OptionId:
-        Option(arguments, result);
+        answer = Option(arguments);
         return S_OK;
     case OutputFolderId:
-        Variant(std::wstring_view(services_.OutputFolder)).MoveTo(result);
+        answer = Com::Variant(TextView(services_.OutputFolder));
         return S_OK;
     case QuitId:
         Quit(arguments);
@@ -143,33 +136,30 @@ HRESULT HostObject::Call(DISPID id, const DISPPARAMS& arguments, LCID locale, VA
 }
 
 void HostObject::Print(const DISPPARAMS& arguments, LCID locale) const {
-    std::wstring line;
+    Text line;
     for (UINT i = 0; i < arguments.cArgs; ++i) {
         if (i != 0) {
-            line += L' ';
+            line += u' ';
         }
         line += TextOf(ArgumentAt(arguments, i), locale);
     }
     services_.Print(line);
 }
 
-void HostObject::Option(const DISPPARAMS& arguments, VARIANT* result) const {
+Com::Variant HostObject::Option(const DISPPARAMS& arguments) const {
     RequireArguments(arguments, 1, 2);
-    const std::wstring name = TextOf(ArgumentAt(arguments, 0), LOCALE_INVARIANT);
+    const Text name = TextOf(ArgumentAt(arguments, 0), LOCALE_INVARIANT);
     for (const auto& [key, text] : services_.Options) {
-        if (_wcsicmp(key.c_str(), name.c_str()) == 0) {
-            return Variant(std::wstring_view(text)).MoveTo(result);
+        if (_wcsicmp(Com::Wide(key), Com::Wide(name)) == 0) {
+            return Com::Variant(TextView(text));
         }
     }
-    Variant other;
-    if (arguments.cArgs == 2 && SUCCEEDED(other.Copy(ArgumentAt(arguments, 1)))) {
-        other.MoveTo(result);
-    }
+    return arguments.cArgs == 2 ? Com::WithoutReference(ArgumentAt(arguments, 1)) : Com::Variant();
 }
 
 void HostObject::Quit(const DISPPARAMS& arguments) {
     RequireArguments(arguments, 0, 1);
-    EndScript(arguments.cArgs == 1 ? Convert(ArgumentAt(arguments, 0), VT_I4, 0).lVal : 0);
+    EndScript(arguments.cArgs == 1 ? Convert(ArgumentAt(arguments, 0), VT_I4, 0).Get().lVal : 0);
 }
 
 } // namespace Quorvane::Host

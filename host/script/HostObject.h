@@ -2,25 +2,26 @@
 // HostObject: the object "Host" that a form's script sees.
 #pragma once
 
-#include "host/container/ComObject.h"
+#include <oleauto.h>
 
 #include <functional>
 #include <map>
 #include <optional>
-#include <string>
 
-#include <oleauto.h>
+#include "com/ComObject.h"
+#include "com/Scoped.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 /// What the host lends to the object.
 struct HostServices {
     /// Writes one line.
-    std::function<void(const std::wstring& line)> Print;
+    std::function<void(const Text& line)> Print;
     /// Values given by name on the command line.
-    std::map<std::wstring, std::wstring> Options;
+    std::map<Text, Text> Options;
     /// Where the script may write files: an absolute path without a backslash at its end.
-    std::wstring OutputFolder;
+    Text OutputFolder;
 };
 
 /// The script's view of its host:
@@ -32,7 +33,7 @@ struct HostServices {
 ///
 /// A script ends by an error that its next call of Host raises: at once where it calls Quit itself,
 /// later where an event procedure does.
-class HostObject final : public ComObject<IDispatch> {
+class HostObject final : public Com::ComObject<IDispatch> {
   public:
     explicit HostObject(HostServices services) : services_(std::move(services)) {}
 
@@ -42,20 +43,19 @@ class HostObject final : public ComObject<IDispatch> {
     /// The exit code, once the script is to end.
     std::optional<int> ExitCode() const { return exitCode_; }
 
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
-                                            DISPID* ids) noexcept override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID locale, WORD flags,
-                                     DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* error,
-                                     UINT*) noexcept override;
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override;
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+                               DISPID* ids) noexcept override;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* arguments,
+                        VARIANT* result, EXCEPINFO* error, UINT*) noexcept override;
 
   private:
     ~HostObject() override = default;
 
-    HRESULT Call(DISPID id, const DISPPARAMS& arguments, LCID locale, VARIANT* result);
+    HRESULT Call(DISPID id, const DISPPARAMS& arguments, LCID locale, Com::Variant& answer);
     void Print(const DISPPARAMS& arguments, LCID locale) const;
-    void Option(const DISPPARAMS& arguments, VARIANT* result) const;
+    Com::Variant Option(const DISPPARAMS& arguments) const;
     void Quit(const DISPPARAMS& arguments);
 
     HostServices services_;

@@ -5,14 +5,13 @@
 #include "host/container/ControlClass.h"
 #include "host/container/ErrorLog.h"
 #include "host/container/FormVariant.h"
-#include "host/container/HResult.h"
-#include "host/container/Wide.h"
+#include "host/container/Paths.h"
 
 namespace Quorvane::Host {
 
 RunningForm::RunningForm(FormFile form, FormSettings settings)
     : form_(std::move(form)), settings_(std::move(settings)),
-      host_(MakeCom<HostObject>(settings_.Services)) {
+      host_(Com::MakeObject<HostObject>(settings_.Services)) {
     const AmbientProperties ambients = FormAmbients();
     controls_.reserve(form_.Controls.size());
     for (const FormControl& control : form_.Controls) {
@@ -22,18 +21,14 @@ RunningForm::RunningForm(FormFile form, FormSettings settings)
 
 AmbientProperties RunningForm::FormAmbients() const {
     AmbientProperties ambients = AmbientProperties::OfAnOrdinaryForm();
-    ambients.Set(DISPID_AMBIENT_USERMODE, Variant(!settings_.Design));
+    ambients.Set(DISPID_AMBIENT_USERMODE, Com::Variant(!settings_.Design));
     if (settings_.Locale) {
-        ambients.Set(DISPID_AMBIENT_LOCALEID, Variant(static_cast<LONG>(*settings_.Locale)));
+        ambients.Set(DISPID_AMBIENT_LOCALEID, Com::Variant(static_cast<LONG>(*settings_.Locale)));
     }
     const auto take = [&](const char16_t* key, VARTYPE type, DISPID id) {
-        Variant value;
-        const FormProperty* const property = form_.Properties.Find(key);
-        if (!property) {
-            return;
+        if (const FormProperty* const property = form_.Properties.Find(key)) {
+            ambients.Set(id, ToVariant(*property, type, u"form"));
         }
-        Check(ToVariant(property->Value, type, value), L"read the form's " + ToWide(key));
-        ambients.Set(id, std::move(value));
     };
     take(u"BackColor", VT_I4, DISPID_AMBIENT_BACKCOLOR);
     take(u"ForeColor", VT_I4, DISPID_AMBIENT_FORECOLOR);
@@ -42,8 +37,7 @@ AmbientProperties RunningForm::FormAmbients() const {
 }
 
 void RunningForm::LoadControl(const FormControl& control, const AmbientProperties& ambients) {
-    controls_.emplace_back(CreateControl(settings_.Dll, ToWide(control.Class)),
-                           ToWide(control.Name), ambients);
+    controls_.emplace_back(CreateControl(settings_.Dll, control.Class), control.Name, ambients);
     HostedControl& hosted = controls_.back();
     if (settings_.New) {
         return hosted.InitNew();
@@ -54,43 +48,42 @@ void RunningForm::LoadControl(const FormControl& control, const AmbientPropertie
     }
     // The control may keep the log for longer than the form lives.
     const auto log =
-        MakeCom<ErrorLog>([report = settings_.ReportError, name = hosted.Name()](
-                              const std::wstring& line) { report(name + L"." + line); });
+        Com::MakeObject<ErrorLog>([report = settings_.ReportError, name = hosted.Name()](
+                                      const Text& line) { report(name + u"." + line); });
     hosted.Load(properties, log.Get());
 }
 
 int RunningForm::RunScript(const FormScript& script) {
     StartScript(script);
     if (script_->Run(script.Code)) {
-        script_->Call(L"Form_Load");
+        script_->Call(u"Form_Load");
     }
     return host_->ExitCode().value_or(0);
 }
 
 void RunningForm::StartScript(const FormScript& script) {
-    const std::wstring fileName = script.Path.filename().wstring();
+    const Text fileName = PathText(script.Path.filename());
     script_ =
         std::make_unique<ScriptHost>(script.Engine, [this, fileName](const ScriptError& error) {
             OnScriptError(fileName, error);
         });
-    script_->AddObject(L"Host", host_.Get());
+    script_->AddObject(u"Host", host_.Get());
     for (HostedControl& control : controls_) {
         script_->AddObject(control.Name(), control.Object());
         control.ReceiveEvents(
-            [this, name = control.Name()](const std::wstring& event, DISPPARAMS& arguments) {
+            [this, name = control.Name()](const Text& event, DISPPARAMS& arguments) {
                 OnEvent(name, event, arguments);
             });
     }
 }
 
-void RunningForm::OnEvent(const std::wstring& control, const std::wstring& event,
-                          DISPPARAMS& arguments) {
+void RunningForm::OnEvent(const Text& control, const Text& event, DISPPARAMS& arguments) {
     if (script_ && !host_->ExitCode()) {
-        script_->Call(control + L"_" + event, arguments);
+        script_->Call(control + u"_" + event, arguments);
     }
 }
 
-void RunningForm::OnScriptError(const std::wstring& fileName, const ScriptError& error) {
+void RunningForm::OnScriptError(const Text& fileName, const ScriptError& error) {
     // A script that is already to end stops by an error, too.
     if (host_->ExitCode()) {
         return;

@@ -2,15 +2,15 @@
 // RunningForm: a form whose controls are loaded, with the script behind it.
 #pragma once
 
-#include "host/container/HostedControl.h"
-#include "host/script/HostObject.h"
-#include "host/script/ScriptHost.h"
-
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
+
+#include "host/container/HostedControl.h"
+#include "host/script/HostObject.h"
+#include "host/script/ScriptHost.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
@@ -25,7 +25,7 @@ struct FormSettings {
     /// Start the controls as new ones instead of loading their properties.
     bool New = false;
     /// Receives one line for each error: of the script, or of a property that cannot be read.
-    std::function<void(const std::wstring&)> ReportError;
+    std::function<void(const Text&)> ReportError;
     /// What the script's Host object offers.
     HostServices Services;
 };
@@ -33,8 +33,8 @@ struct FormSettings {
 /// A script's text and where it comes from.
 struct FormScript {
     std::filesystem::path Path;
-    std::wstring Engine;
-    std::wstring Code;
+    Text Engine;
+    Text Code;
 };
 
 /// The script of the form file `path`: the one its "Script" property names, or else the file of the
@@ -44,7 +44,7 @@ std::optional<FormScript> FindScript(const FormFile& form, const std::filesystem
 
 class RunningForm {
   public:
-    /// Creates and loads all controls. Throws HResultError; what was loaded by then is closed.
+    /// Creates and loads all controls. Throws Com::HresultError; what was loaded by then is closed.
     RunningForm(FormFile form, FormSettings settings);
     RunningForm(const RunningForm&) = delete;
     RunningForm& operator=(const RunningForm&) = delete;
@@ -54,7 +54,7 @@ class RunningForm {
     /// after an error (which has been reported), or 0.
     int RunScript(const FormScript& script);
 
-    /// The form with the properties its controls save now. Throws HResultError.
+    /// The form with the properties its controls save now. Throws Com::HresultError.
     FormFile Save() const;
 
     /// Closes the script, then the controls, last one first.
@@ -66,13 +66,13 @@ class RunningForm {
     AmbientProperties FormAmbients() const;
     void LoadControl(const FormControl& control, const AmbientProperties& ambients);
     void StartScript(const FormScript& script);
-    void OnEvent(const std::wstring& control, const std::wstring& event, DISPPARAMS& arguments);
-    void OnScriptError(const std::wstring& fileName, const ScriptError& error);
+    void OnEvent(const Text& control, const Text& event, DISPPARAMS& arguments);
+    void OnScriptError(const Text& fileName, const ScriptError& error);
 
     FormFile form_;
     FormSettings settings_;
     std::vector<HostedControl> controls_;
-    ComPtr<HostObject> host_;
+    Com::ComPtr<HostObject> host_;
     std::unique_ptr<ScriptHost> script_;
 };
 

@@ -2,39 +2,38 @@
 // ScriptError: what went wrong in a script, and where.
 #include "host/script/ScriptError.h"
 
-#include "host/container/HResult.h"
-#include "host/container/Variant.h"
-
 #include <algorithm>
 
-namespace Quorvane::Host {
+#include "com/ExceptionInfo.h"
+#include "com/FailedCall.h"
 
+namespace Quorvane::Host {
 namespace {
 
 // The engine's own GetSourceLineText often has no answer, but we have the text.
-std::wstring LineAt(std::wstring_view code, unsigned line) {
+Text LineAt(TextView code, unsigned line) {
     for (; line > 1; --line) {
-        const std::size_t end = code.find(L'\n');
-        if (end == std::wstring_view::npos) {
+        const std::size_t end = code.find(u'\n');
+        if (end == TextView::npos) {
             return {};
         }
         code.remove_prefix(end + 1);
     }
-    code = code.substr(0, std::min(code.find_first_of(L"\r\n"), code.size()));
-    const std::size_t start = code.find_first_not_of(L" \t");
-    return start == std::wstring_view::npos ? std::wstring() : std::wstring(code.substr(start));
+    code = code.substr(0, std::min(code.find_first_of(u"\r\n"), code.size()));
+    const std::size_t start = code.find_first_not_of(u" \t");
+    return start == TextView::npos ? Text() : Text(code.substr(start));
 }
 
-std::wstring NumberText(HRESULT number) {
+Text NumberText(HRESULT number) {
     if (HRESULT_FACILITY(number) == FACILITY_CONTROL) {
-        return std::to_wstring(HRESULT_CODE(number));
+        return Widen(std::to_string(HRESULT_CODE(number)));
     }
-    return DescribeResult(number);
+    return Com::DescribeResult(number);
 }
 
 } // namespace
 
-ScriptError ReadScriptError(IActiveScriptError& error, std::wstring_view code) {
+ScriptError ReadScriptError(IActiveScriptError& error, TextView code) {
     ScriptError read;
     DWORD context = 0;
     ULONG line = 0;
@@ -45,35 +44,33 @@ ScriptError ReadScriptError(IActiveScriptError& error, std::wstring_view code) {
         read.Column = column >= 0 ? static_cast<unsigned>(column) + 1 : 0;
         read.LineText = LineAt(code, read.Line);
     }
-    ExceptionInfo info;
-    if (FAILED(error.GetExceptionInfo(&info))) {
+    Com::ExceptionInfo info;
+    if (FAILED(error.GetExceptionInfo(info.Get()))) {
         return read;
     }
-    if (info.pfnDeferredFillIn) {
-        info.pfnDeferredFillIn(&info);
-    }
-    read.Source = ViewBstr(info.bstrSource);
-    read.Description = ViewBstr(info.bstrDescription);
+    info.FillIn();
+    read.Source = info.Source();
+    read.Description = info.Description();
     read.Number = info.Number();
     return read;
 }
 
-std::wstring DescribeScriptError(const ScriptError& error, std::wstring_view fileName) {
-    std::wstring text(fileName);
+Text DescribeScriptError(const ScriptError& error, TextView fileName) {
+    Text text(fileName);
     if (error.Line != 0) {
-        text += L"(" + std::to_wstring(error.Line);
+        text += u"(" + Widen(std::to_string(error.Line));
         if (error.Column != 0) {
-            text += L"," + std::to_wstring(error.Column);
+            text += u"," + Widen(std::to_string(error.Column));
         }
-        text += L")";
+        text += u")";
     }
-    text += L": " + (error.Source.empty() ? L"error" : error.Source);
-    text += L" " + NumberText(error.Number);
+    text += u": " + (error.Source.empty() ? Text(u"error") : error.Source);
+    text += u" " + NumberText(error.Number);
     if (!error.Description.empty()) {
-        text += L": " + error.Description;
+        text += u": " + error.Description;
     }
     if (!error.LineText.empty()) {
-        text += L"\n    " + error.LineText;
+        text += u"\n    " + error.LineText;
     }
     return text;
 }

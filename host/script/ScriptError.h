@@ -4,17 +4,17 @@
 
 #include <windows.h>
 
-#include <string>
-
 #include <activscp.h>
+
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 /// An error of a script. `Line` and `Column` are counted from 1; 0 means not known.
 struct ScriptError {
-    std::wstring Source;
-    std::wstring Description;
-    std::wstring LineText;
+    Text Source;
+    Text Description;
+    Text LineText;
     HRESULT Number = S_OK;
     unsigned Line = 0;
     unsigned Column = 0;
@@ -22,10 +22,10 @@ struct ScriptError {
 
 /// Reads what the engine tells of `error`; `code` is the script's text.
 /// Throws std::bad_alloc only.
-ScriptError ReadScriptError(IActiveScriptError& error, std::wstring_view code);
+ScriptError ReadScriptError(IActiveScriptError& error, TextView code);
 
 /// "Form.vbs(12,5): Microsoft VBScript runtime error 13: Type mismatch", and the line below it.
 /// A number of the automation range 0x800A.... is given as the script sees it.
-std::wstring DescribeScriptError(const ScriptError& error, std::wstring_view fileName);
+Text DescribeScriptError(const ScriptError& error, TextView fileName);
 
 } // namespace Quorvane::Host

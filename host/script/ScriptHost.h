@@ -2,10 +2,11 @@
 // ScriptHost: runs a script in the platform's script engine.
 #pragma once
 
-#include "host/script/ScriptSite.h"
-
-#include <string>
 #include <vector>
+
+#include "com/ExceptionInfo.h"
+#include "host/script/ScriptSite.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
@@ -13,28 +14,28 @@ namespace Quorvane::Host {
 class ScriptHost {
   public:
     /// Starts the engine `engine` ("VBScript", "JScript"). Each error of the script goes to
-    /// `onError` as soon as it happens. Throws HResultError.
-    ScriptHost(const std::wstring& engine, std::function<void(const ScriptError&)> onError);
+    /// `onError` as soon as it happens. Throws Com::HresultError.
+    ScriptHost(const Text& engine, std::function<void(const ScriptError&)> onError);
     ScriptHost(const ScriptHost&) = delete;
     ScriptHost& operator=(const ScriptHost&) = delete;
     ~ScriptHost() { Close(); }
 
     /// The engine for a script file by its extension (".vbs", ".js"); empty for another one.
-    static std::wstring EngineFor(const std::wstring& extension);
+    static Text EngineFor(const Text& extension);
 
-    /// Makes `object` known to the script as `name`. Throws HResultError if the name is taken.
-    void AddObject(const std::wstring& name, IUnknown* object);
+    /// Makes `object` known to the script as `name`. Throws Com::HresultError if the name is taken.
+    void AddObject(const Text& name, IUnknown* object);
 
     /// Runs the script's main part, which also defines its procedures. False: it failed, and the
     /// error has been reported.
-    bool Run(const std::wstring& code);
+    bool Run(const Text& code);
 
     /// Calls the script's procedure `name`, if it has one; `arguments` are in the order of
     /// DISPPARAMS, last first. False: it failed, and the error has been reported.
-    bool Call(const std::wstring& name, DISPPARAMS& arguments);
-    bool Call(const std::wstring& name);
+    bool Call(const Text& name, DISPPARAMS& arguments);
+    bool Call(const Text& name);
 
-    bool HasProcedure(const std::wstring& name);
+    bool HasProcedure(const Text& name);
 
     /// Whether an error has been reported.
     bool HasFailed() const { return errors_ != 0; }
@@ -43,16 +44,16 @@ class ScriptHost {
     void Close() noexcept;
 
   private:
-    DISPID FindProcedure(const std::wstring& name);
+    DISPID FindProcedure(const Text& name);
     IDispatch* Procedures();
-    bool Finish(HRESULT result, unsigned errorsBefore, const EXCEPINFO* info);
+    bool Finish(HRESULT result, unsigned errorsBefore, Com::ExceptionInfo& info);
     void Report(const ScriptError& error);
 
     std::function<void(const ScriptError&)> onError_;
-    ComPtr<ScriptSite> site_;
-    ComPtr<IActiveScript> engine_;
-    ComPtr<IActiveScriptParse> parser_;
-    ComPtr<IDispatch> procedures_;
+    Com::ComPtr<ScriptSite> site_;
+    Com::ComPtr<IActiveScript> engine_;
+    Com::ComPtr<IActiveScriptParse> parser_;
+    Com::ComPtr<IDispatch> procedures_;
     unsigned errors_ = 0;
 };
 

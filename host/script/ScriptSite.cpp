@@ -2,27 +2,26 @@
 // ScriptSite: what a script engine asks of its host.
 #include "host/script/ScriptSite.h"
 
-#include "host/container/HResult.h"
-
 #include <cwchar>
 
-namespace Quorvane::Host {
+#include "com/ErrorBoundary.h"
+#include "com/Scoped.h"
 
+namespace Quorvane::Host {
 namespace {
 
 HRESULT GiveClassInfo(IUnknown* object, ITypeInfo** type) {
-    const auto provider = Query<IProvideClassInfo>(object);
+    const auto provider = Com::Query<IProvideClassInfo>(object);
     return provider ? provider->GetClassInfo(type) : TYPE_E_ELEMENTNOTFOUND;
 }
 
 } // namespace
 
-bool ScriptSite::IgnoringCase::operator()(const std::wstring& left,
-                                          const std::wstring& right) const noexcept {
-    return _wcsicmp(left.c_str(), right.c_str()) < 0;
+bool ScriptSite::IgnoringCase::operator()(const Text& left, const Text& right) const noexcept {
+    return _wcsicmp(Com::Wide(left), Com::Wide(right)) < 0;
 }
 
-bool ScriptSite::AddItem(const std::wstring& name, IUnknown* object) {
+bool ScriptSite::AddItem(const Text& name, IUnknown* object) {
     return items_.emplace(name, object).second;
 }
 
@@ -30,7 +29,7 @@ HRESULT ScriptSite::GetLCID(LCID* lcid) noexcept {
     if (!lcid) {
         return E_POINTER;
     }
-    *lcid = GetUserDefaultLCID();
+    *lcid = ::GetUserDefaultLCID();
     return S_OK;
 }
 
@@ -42,8 +41,8 @@ HRESULT ScriptSite::GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item,
     if (type) {
         *type = nullptr;
     }
-    return Guard([&] {
-        const auto found = items_.find(name);
+    return Com::Guard<IActiveScriptSite>([&] {
+        const auto found = items_.find(Com::ToText(name));
         if (found == items_.end()) {
             return TYPE_E_ELEMENTNOTFOUND;
         }
@@ -70,10 +69,7 @@ HRESULT ScriptSite::OnScriptError(IActiveScriptError* error) noexcept {
     if (!error) {
         return E_POINTER;
     }
-    return Guard([&] {
-        onError_(ReadScriptError(*error, code_));
-        return S_OK;
-    });
+    return Com::Guard<IActiveScriptSite>([&] { onError_(ReadScriptError(*error, code_)); });
 }
 
 HRESULT ScriptSite::GetWindow(HWND* window) noexcept {

@@ -11,7 +11,7 @@ namespace Quorvane::Host {
 
 class InApartment : public testing::Test {
   protected:
-    InApartment() { EXPECT_TRUE(SUCCEEDED(OleInitialize(nullptr))); }
+    InApartment() { EXPECT_TRUE(SUCCEEDED(::OleInitialize(nullptr))); }
     ~InApartment() override { OleUninitialize(); }
 };
 

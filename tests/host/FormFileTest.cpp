@@ -2,16 +2,17 @@
 // FormFileTest: reading and writing form files, whole and damaged.
 #include "host/formfile/FormFile.h"
 
-#include "host/formfile/BatchFiles.h"
+#include <gtest/gtest.h>
 
 #include <fstream>
 #include <limits>
 #include <random>
 
-#include <gtest/gtest.h>
+#include "host/formfile/BatchFiles.h"
 
 namespace {
 
+using namespace Quorvane;
 using namespace Quorvane::Host;
 using namespace std::string_literals;
 
@@ -64,7 +65,7 @@ TEST(FormFile, ReadsFormAndControlsInOrder) {
                                         "\tend ' Second\r\n"
                                         "\tTail = 1\r\n"
                                         "End");
-    EXPECT_EQ(form.Comments, (std::vector<std::u16string>{u" About this form", u"second"}));
+    EXPECT_EQ(form.Comments, (std::vector<Text>{u" About this form", u"second"}));
     EXPECT_EQ(form.Name, u"Room");
     FormProperties properties;
     properties.Set({u"Caption", u"Room"s});
@@ -256,10 +257,10 @@ TEST(FormFile, ReadsBackWhatItWrites) {
         u"\"quoted\" and 'apostrophe' & _"s,
         u"line\r\nline\ttab\0zero\x7F\uFEFF\u2028"s,
         u"\xDC00\xD800 halves \xD800"s,
-        std::u16string(1000, u'x'),
-        std::u16string(71, u'x') + u"\U0001F525 fire",
-        std::u16string(300, u'\n'),
-        std::u16string(200, u'"'),
+        Text(1000, u'x'),
+        Text(71, u'x') + u"\U0001F525 fire",
+        Text(300, u'\n'),
+        Text(200, u'"'),
         FormProperties(),
     };
     for (const FormValue& value : values) {
@@ -271,7 +272,7 @@ TEST(FormFile, ReadsBackWhatItWrites) {
 TEST(FormFile, ReadsBackRandomTexts) {
     std::mt19937 random(1);
     for (int round = 0; round < 500; ++round) {
-        std::u16string text(random() % 200, u' ');
+        Text text(random() % 200, u' ');
         for (char16_t& c : text)
             c = static_cast<char16_t>(random() % 3 == 0 ? random() : random() % 128);
         const FormFile form = FormWith(text);
@@ -286,7 +287,7 @@ TEST(FormFile, WritesReadableText) {
     FormProperties properties;
     properties.Set({u"BackColor", HexNumber{0x80000005}});
     properties.Set({u"Font", font});
-    properties.Set({u"Text", std::u16string(80, u'x')});
+    properties.Set({u"Text", Text(80, u'x')});
     FormFile form = FormWith(std::move(properties));
     form.Comments = {u" Hello"};
     form.Properties.Set({u"Caption", u"a\nb"s});
@@ -325,7 +326,7 @@ TEST(FormFile, RefusesToWriteWhatItCouldNotReadBack) {
 // Whatever happens to a file, it is read or refused with a line of its own, and never more.
 TEST(FormFile, SurvivesDamageAnywhere) {
     FormProperties properties;
-    properties.Set({u"Text", u"a\r\n\"b\"\u6E29"s + std::u16string(80, u'x')});
+    properties.Set({u"Text", u"a\r\n\"b\"\u6E29"s + Text(80, u'x')});
     properties.Set({u"Number", -1.5e-7});
     properties.Set({u"Colour", HexNumber{0x123456}});
     properties.Set({u"Font", FormProperties()});

@@ -6,49 +6,50 @@
 
 namespace {
 
+using namespace Quorvane;
 using namespace Quorvane::Host;
 
 TEST(Options, ReadsEveryOption) {
     const Options options =
-        ParseOptions({L"--design", L"--new", L"--locale", L"0x804", L"a.form", L"--output", L"out",
-                      L"--save", L"b.form", L"--dll", L"c.ocx", L"N=1", L"empty=", L"eq=a=b"});
+        ParseOptions({u"--design", u"--new", u"--locale", u"0x804", u"a.form", u"--output", u"out",
+                      u"--save", u"b.form", u"--dll", u"c.ocx", u"N=1", u"empty=", u"eq=a=b"});
     EXPECT_TRUE(options.Design);
     EXPECT_TRUE(options.New);
     EXPECT_EQ(options.Locale, LCID{0x804});
-    EXPECT_EQ(options.Form, L"a.form");
-    EXPECT_EQ(options.Output, L"out");
-    EXPECT_EQ(options.Save, L"b.form");
-    EXPECT_EQ(options.Dll, L"c.ocx");
-    EXPECT_EQ(options.Values, (std::map<std::wstring, std::wstring>{
-                                  {L"N", L"1"}, {L"empty", L""}, {L"eq", L"a=b"}}));
+    EXPECT_EQ(options.Form, u"a.form");
+    EXPECT_EQ(options.Output, u"out");
+    EXPECT_EQ(options.Save, u"b.form");
+    EXPECT_EQ(options.Dll, u"c.ocx");
+    EXPECT_EQ(options.Values,
+              (std::map<Text, Text>{{u"N", u"1"}, {u"empty", u""}, {u"eq", u"a=b"}}));
 }
 
 TEST(Options, RunsAFormByDefault) {
-    const Options options = ParseOptions({L"a.form"});
+    const Options options = ParseOptions({u"a.form"});
     EXPECT_FALSE(options.Design);
     EXPECT_FALSE(options.New);
     EXPECT_FALSE(options.Help);
-    EXPECT_EQ(options.Output, L".");
+    EXPECT_EQ(options.Output, u".");
     EXPECT_FALSE(options.Locale || options.Save || options.Dll);
 }
 
 TEST(Options, HelpNeedsNoForm) {
-    EXPECT_TRUE(ParseOptions({L"--help"}).Help);
+    EXPECT_TRUE(ParseOptions({u"--help"}).Help);
 }
 
 TEST(Options, RefusesWhatItDoesNotUnderstand) {
-    const std::vector<std::wstring> cases[] = {
+    const std::vector<Text> cases[] = {
         {},
-        {L"--what", L"a.form"},
-        {L"-design", L"a.form"},
-        {L"a.form", L"b.form"},
-        {L"a.form", L"=1"},
-        {L"a.form", L"--output"},
-        {L"a.form", L"--output", L""},
-        {L"a.form", L"--locale", L"German"},
-        {L"a.form", L"--locale", L"1033x"},
-        {L"a.form", L"--locale", L"-1"},
-        {L"--help", L"--what"},
+        {u"--what", u"a.form"},
+        {u"-design", u"a.form"},
+        {u"a.form", u"b.form"},
+        {u"a.form", u"=1"},
+        {u"a.form", u"--output"},
+        {u"a.form", u"--output", u""},
+        {u"a.form", u"--locale", u"German"},
+        {u"a.form", u"--locale", u"1033x"},
+        {u"a.form", u"--locale", u"-1"},
+        {u"--help", u"--what"},
     };
     for (const auto& arguments : cases)
         EXPECT_THROW(ParseOptions(arguments), UsageError)

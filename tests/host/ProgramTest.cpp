@@ -2,12 +2,13 @@
 // ProgramTest: the host program as a whole, with the real control.
 #include "host/formfile/FormFile.h"
 
-#include "tests/com/support/ChildProcess.h"
-#include "tests/com/support/TestFolder.h"
-
 #include <windows.h>
 
 #include <gtest/gtest.h>
+
+#include "host/container/Paths.h"
+#include "tests/com/support/ChildProcess.h"
+#include "tests/com/support/TestFolder.h"
 
 namespace {
 
@@ -28,10 +29,9 @@ class ProgramTest : public testing::Test {
     // Full paths of what this build has made; the ways are relative, as the tree can be moved.
     static Text BuiltFile(const char* way) {
         wchar_t program[MAX_PATH]{};
-        GetModuleFileNameW(nullptr, program, MAX_PATH);
+        ::GetModuleFileNameW(nullptr, program, MAX_PATH);
         const auto path = std::filesystem::path(program).parent_path() / way;
-        const std::wstring text = std::filesystem::weakly_canonical(path).wstring();
-        return Text(text.begin(), text.end());
+        return Host::PathText(std::filesystem::weakly_canonical(path));
     }
 
     Text InFolder(TextView name) const { return folder_.Path() + u"\\" + Text(name); }
@@ -119,7 +119,7 @@ TEST_F(ProgramTest, SavesTheFormAsTheScriptLeavesIt) {
     Expect(Run(paths), 0, "");
     const Host::FormFile saved = Host::ReadFormFile(folder_.File("b.form"));
     Host::FormProperties expected;
-    expected.Set({u"Caption", std::u16string(u"Changed")});
+    expected.Set({u"Caption", Text(u"Changed")});
     expected.Set({u"Enabled", false});
     ASSERT_EQ(saved.Controls.size(), 1u);
     EXPECT_EQ(saved.Controls[0].Properties, expected);

@@ -3,12 +3,14 @@
 // it.
 #include "host/script/RunningForm.h"
 
-#include "tests/host/Apartment.h"
-
 #include <fstream>
+
+#include "host/container/Paths.h"
+#include "tests/host/Apartment.h"
 
 namespace {
 
+using namespace Quorvane;
 using namespace Quorvane::Host;
 using Lines = std::vector<std::string>;
 
@@ -19,14 +21,14 @@ std::filesystem::path SamplePath() {
 /// The control of this build. The way to it is relative, so that the build tree can be moved.
 std::filesystem::path ControlPath() {
     wchar_t program[MAX_PATH]{};
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
     return std::filesystem::path(program).parent_path() / QUORVANE_PRODUCTS /
            "QuorvaneAxEditor.ocx";
 }
 
-std::string Narrow(const std::wstring& text) {
+std::string Narrow(const Text& text) {
     std::string narrow;
-    for (const wchar_t c : text)
+    for (const char16_t c : text)
         narrow += c < 0x7F ? static_cast<char>(c) : '?';
     return narrow;
 }
@@ -40,7 +42,7 @@ class RoomHeatingTest : public InApartment {
     void TearDown() override { std::filesystem::remove_all(folder_); }
 
     // Runs the form; its lines go to printed_, with the folder's name taken out. It must succeed.
-    void Run(std::map<std::wstring, std::wstring> options) {
+    void Run(std::map<Text, Text> options) {
         const std::filesystem::path path = SamplePath();
         const FormFile form = ReadFormFile(path);
         const std::optional<FormScript> script = FindScript(form, path);
@@ -48,12 +50,10 @@ class RoomHeatingTest : public InApartment {
         FormSettings settings;
         settings.Dll = ControlPath();
         settings.Locale = 0x409;
-        settings.ReportError = [](const std::wstring& line) { ADD_FAILURE() << Narrow(line); };
+        settings.ReportError = [](const Text& line) { ADD_FAILURE() << Narrow(line); };
         settings.Services.Options = std::move(options);
-        settings.Services.OutputFolder = folder_.wstring();
-        settings.Services.Print = [this](const std::wstring& line) {
-            printed_.push_back(Narrow(line));
-        };
+        settings.Services.OutputFolder = PathText(folder_);
+        settings.Services.Print = [this](const Text& line) { printed_.push_back(Narrow(line)); };
         RunningForm running(form, settings);
         EXPECT_EQ(running.RunScript(*script), 0);
     }
@@ -72,8 +72,8 @@ class RoomHeatingTest : public InApartment {
 };
 
 TEST_F(RoomHeatingTest, PrintsWhatWasWorkedOutByHand) {
-    Run({{L"Divisions", L"4"}});
-    const std::string folder = Narrow(folder_.wstring());
+    Run({{u"Divisions", u"4"}});
+    const std::string folder = Narrow(PathText(folder_));
     EXPECT_EQ(printed_,
               (Lines{
                   "Room heating: valve and fan (%) for some readings",
@@ -132,7 +132,7 @@ TEST_F(RoomHeatingTest, SavesWhatItLoaded) {
     FormSettings settings;
     settings.Dll = ControlPath();
     settings.Design = true;
-    settings.ReportError = [](const std::wstring& line) { ADD_FAILURE() << Narrow(line); };
+    settings.ReportError = [](const Text& line) { ADD_FAILURE() << Narrow(line); };
     RunningForm running(form, settings);
     const FormFile saved = running.Save();
     for (const char16_t* const key : {u"Inputs", u"Outputs", u"Rules"}) {

@@ -2,24 +2,25 @@
 // RunningFormTest: whole forms with their scripts.
 #include "host/script/RunningForm.h"
 
-#include "host/container/HResult.h"
+#include <fstream>
+
+#include "com/FailedCall.h"
 #include "tests/host/Apartment.h"
 #include "tests/host/StandInClass.h"
 
-#include <fstream>
-
 namespace {
 
+using namespace Quorvane;
 using namespace Quorvane::Host;
 using namespace std::string_literals;
-using Lines = std::vector<std::wstring>;
+using Lines = std::vector<Text>;
 
 class RunningFormTest : public InApartment {
   protected:
     FormSettings Settings() {
         FormSettings settings;
-        settings.ReportError = [this](const std::wstring& line) { errors_.push_back(line); };
-        settings.Services.Print = [this](const std::wstring& line) { printed_.push_back(line); };
+        settings.ReportError = [this](const Text& line) { errors_.push_back(line); };
+        settings.Services.Print = [this](const Text& line) { printed_.push_back(line); };
         return settings;
     }
 
@@ -31,9 +32,9 @@ class RunningFormTest : public InApartment {
         return form;
     }
 
-    int Run(const std::wstring& code, const wchar_t* engine = L"VBScript") {
+    int Run(const Text& code, const Text& engine = u"VBScript") {
         RunningForm running(Form(), Settings());
-        return running.RunScript({L"form.vbs", engine, code});
+        return running.RunScript({"form.vbs", engine, code});
     }
 
     StandInClass class_;
@@ -42,54 +43,54 @@ class RunningFormTest : public InApartment {
 };
 
 TEST_F(RunningFormTest, CallsFormLoadAfterTheMainPart) {
-    EXPECT_EQ(Run(L"Host.Print \"main\"\nSub Form_Load\nHost.Print \"load\"\nEnd Sub"), 0);
-    EXPECT_EQ(printed_, (Lines{L"main", L"load"}));
+    EXPECT_EQ(Run(u"Host.Print \"main\"\nSub Form_Load\nHost.Print \"load\"\nEnd Sub"), 0);
+    EXPECT_EQ(printed_, (Lines{u"main", u"load"}));
 }
 
 TEST_F(RunningFormTest, EventsCallTheirProcedureWhileTheScriptRuns) {
     EXPECT_EQ(
-        Run(L"Sub Form_Load\nStand.Raise 1\nStand.Raise 7, \"x\"\nHost.Print \"end\"\nEnd Sub\n"
-            L"Sub Stand_Started\nHost.Print \"started\"\nEnd Sub\n"
-            L"Sub Stand_Changed(value)\nHost.Print \"changed\", value\nEnd Sub"),
+        Run(u"Sub Form_Load\nStand.Raise 1\nStand.Raise 7, \"x\"\nHost.Print \"end\"\nEnd Sub\n"
+            u"Sub Stand_Started\nHost.Print \"started\"\nEnd Sub\n"
+            u"Sub Stand_Changed(value)\nHost.Print \"changed\", value\nEnd Sub"),
         0);
-    EXPECT_EQ(printed_, (Lines{L"started", L"changed x", L"end"}));
+    EXPECT_EQ(printed_, (Lines{u"started", u"changed x", u"end"}));
     printed_.clear();
-    EXPECT_EQ(Run(L"function Form_Load() { Stand.Raise(7, 5); }\n"
-                  L"function Stand_Changed(value) { Host.Print('js', value); }",
-                  L"JScript"),
+    EXPECT_EQ(Run(u"function Form_Load() { Stand.Raise(7, 5); }\n"
+                  u"function Stand_Changed(value) { Host.Print('js', value); }",
+                  u"JScript"),
               0);
-    EXPECT_EQ(printed_, Lines{L"js 5"});
+    EXPECT_EQ(printed_, Lines{u"js 5"});
 }
 
 TEST_F(RunningFormTest, AnEventHandlerMayRaiseEventsItself) {
     EXPECT_EQ(
-        Run(L"Dim depth\nSub Form_Load\nStand.Raise 1\nHost.Print depth\nEnd Sub\n"
-            L"Sub Stand_Started\ndepth = depth + 1\nIf depth < 20 Then Stand.Raise 1\nEnd Sub"),
+        Run(u"Dim depth\nSub Form_Load\nStand.Raise 1\nHost.Print depth\nEnd Sub\n"
+            u"Sub Stand_Started\ndepth = depth + 1\nIf depth < 20 Then Stand.Raise 1\nEnd Sub"),
         0);
-    EXPECT_EQ(printed_, Lines{L"20"});
+    EXPECT_EQ(printed_, Lines{u"20"});
 }
 
 TEST_F(RunningFormTest, AnErrorIsReportedOnceAndEndsTheScript) {
-    const wchar_t* const scripts[] = {
-        L"Err.Raise 13\nSub Form_Load\nHost.Print \"load\"\nEnd Sub",
-        L"Sub Form_Load\nErr.Raise 13\nHost.Print \"on\"\nEnd Sub",
-        L"Sub Stand_Started\nErr.Raise 13\nEnd Sub\n"
-        L"Sub Form_Load\nStand.Raise 1\nStand.Raise 1\nHost.Print \"on\"\nEnd Sub",
-        L"Sub Form_Load",
+    const char16_t* const scripts[] = {
+        u"Err.Raise 13\nSub Form_Load\nHost.Print \"load\"\nEnd Sub",
+        u"Sub Form_Load\nErr.Raise 13\nHost.Print \"on\"\nEnd Sub",
+        u"Sub Stand_Started\nErr.Raise 13\nEnd Sub\n"
+        u"Sub Form_Load\nStand.Raise 1\nStand.Raise 1\nHost.Print \"on\"\nEnd Sub",
+        u"Sub Form_Load",
     };
-    for (const wchar_t* const script : scripts) {
+    for (const char16_t* const script : scripts) {
         errors_.clear();
-        EXPECT_EQ(Run(script), 1) << script;
-        EXPECT_EQ(errors_.size(), 1u) << script;
-        EXPECT_TRUE(printed_.empty()) << script;
+        EXPECT_EQ(Run(script), 1) << testing::PrintToString(Text(script));
+        EXPECT_EQ(errors_.size(), 1u) << testing::PrintToString(Text(script));
+        EXPECT_TRUE(printed_.empty()) << testing::PrintToString(Text(script));
     }
 }
 
 TEST_F(RunningFormTest, QuitGivesTheExitCodeWithoutAnError) {
-    EXPECT_EQ(Run(L"Host.Quit 7\nSub Form_Load\nHost.Print \"load\"\nEnd Sub"), 7);
-    EXPECT_EQ(Run(L"Sub Form_Load\nHost.Quit\nEnd Sub"), 0);
-    EXPECT_EQ(Run(L"Sub Stand_Started\nHost.Quit 3\nEnd Sub\n"
-                  L"Sub Form_Load\nStand.Raise 1\nHost.Print \"on\"\nEnd Sub"),
+    EXPECT_EQ(Run(u"Host.Quit 7\nSub Form_Load\nHost.Print \"load\"\nEnd Sub"), 7);
+    EXPECT_EQ(Run(u"Sub Form_Load\nHost.Quit\nEnd Sub"), 0);
+    EXPECT_EQ(Run(u"Sub Stand_Started\nHost.Quit 3\nEnd Sub\n"
+                  u"Sub Form_Load\nStand.Raise 1\nHost.Print \"on\"\nEnd Sub"),
               3);
     EXPECT_TRUE(printed_.empty());
     EXPECT_TRUE(errors_.empty());
@@ -119,13 +120,13 @@ TEST_F(RunningFormTest, TellsTheControlsWhatTheFormAndTheSettingsSay) {
     settings.Locale = 0x804;
     RunningForm running(form, settings);
     const AmbientProperties& ambients = running.Controls().at(0).Site().Ambients();
-    Variant value;
-    ASSERT_EQ(ambients.Get(DISPID_AMBIENT_BACKCOLOR, &value), S_OK);
-    EXPECT_EQ(value.lVal, 0x123456);
-    ASSERT_EQ(ambients.Get(DISPID_AMBIENT_USERMODE, &value), S_OK);
-    EXPECT_EQ(value.boolVal, VARIANT_FALSE);
-    ASSERT_EQ(ambients.Get(DISPID_AMBIENT_LOCALEID, &value), S_OK);
-    EXPECT_EQ(value.lVal, 0x804);
+    Com::Variant value;
+    ASSERT_EQ(ambients.Get(DISPID_AMBIENT_BACKCOLOR, &value.Get()), S_OK);
+    EXPECT_EQ(value.Get().lVal, 0x123456);
+    ASSERT_EQ(ambients.Get(DISPID_AMBIENT_USERMODE, &value.Get()), S_OK);
+    EXPECT_EQ(value.Get().boolVal, VARIANT_FALSE);
+    ASSERT_EQ(ambients.Get(DISPID_AMBIENT_LOCALEID, &value.Get()), S_OK);
+    EXPECT_EQ(value.Get().lVal, 0x804);
 }
 
 TEST_F(RunningFormTest, StartsNewControlsWithoutTheirProperties) {
@@ -140,9 +141,9 @@ TEST_F(RunningFormTest, StartsNewControlsWithoutTheirProperties) {
 TEST_F(RunningFormTest, NamesThePropertyThatCannotBeRead) {
     FormProperties properties;
     properties.Set({u"Count", u"many"s});
-    EXPECT_THROW(RunningForm(Form(properties), Settings()), HResultError);
+    EXPECT_THROW(RunningForm(Form(properties), Settings()), Com::HresultError);
     ASSERT_EQ(errors_.size(), 1u);
-    EXPECT_EQ(errors_[0].rfind(L"Stand.Count: ", 0), 0u);
+    EXPECT_EQ(errors_[0].rfind(u"Stand.Count: ", 0), 0u);
 }
 
 TEST_F(RunningFormTest, AnUnknownClassIsAnError) {
@@ -150,7 +151,7 @@ TEST_F(RunningFormTest, AnUnknownClassIsAnError) {
          {u"No.Such.Class", u"{11111111-2222-3333-4444-555555555555}", u"{nonsense"}) {
         FormFile form = Form();
         form.Controls[0].Class = name;
-        EXPECT_THROW(RunningForm(form, Settings()), HResultError);
+        EXPECT_THROW(RunningForm(form, Settings()), Com::HresultError);
     }
 }
 
@@ -158,7 +159,7 @@ TEST_F(RunningFormTest, RefusesAControlNamedLikeTheHostObject) {
     FormFile form = Form();
     form.Controls[0].Name = u"Host";
     RunningForm running(form, Settings());
-    EXPECT_THROW(running.RunScript({L"form.vbs", L"VBScript", L""}), HResultError);
+    EXPECT_THROW(running.RunScript({"form.vbs", u"VBScript", u""}), Com::HresultError);
 }
 
 class FormScriptTest : public testing::Test {
@@ -189,17 +190,17 @@ class FormScriptTest : public testing::Test {
 TEST_F(FormScriptTest, TakesTheFileOfTheSameName) {
     EXPECT_FALSE(Find().has_value());
     WriteFile("a.js", "js");
-    EXPECT_EQ(Find()->Engine, L"JScript");
+    EXPECT_EQ(Find()->Engine, u"JScript");
     WriteFile("a.vbs", "\xEF\xBB\xBF' \xE6\xB8\xA9");
-    EXPECT_EQ(Find()->Engine, L"VBScript");
-    EXPECT_EQ(Find()->Code, L"' \u6E29");
+    EXPECT_EQ(Find()->Engine, u"VBScript");
+    EXPECT_EQ(Find()->Code, u"' \u6E29");
 }
 
 TEST_F(FormScriptTest, TakesTheFileThatTheFormNames) {
     WriteFile("a.vbs", "beside");
     WriteFile("other.JS", "named");
-    EXPECT_EQ(Find(Naming(u"other.JS"s))->Code, L"named");
-    EXPECT_EQ(Find(Naming(u"other.JS"s))->Engine, L"JScript");
+    EXPECT_EQ(Find(Naming(u"other.JS"s))->Code, u"named");
+    EXPECT_EQ(Find(Naming(u"other.JS"s))->Engine, u"JScript");
 }
 
 TEST_F(FormScriptTest, RefusesWhatItCannotRun) {

@@ -2,17 +2,18 @@
 // SampleFormTest: the sample forms say in their comments what their encoded texts hold.
 #include "host/formfile/FormFile.h"
 
-#include <charconv>
-
 #include <gtest/gtest.h>
+
+#include <charconv>
 
 namespace {
 
+using namespace Quorvane;
 using namespace Quorvane::Host;
 
 // Two hexadecimal digits for each character, the low digit first.
-std::u16string Decode(const std::u16string& encoded) {
-    std::u16string text;
+Text Decode(const Text& encoded) {
+    Text text;
     for (std::size_t i = 0; i + 1 < encoded.size(); i += 2) {
         const char digits[] = {static_cast<char>(encoded[i + 1]), static_cast<char>(encoded[i])};
         unsigned code = 0;
@@ -24,10 +25,10 @@ std::u16string Decode(const std::u16string& encoded) {
 }
 
 // The indented comment lines below the one that begins with `heading`, put together.
-std::u16string CommentBelow(const FormFile& form, const std::u16string& heading) {
-    std::u16string text;
+Text CommentBelow(const FormFile& form, const Text& heading) {
+    Text text;
     bool isBelow = false;
-    for (const std::u16string& comment : form.Comments) {
+    for (const Text& comment : form.Comments) {
         const bool isIndented = comment.starts_with(u"     ");
         if (isBelow && isIndented)
             text += comment.substr(5);
@@ -46,9 +47,9 @@ TEST(SampleForm, CommentsShowWhatTheEncodedTextsHold) {
         for (const char16_t* const key : {u"Inputs", u"Outputs", u"Rules"}) {
             const FormProperty* const property = form.Controls.at(0).Properties.Find(key);
             ASSERT_NE(property, nullptr);
-            const std::u16string plain = CommentBelow(form, u" " + std::u16string(key) + u":");
+            const Text plain = CommentBelow(form, u" " + Text(key) + u":");
             EXPECT_FALSE(plain.empty());
-            EXPECT_EQ(Decode(std::get<std::u16string>(property->Value)), plain) << entry.path();
+            EXPECT_EQ(Decode(std::get<Text>(property->Value)), plain) << entry.path();
         }
     }
     EXPECT_GT(forms, 0);

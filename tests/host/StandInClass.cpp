@@ -2,10 +2,9 @@
 // StandInClass: makes the stand-in control a class of this process.
 #include "tests/host/StandInClass.h"
 
-#include "host/container/HResult.h"
+#include "com/FailedCall.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 const CLSID FactoryClass{
@@ -13,18 +12,18 @@ const CLSID FactoryClass{
 
 } // namespace
 
-class StandInClass::Factory final : public ComObject<IClassFactory> {
+class StandInClass::Factory final : public Com::ComObject<IClassFactory> {
   public:
     explicit Factory(std::vector<std::string>& calls) : calls_(calls) {}
 
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid,
-                                             void** object) noexcept override {
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept override {
         *object = nullptr;
         if (outer)
             return CLASS_E_NOAGGREGATION;
-        return MakeCom<StandInControl>(StandInSettings(), calls_)->QueryInterface(iid, object);
+        return Com::MakeObject<StandInControl>(StandInSettings(), calls_)
+            ->QueryInterface(iid, object);
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP LockServer(BOOL) noexcept override { return S_OK; }
 
   private:
     ~Factory() override = default;
@@ -33,16 +32,16 @@ class StandInClass::Factory final : public ComObject<IClassFactory> {
 };
 
 StandInClass::StandInClass() {
-    Check(CoRegisterClassObject(FactoryClass, MakeCom<Factory>(calls_).Get(), CLSCTX_INPROC_SERVER,
-                                REGCLS_MULTIPLEUSE, &cookie_),
-          L"register the stand-in class");
+    Com::Check(::CoRegisterClassObject(FactoryClass, Com::MakeObject<Factory>(calls_).Get(),
+                                       CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_),
+               u"register the stand-in class");
 }
 
 StandInClass::~StandInClass() {
-    CoRevokeClassObject(cookie_);
+    ::CoRevokeClassObject(cookie_);
 }
 
-std::u16string StandInClass::Name() const {
+Text StandInClass::Name() const {
     return u"{2C0C6D0E-6F36-49B5-8E6B-0D4F9A3C7710}";
 }
 

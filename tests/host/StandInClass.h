@@ -2,6 +2,7 @@
 // StandInClass: makes the stand-in control a class of this process.
 #pragma once
 
+#include "shared/Text.h"
 #include "tests/host/StandInControl.h"
 
 namespace Quorvane::Host {
@@ -15,7 +16,7 @@ class StandInClass {
     ~StandInClass();
 
     /// The class identifier in braces.
-    std::u16string Name() const;
+    Text Name() const;
 
   private:
     class Factory;

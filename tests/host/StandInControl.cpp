@@ -2,11 +2,11 @@
 // StandInControl: a small COM object that records how a host treats it.
 #include "tests/host/StandInControl.h"
 
-#include "host/container/HResult.h"
+#include <olectl.h>
 
 #include <filesystem>
 
-#include <olectl.h>
+#include "com/FailedCall.h"
 
 namespace Quorvane::Host {
 
@@ -18,18 +18,18 @@ namespace {
 const CLSID StandInClassId{
     0x0d9a7c41, 0x8b1d, 0x4a57, {0xb3, 0xf0, 0x21, 0x90, 0x4e, 0x6d, 0x12, 0xc7}};
 
-constexpr wchar_t MakingTypes[] = L"make the type information";
+constexpr char16_t MakingTypes[] = u"make the type information";
 
-ComPtr<ICreateTypeInfo> AddType(ICreateTypeLib2& library, const wchar_t* name, TYPEKIND kind,
-                                REFGUID guid) {
-    std::wstring text(name);
-    ComPtr<ICreateTypeInfo> type;
-    Check(library.CreateTypeInfo(text.data(), kind, type.Receive()), MakingTypes);
-    Check(type->SetGuid(guid), MakingTypes);
+Com::ComPtr<ICreateTypeInfo> AddType(ICreateTypeLib2& library, const Text& name, TYPEKIND kind,
+                                     REFGUID guid) {
+    Com::ComPtr<ICreateTypeInfo> type;
+    Com::Check(library.CreateTypeInfo(const_cast<wchar_t*>(Com::Wide(name)), kind, type.Put()),
+               MakingTypes);
+    Com::Check(type->SetGuid(guid), MakingTypes);
     return type;
 }
 
-void AddEvent(ICreateTypeInfo& type, UINT index, DISPID id, std::vector<std::wstring> names) {
+void AddEvent(ICreateTypeInfo& type, UINT index, DISPID id, std::vector<Text> names) {
     ELEMDESC parameter{};
     parameter.tdesc.vt = VT_VARIANT;
     FUNCDESC function{};
@@ -40,44 +40,45 @@ void AddEvent(ICreateTypeInfo& type, UINT index, DISPID id, std::vector<std::wst
     function.cParams = static_cast<SHORT>(names.size() - 1);
     function.lprgelemdescParam = &parameter;
     function.elemdescFunc.tdesc.vt = VT_VOID;
-    Check(type.AddFuncDesc(index, &function), MakingTypes);
+    Com::Check(type.AddFuncDesc(index, &function), MakingTypes);
     std::vector<LPOLESTR> texts;
-    for (std::wstring& name : names)
-        texts.push_back(name.data());
-    Check(type.SetFuncAndParamNames(index, texts.data(), static_cast<UINT>(texts.size())),
-          MakingTypes);
+    for (Text& name : names)
+        texts.push_back(const_cast<wchar_t*>(Com::Wide(name)));
+    Com::Check(type.SetFuncAndParamNames(index, texts.data(), static_cast<UINT>(texts.size())),
+               MakingTypes);
 }
 
-ComPtr<ITypeInfo> LaidOut(ICreateTypeInfo& type) {
-    Check(type.LayOut(), MakingTypes);
-    return Query<ITypeInfo>(&type);
+Com::ComPtr<ITypeInfo> LaidOut(ICreateTypeInfo& type) {
+    Com::Check(type.LayOut(), MakingTypes);
+    return Com::Query<ITypeInfo>(&type);
 }
 
 void WriteTypeLibrary(const std::filesystem::path& file) {
     const SYSKIND kind = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-    ComPtr<ICreateTypeLib2> library;
-    Check(CreateTypeLib2(kind, file.c_str(), library.Receive()), MakingTypes);
-    const auto events = AddType(*library.Get(), L"Events", TKIND_DISPATCH, StandInEvents);
-    AddEvent(*events.Get(), 0, 1, {L"Started"});
-    AddEvent(*events.Get(), 1, 7, {L"Changed", L"value"});
-    const auto coclass = AddType(*library.Get(), L"StandIn", TKIND_COCLASS, StandInClassId);
+    Com::ComPtr<ICreateTypeLib2> library;
+    Com::Check(::CreateTypeLib2(kind, file.c_str(), library.Put()), MakingTypes);
+    const auto events = AddType(*library.Get(), u"Events", TKIND_DISPATCH, StandInEvents);
+    AddEvent(*events.Get(), 0, 1, {u"Started"});
+    AddEvent(*events.Get(), 1, 7, {u"Changed", u"value"});
+    const auto coclass = AddType(*library.Get(), u"StandIn", TKIND_COCLASS, StandInClassId);
     HREFTYPE reference = 0;
-    Check(coclass->AddRefTypeInfo(LaidOut(*events.Get()).Get(), &reference), MakingTypes);
-    Check(coclass->AddImplType(0, reference), MakingTypes);
-    Check(coclass->SetImplTypeFlags(0, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE), MakingTypes);
-    Check(coclass->LayOut(), MakingTypes);
-    Check(library->SaveAllChanges(), MakingTypes);
+    Com::Check(coclass->AddRefTypeInfo(LaidOut(*events.Get()).Get(), &reference), MakingTypes);
+    Com::Check(coclass->AddImplType(0, reference), MakingTypes);
+    Com::Check(coclass->SetImplTypeFlags(0, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE),
+               MakingTypes);
+    Com::Check(coclass->LayOut(), MakingTypes);
+    Com::Check(library->SaveAllChanges(), MakingTypes);
 }
 
 } // namespace
 
-ComPtr<ITypeInfo> MakeStandInClassInfo() {
+Com::ComPtr<ITypeInfo> MakeStandInClassInfo() {
     const auto file = std::filesystem::temp_directory_path() / "StandInControl.tlb";
     WriteTypeLibrary(file);
-    ComPtr<ITypeLib> library;
-    ComPtr<ITypeInfo> info;
-    Check(LoadTypeLibEx(file.c_str(), REGKIND_NONE, library.Receive()), MakingTypes);
-    Check(library->GetTypeInfoOfGuid(StandInClassId, info.Receive()), MakingTypes);
+    Com::ComPtr<ITypeLib> library;
+    Com::ComPtr<ITypeInfo> info;
+    Com::Check(::LoadTypeLibEx(file.c_str(), REGKIND_NONE, library.Put()), MakingTypes);
+    Com::Check(library->GetTypeInfoOfGuid(StandInClassId, info.Put()), MakingTypes);
     return info;
 }
 
@@ -89,9 +90,9 @@ StandInControl::~StandInControl() {
 }
 
 void StandInControl::Raise(DISPID event, VARIANT* argument) {
-    const std::vector<ComPtr<IDispatch>> sinks = sinks_;
+    const std::vector<Com::ComPtr<IDispatch>> sinks = sinks_;
     DISPPARAMS arguments{argument, nullptr, argument ? 1u : 0u, 0};
-    for (const ComPtr<IDispatch>& sink : sinks)
+    for (const Com::ComPtr<IDispatch>& sink : sinks)
         if (sink)
             sink->Invoke(event, IID_NULL, 0, DISPATCH_METHOD, &arguments, nullptr, nullptr,
                          nullptr);
@@ -119,11 +120,13 @@ HRESULT StandInControl::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* 
         return DISP_E_MEMBERNOTFOUND;
     if (arguments->cArgs < 1 || arguments->cArgs > 2)
         return DISP_E_BADPARAMCOUNT;
-    Variant event;
-    if (FAILED(event.Copy(arguments->rgvarg[arguments->cArgs - 1])) ||
-        FAILED(event.ChangeType(VT_I4, LOCALE_INVARIANT)))
+    try {
+        const Com::Variant event =
+            Com::ChangeType(arguments->rgvarg[arguments->cArgs - 1], VT_I4, LOCALE_INVARIANT, 0);
+        Raise(event.Get().lVal, arguments->cArgs == 2 ? &arguments->rgvarg[0] : nullptr);
+    } catch (const Com::HresultError&) {
         return DISP_E_TYPEMISMATCH;
-    Raise(event.lVal, arguments->cArgs == 2 ? &arguments->rgvarg[0] : nullptr);
+    }
     return S_OK;
 }
 
@@ -134,7 +137,8 @@ HRESULT StandInControl::SetClientSite(IOleClientSite* site) noexcept {
 }
 
 HRESULT StandInControl::GetClientSite(IOleClientSite** site) noexcept {
-    return site_.CopyTo(site);
+    site_.CopyTo(site);
+    return S_OK;
 }
 
 HRESULT StandInControl::Close(DWORD) noexcept {
@@ -161,24 +165,24 @@ HRESULT StandInControl::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
     Record("Load");
     if (FAILED(settings_.LoadResult))
         return settings_.LoadResult;
-    Variant caption;
-    caption.vt = VT_BSTR;
-    if (SUCCEEDED(bag->Read(L"Caption", &caption, log)))
-        Caption = ViewBstr(caption.bstrVal);
-    Variant count;
-    count.vt = VT_I4;
-    const HRESULT read = bag->Read(L"Count", &count, log);
+    Com::Variant caption;
+    caption.Get().vt = VT_BSTR;
+    if (SUCCEEDED(bag->Read(L"Caption", &caption.Get(), log)))
+        Caption = Com::View(caption.Get().bstrVal);
+    Com::Variant count;
+    count.Get().vt = VT_I4;
+    const HRESULT read = bag->Read(L"Count", &count.Get(), log);
     if (SUCCEEDED(read))
-        Count = count.lVal;
+        Count = count.Get().lVal;
     return read == E_INVALIDARG ? S_OK : read;
 }
 
 HRESULT StandInControl::Save(IPropertyBag* bag, BOOL, BOOL) noexcept {
     Record("Save");
-    Variant caption{std::wstring_view(Caption)};
-    Variant count(Count);
-    const HRESULT written = bag->Write(L"Caption", &caption);
-    return FAILED(written) ? written : bag->Write(L"Count", &count);
+    Com::Variant caption{TextView(Caption)};
+    Com::Variant count(Count);
+    const HRESULT written = bag->Write(L"Caption", &caption.Get());
+    return FAILED(written) ? written : bag->Write(L"Count", &count.Get());
 }
 
 HRESULT StandInControl::FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept {
@@ -197,8 +201,8 @@ HRESULT StandInControl::GetConnectionInterface(IID* iid) noexcept {
 
 HRESULT StandInControl::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     Record("Advise");
-    ComPtr<IDispatch> dispatch;
-    if (FAILED(sink->QueryInterface(StandInEvents, dispatch.ReceiveVoid())))
+    Com::ComPtr<IDispatch> dispatch;
+    if (FAILED(sink->QueryInterface(StandInEvents, dispatch.PutVoid())))
         return CONNECT_E_CANNOTCONNECT;
     sinks_.push_back(std::move(dispatch));
     *cookie = static_cast<DWORD>(sinks_.size());
@@ -214,7 +218,7 @@ HRESULT StandInControl::Unadvise(DWORD cookie) noexcept {
 }
 
 HRESULT StandInControl::GetClassInfo(ITypeInfo** info) noexcept {
-    return Guard([&] {
+    return Com::Guard([&] {
         *info = MakeStandInClassInfo().Detach();
         return S_OK;
     });

@@ -104,6 +104,33 @@ TEST(SubclassTest, StacksOnOneWindowAndEndsInAnyOrder) {
     EXPECT_EQ(Ask(window), 2);
 }
 
+TEST(SubclassTest, LeavesTheDataOfTheWindowAlone) {
+    // A host keeps its own things there.
+    const ChildWindow window = MakeStatic();
+    ::SetWindowLongPtrW(window.Get(), GWLP_USERDATA, 42);
+    {
+        const Subclass subclass(window.Get(),
+                                [](UINT, WPARAM, LPARAM) { return std::optional<LRESULT>(); });
+        EXPECT_EQ(::GetWindowLongPtrW(window.Get(), GWLP_USERDATA), 42);
+    }
+    EXPECT_EQ(::GetWindowLongPtrW(window.Get(), GWLP_USERDATA), 42);
+}
+
+TEST(SubclassTest, HasTheWindowHandleAMessageInTheMiddle) {
+    const ChildWindow window = MakeStatic();
+    LRESULT length = 0;
+    const Subclass subclass(window.Get(), [&](UINT message, WPARAM first, LPARAM second) {
+        if (message == WM_SETTEXT) {
+            Subclass::Default(window.Get(), message, first, second);
+            length = Subclass::Default(window.Get(), WM_GETTEXTLENGTH, 0, 0);
+            return std::optional<LRESULT>(TRUE);
+        }
+        return std::optional<LRESULT>();
+    });
+    ::SetWindowTextW(window.Get(), L"text");
+    EXPECT_EQ(length, 4);
+}
+
 TEST(SubclassTest, RefusesWhatIsNoWindow) {
     EXPECT_ANY_THROW(
         Subclass(nullptr, [](UINT, WPARAM, LPARAM) { return std::optional<LRESULT>(); }));

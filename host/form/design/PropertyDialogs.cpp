@@ -2,11 +2,11 @@
 // PropertyDialogs: the system's dialogs for colours and fonts.
 #include "host/form/design/PropertyDialogs.h"
 
-#include "host/container/HResult.h"
+#include <commdlg.h>
 
 #include <array>
 
-#include <commdlg.h>
+#include "com/FailedCall.h"
 
 namespace Quorvane::Host {
 
@@ -19,21 +19,21 @@ std::optional<COLORREF> AskForColor(HWND owner, COLORREF offered) {
     choose.rgbResult = offered;
     choose.lpCustColors = custom.data();
     choose.Flags = CC_RGBINIT | CC_FULLOPEN;
-    return ChooseColorW(&choose) ? std::optional(choose.rgbResult) : std::nullopt;
+    return ::ChooseColorW(&choose) ? std::optional(choose.rgbResult) : std::nullopt;
 }
 
-ComPtr<IFontDisp> AskForFont(HWND owner, IFont* offered) {
+Com::ComPtr<IFontDisp> AskForFont(HWND owner, IFont* offered) {
     HFONT handle = nullptr;
     LOGFONTW description{};
     if (offered && SUCCEEDED(offered->get_hFont(&handle))) {
-        GetObjectW(handle, sizeof description, &description);
+        ::GetObjectW(handle, sizeof description, &description);
     }
     CHOOSEFONTW choose{};
     choose.lStructSize = sizeof choose;
     choose.hwndOwner = owner;
     choose.lpLogFont = &description;
     choose.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS;
-    if (!ChooseFontW(&choose)) {
+    if (!::ChooseFontW(&choose)) {
         return {};
     }
     FONTDESC chosen{};
@@ -45,8 +45,9 @@ ComPtr<IFontDisp> AskForFont(HWND owner, IFont* offered) {
     chosen.fItalic = description.lfItalic;
     chosen.fUnderline = description.lfUnderline;
     chosen.fStrikethrough = description.lfStrikeOut;
-    ComPtr<IFontDisp> font;
-    Check(OleCreateFontIndirect(&chosen, __uuidof(IFontDisp), font.ReceiveVoid()), L"make a font");
+    Com::ComPtr<IFontDisp> font;
+    Com::Check(::OleCreateFontIndirect(&chosen, __uuidof(IFontDisp), font.PutVoid()),
+               u"make a font");
     return font;
 }
 

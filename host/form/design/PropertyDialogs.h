@@ -2,13 +2,13 @@
 // PropertyDialogs: the system's dialogs for colours and fonts.
 #pragma once
 
-#include "host/container/ComPtr.h"
-
 #include <windows.h>
 
 #include <olectl.h>
 
 #include <optional>
+
+#include "com/ComPtr.h"
 
 namespace Quorvane::Host {
 
@@ -16,7 +16,7 @@ namespace Quorvane::Host {
 std::optional<COLORREF> AskForColor(HWND owner, COLORREF offered);
 
 /// Asks for a font, a new object; null when the user gives none. `offered` may be null. Throws
-/// HResultError.
-ComPtr<IFontDisp> AskForFont(HWND owner, IFont* offered);
+/// Com::HresultError.
+Com::ComPtr<IFontDisp> AskForFont(HWND owner, IFont* offered);
 
 } // namespace Quorvane::Host

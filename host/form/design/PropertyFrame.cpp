@@ -2,21 +2,24 @@
 // PropertyFrame: a dialog that shows the property pages of a control.
 #include "host/form/design/PropertyFrame.h"
 
-#include "host/container/HResult.h"
-#include "host/form/design/PropertyPage.h"
-#include "host/form/parts/KeptFocus.h"
-#include "host/form/parts/Texts.h"
-#include "host/form/parts/Window.h"
+#include <commctrl.h>
+#include <ocidl.h>
 
 #include <algorithm>
 #include <memory>
 #include <vector>
 
-#include <commctrl.h>
-#include <ocidl.h>
+#include "com/FailedCall.h"
+#include "host/form/design/PropertyPage.h"
+#include "host/form/parts/ProgramWindow.h"
+#include "host/form/parts/Texts.h"
+#include "win/Keyboard.h"
+#include "win/MessageBox.h"
+#include "win/SavedFocus.h"
+#include "win/WideText.h"
+#include "win/WorkArea.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 enum ButtonId { ApplyId = 100, HelpButtonId, TabsId };
@@ -30,9 +33,12 @@ constexpr int ButtonCount = 4;
 /// What a page gets of its own size at first.
 constexpr int RoomyPercent = 140;
 
-class Frame final : public Window {
+class Frame final : public ProgramWindow {
   public:
-    Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale);
+    static constexpr const wchar_t* ClassName = L"QuorvanePropertyFrame";
+
+    Frame(HWND owner, const Text& title, IUnknown* object, LCID locale);
+    ~Frame() override { Destroy(); }
 
     bool HasPages() const { return !pages_.empty(); }
 
@@ -40,7 +46,7 @@ class Frame final : public Window {
     void Run();
 
   protected:
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
   private:
     void AddPage(std::unique_ptr<PropertyPage> page);
@@ -60,30 +66,29 @@ class Frame final : public Window {
     std::vector<std::unique_ptr<PropertyPage>> pages_;
     std::size_t shown_ = 0;
     SIZE pageSize_{};
-    HWND tabs_ = nullptr;
-    std::vector<HWND> buttons_;
+    Win::ChildWindow tabs_;
+    std::vector<Win::ChildWindow> buttons_;
     bool isDone_ = false;
-    KeptFocus focus_;
+    Win::SavedFocus focus_;
 };
 
-Frame::Frame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale) : owner_(owner) {
-    const auto specify = Query<ISpecifyPropertyPages>(object);
+Frame::Frame(HWND owner, const Text& title, IUnknown* object, LCID locale) : owner_(owner) {
+    const auto specify = Com::Query<ISpecifyPropertyPages>(object);
     CAUUID classes{};
     if (specify) {
-        Check(specify->GetPages(&classes), L"list the property pages");
+        Com::Check(specify->GetPages(&classes), u"list the property pages");
     }
     const std::unique_ptr<GUID, decltype(&CoTaskMemFree)> memory(classes.pElems, CoTaskMemFree);
     for (ULONG i = 0; i < classes.cElems; ++i) {
         AddPage(PropertyPage::Open(classes.pElems[i], object, locale, [this] {
-            if (Handle()) {
+            if (Get()) {
                 UpdateButtons();
             }
         }));
     }
     if (HasPages()) {
-        Create(L"QuorvanePropertyFrame", title.c_str(),
-               WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN, owner, nullptr,
-               WS_EX_CONTROLPARENT);
+        Create<Frame>(title, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN,
+                      owner, WS_EX_CONTROLPARENT);
         CreateChildren();
         Place();
     }
@@ -102,8 +107,8 @@ SIZE Frame::SizeFor(const SIZE& page) const {
     RECT window = {0, 0, page.cx + 4 * gap,
                    page.cy + Scaled(TabHeight) + Scaled(ButtonHeight) + 5 * gap};
     window.right = std::max<LONG>(window.right, ButtonCount * (Scaled(ButtonWidth) + gap) + gap);
-    AdjustWindowRectEx(&window, static_cast<DWORD>(GetWindowLongW(Handle(), GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongW(Handle(), GWL_EXSTYLE)));
+    ::AdjustWindowRectEx(&window, static_cast<DWORD>(::GetWindowLongW(Get(), GWL_STYLE)), FALSE,
+                         static_cast<DWORD>(::GetWindowLongW(Get(), GWL_EXSTYLE)));
     return {window.right - window.left, window.bottom - window.top};
 }
 
@@ -111,26 +116,26 @@ SIZE Frame::SizeFor(const SIZE& page) const {
 /// as the owner's screen has it.
 void Frame::Place() {
     RECT around{};
-    GetWindowRect(owner_, &around);
-    const RECT desktop = WorkAreaOf(owner_);
+    ::GetWindowRect(owner_, &around);
+    const RECT desktop = Win::WorkAreaOf(owner_);
     const SIZE roomy =
         SizeFor({pageSize_.cx * RoomyPercent / 100, pageSize_.cy * RoomyPercent / 100});
     const LONG width = std::min(roomy.cx, desktop.right - desktop.left);
     const LONG height = std::min(roomy.cy, desktop.bottom - desktop.top);
     const LONG left = std::clamp(around.left + Scaled(40), desktop.left, desktop.right - width);
     const LONG top = std::clamp(around.top + Scaled(40), desktop.top, desktop.bottom - height);
-    SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER);
+    ::SetWindowPos(Get(), nullptr, left, top, width, height, SWP_NOZORDER);
 }
 
 void Frame::CreateChildren() {
-    tabs_ = CreateChild(Handle(), WC_TABCONTROLW, L"", WS_TABSTOP | WS_CLIPSIBLINGS, TabsId);
+    tabs_ = MakeChild(Get(), WC_TABCONTROLW, {}, WS_TABSTOP | WS_CLIPSIBLINGS, TabsId);
     int index = 0;
     for (const auto& page : pages_) {
         TCITEMW item{};
         item.mask = TCIF_TEXT;
-        item.pszText = const_cast<wchar_t*>(page->Title().c_str());
-        SendMessageW(tabs_, TCM_INSERTITEMW, static_cast<WPARAM>(index++),
-                     reinterpret_cast<LPARAM>(&item));
+        item.pszText = const_cast<wchar_t*>(Win::Wide(page->Title()));
+        ::SendMessageW(tabs_.Get(), TCM_INSERTITEMW, static_cast<WPARAM>(index++),
+                       reinterpret_cast<LPARAM>(&item));
     }
     struct Button {
         TextId Caption;
@@ -139,22 +144,21 @@ void Frame::CreateChildren() {
     for (const Button& button :
          {Button{TextId::Ok, IDOK}, Button{TextId::Cancel, IDCANCEL},
           Button{TextId::Apply, ApplyId}, Button{TextId::Help, HelpButtonId}}) {
-        buttons_.push_back(CreateChild(
-            Handle(), L"BUTTON", GetText(button.Caption),
+        buttons_.push_back(MakeChild(
+            Get(), L"BUTTON", GetText(button.Caption),
             WS_TABSTOP | (button.Id == IDOK ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), button.Id));
     }
 }
 
 void Frame::Arrange() {
-    RECT client{};
-    GetClientRect(Handle(), &client);
+    const RECT client = Win::ClientArea(Get());
     const int gap = Scaled(Gap);
     const int width = Scaled(ButtonWidth);
     const int height = Scaled(ButtonHeight);
-    MoveWindow(tabs_, gap, gap, client.right - 2 * gap, client.bottom - height - 3 * gap, TRUE);
+    MoveChild(tabs_, gap, gap, client.right - 2 * gap, client.bottom - height - 3 * gap);
     int left = client.right - ButtonCount * (width + gap);
-    for (const HWND button : buttons_) {
-        MoveWindow(button, left, client.bottom - height - gap, width, height, TRUE);
+    for (const Win::ChildWindow& button : buttons_) {
+        MoveChild(button, left, client.bottom - height - gap, width, height);
         left += width + gap;
     }
     const RECT area = PageRectangle();
@@ -165,30 +169,30 @@ void Frame::Arrange() {
 
 RECT Frame::PageRectangle() const {
     RECT area{};
-    GetWindowRect(tabs_, &area);
-    MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&area), 2);
-    SendMessageW(tabs_, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
+    ::GetWindowRect(tabs_.Get(), &area);
+    ::MapWindowPoints(nullptr, Get(), reinterpret_cast<POINT*>(&area), 2);
+    ::SendMessageW(tabs_.Get(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
     return area;
 }
 
 void Frame::Run() {
     ShowPage(0);
-    EnableWindow(owner_, FALSE);
-    ShowWindow(Handle(), SW_SHOW);
+    ::EnableWindow(owner_, FALSE);
+    ::ShowWindow(Get(), SW_SHOW);
     MSG message{};
-    while (!isDone_ && Handle()) {
-        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+    while (!isDone_ && Get()) {
+        if (::GetMessageW(&message, nullptr, 0, 0) <= 0) {
             // The end of the program is for the loop of the main window, too.
-            PostQuitMessage(static_cast<int>(message.wParam));
+            ::PostQuitMessage(static_cast<int>(message.wParam));
             break;
         }
-        if (!TranslateKey(message) && !IsDialogMessageW(Handle(), &message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
+        if (!TranslateKey(message) && !::IsDialogMessageW(Get(), &message)) {
+            ::TranslateMessage(&message);
+            ::DispatchMessageW(&message);
         }
     }
-    EnableWindow(owner_, TRUE);
-    SetActiveWindow(owner_);
+    ::EnableWindow(owner_, TRUE);
+    ::SetActiveWindow(owner_);
 }
 
 bool Frame::TranslateKey(MSG& message) {
@@ -200,9 +204,9 @@ bool Frame::TranslateKey(MSG& message) {
     }
     // What the page does not take is the frame's.
     const bool turnsPage =
-        message.message == WM_KEYDOWN && message.wParam == VK_TAB && GetKeyState(VK_CONTROL) < 0;
+        message.message == WM_KEYDOWN && message.wParam == VK_TAB && Win::IsPressed(VK_CONTROL);
     if (turnsPage) {
-        TurnPage(GetKeyState(VK_SHIFT) < 0);
+        TurnPage(Win::IsPressed(VK_SHIFT));
     }
     return turnsPage;
 }
@@ -211,12 +215,13 @@ void Frame::ShowPage(std::size_t index) {
     const RECT area = PageRectangle();
     pages_[shown_]->Hide();
     shown_ = index;
-    if (const HWND made = pages_[index]->Show(Handle(), area)) {
+    if (const HWND made = pages_[index]->Show(Get(), area)) {
         // The page comes last of all children; it belongs over the tabs, and first for the Tab key.
-        SetWindowPos(made, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        SetWindowPos(tabs_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        ::SetWindowPos(made, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        ::SetWindowPos(tabs_.Get(), HWND_BOTTOM, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
-    SendMessageW(tabs_, TCM_SETCURSEL, index, 0);
+    ::SendMessageW(tabs_.Get(), TCM_SETCURSEL, index, 0);
     UpdateButtons();
 }
 
@@ -228,7 +233,7 @@ void Frame::TurnPage(bool isBackward) {
 void Frame::UpdateButtons() {
     const bool isDirty =
         std::ranges::any_of(pages_, [](const auto& page) { return page->IsDirty(); });
-    EnableWindow(GetDlgItem(Handle(), ApplyId), isDirty);
+    ::EnableWindow(::GetDlgItem(Get(), ApplyId), isDirty);
 }
 
 bool Frame::ApplyPages() {
@@ -258,7 +263,7 @@ void Frame::OnCommand(int id) {
     }
 }
 
-LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT Frame::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_SIZE:
         if (tabs_) {
@@ -266,21 +271,21 @@ LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return 0;
     case WM_ACTIVATE:
-        focus_.OnActivate(Handle(), wParam);
+        focus_.OnActivate(Get(), first);
         return 0;
     case WM_GETMINMAXINFO:
         if (tabs_) {
             const SIZE least = SizeFor(pageSize_);
-            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+            reinterpret_cast<MINMAXINFO*>(second)->ptMinTrackSize = {least.cx, least.cy};
         }
         return 0;
     case WM_COMMAND:
-        OnCommand(LOWORD(wParam));
+        OnCommand(LOWORD(first));
         return 0;
     case WM_NOTIFY: {
-        const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
-        if (header.hwndFrom == tabs_ && header.code == static_cast<UINT>(TCN_SELCHANGE)) {
-            ShowPage(static_cast<std::size_t>(SendMessageW(tabs_, TCM_GETCURSEL, 0, 0)));
+        const auto& header = *reinterpret_cast<const NMHDR*>(second);
+        if (header.hwndFrom == tabs_.Get() && header.code == static_cast<UINT>(TCN_SELCHANGE)) {
+            ShowPage(static_cast<std::size_t>(::SendMessageW(tabs_.Get(), TCM_GETCURSEL, 0, 0)));
         }
         return 0;
     }
@@ -288,16 +293,16 @@ LRESULT Frame::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         isDone_ = true;
         return 0;
     default:
-        return Window::OnMessage(message, wParam, lParam);
+        return ProgramWindow::OnMessage(message, first, second);
     }
 }
 
 } // namespace
 
-void ShowPropertyFrame(HWND owner, const std::wstring& title, IUnknown* object, LCID locale) {
+void ShowPropertyFrame(HWND owner, const Text& title, IUnknown* object, LCID locale) {
     Frame frame(owner, title, object, locale);
     if (!frame.HasPages()) {
-        MessageBoxW(owner, GetText(TextId::NoPages), title.c_str(), MB_OK | MB_ICONINFORMATION);
+        Win::ShowMessage(owner, GetText(TextId::NoPages), title, MB_OK | MB_ICONINFORMATION);
         return;
     }
     frame.Run();

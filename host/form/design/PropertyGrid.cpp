@@ -2,21 +2,23 @@
 // PropertyGrid: the visible properties of a control, to be looked at and changed in design mode.
 #include "host/form/design/PropertyGrid.h"
 
+#include <commctrl.h>
+#include <olectl.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "com/FailedCall.h"
 #include "host/container/FormFont.h"
-#include "host/container/HResult.h"
 #include "host/form/design/PropertyDialogs.h"
 #include "host/form/parts/Automation.h"
 #include "host/form/parts/ListColumns.h"
 #include "host/form/parts/Texts.h"
-
-#include <algorithm>
-#include <array>
-
-#include <commctrl.h>
-#include <olectl.h>
+#include "win/WideText.h"
+#include "win/WindowText.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 constexpr int ListId = 100;
@@ -40,49 +42,53 @@ bool HasSetter(ITypeInfo& type, WORD functionCount, MEMBERID member) {
     return false;
 }
 
-COLORREF ToColorref(LONG color) {
+COLORREF ToColorref(OLE_COLOR color) {
     COLORREF rgb = 0;
-    OleTranslateColor(static_cast<OLE_COLOR>(color), nullptr, &rgb);
+    ::OleTranslateColor(color, nullptr, &rgb);
     return rgb;
 }
 
-std::wstring HexText(LONG number) {
-    std::array<wchar_t, 16> text{};
-    swprintf(text.data(), text.size(), L"&H%08lX", static_cast<unsigned long>(number));
-    return text.data();
+Text HexText(OLE_COLOR color) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "&H%08lX", static_cast<unsigned long>(color));
+    return Widen(text.data());
 }
 
 } // namespace
 
 PropertyGrid::PropertyGrid(HWND parent) {
-    Create(L"QuorvanePropertyGrid", L"Properties", WS_CHILD | WS_CLIPCHILDREN, parent, nullptr,
-           WS_EX_CONTROLPARENT);
-    title_ = CreateChild(Handle(), L"STATIC", L"", SS_LEFT | SS_NOPREFIX, TitleId);
-    list_ =
-        CreateChild(Handle(), WC_LISTVIEWW, L"Properties",
-                    WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
-                    ListId, WS_EX_CLIENTEDGE);
-    SetColumns(list_, {{GetText(TextId::Property), 120}, {GetText(TextId::Value), 200}});
-    field_ = CreateChild(list_, L"EDIT", L"", ES_AUTOHSCROLL | WS_BORDER, FieldId);
-    ShowWindow(field_, SW_HIDE);
-    SetWindowSubclass(list_, ListProcedure, 0, 0);
-    SetWindowSubclass(field_, FieldProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+    constexpr DWORD List =
+        WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER;
+    Create<PropertyGrid>(u"Properties", WS_CHILD | WS_CLIPCHILDREN, parent, WS_EX_CONTROLPARENT);
+    title_ = MakeChild(Get(), L"STATIC", {}, SS_LEFT | SS_NOPREFIX, TitleId);
+    list_ = MakeChild(Get(), WC_LISTVIEWW, u"Properties", List, ListId, WS_EX_CLIENTEDGE);
+    SetColumns(list_.Get(), {{GetText(TextId::Property), 120}, {GetText(TextId::Value), 200}});
+    field_ = MakeChild(list_.Get(), L"EDIT", {}, ES_AUTOHSCROLL | WS_BORDER, FieldId);
+    ::ShowWindow(field_.Get(), SW_HIDE);
+    listMessages_ =
+        std::make_unique<Win::Subclass>(list_.Get(), [](UINT message, WPARAM first, LPARAM) {
+            return OnListMessage(message, first);
+        });
+    fieldMessages_ =
+        std::make_unique<Win::Subclass>(field_.Get(), [this](UINT message, WPARAM first, LPARAM) {
+            return OnFieldMessage(message, first);
+        });
 }
 
-void PropertyGrid::SetObject(const std::wstring& name, IDispatch* object) {
+void PropertyGrid::SetObject(const Text& name, IDispatch* object) {
     FinishText(false);
     object_ = object;
-    SetWindowTextW(title_, name.c_str());
+    Win::ShowText(title_.Get(), name);
     ListProperties();
     RefreshValues();
 }
 
 void PropertyGrid::ListProperties() {
-    ListView_DeleteAllItems(list_);
+    ListView_DeleteAllItems(list_.Get());
     properties_.clear();
-    ComPtr<ITypeInfo> type;
+    Com::ComPtr<ITypeInfo> type;
     TYPEATTR* attributes = nullptr;
-    if (!object_ || FAILED(object_->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive())) ||
+    if (!object_ || FAILED(object_->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Put())) ||
         FAILED(type->GetTypeAttr(&attributes))) {
         return;
     }
@@ -104,50 +110,50 @@ void PropertyGrid::ListProperties() {
 }
 
 void PropertyGrid::AddProperty(ITypeInfo& type, const FUNCDESC& getter) {
-    Bstr name;
+    Com::Bstr name;
     UINT count = 0;
-    if (FAILED(type.GetNames(getter.memid, name.Receive(), 1, &count))) {
+    if (FAILED(type.GetNames(getter.memid, name.Put(), 1, &count))) {
         return;
     }
-    Property property{name.Text(), Editor::Text};
-    Variant value;
+    Property property{Text(name.Characters()), Editor::Text};
+    Com::Variant value;
     try {
         value = Read(property);
-    } catch (const HResultError&) {
+    } catch (const Com::HresultError&) {
         return; // a property of run time only
     }
-    if (value.vt == VT_DISPATCH && !Query<IFont>(value.pdispVal)) {
+    if (value.Type() == VT_DISPATCH && !Com::Query<IFont>(value.Get().pdispVal)) {
         return;
     }
     const bool isColor = getter.memid == DISPID_BACKCOLOR || getter.memid == DISPID_FORECOLOR;
-    property.EditedAs = isColor                   ? Editor::Color
-                        : value.vt == VT_DISPATCH ? Editor::Font
-                        : value.vt == VT_BOOL     ? Editor::Flag
-                                                  : Editor::Text;
-    AddRow(list_, {property.Name, L""});
+    property.EditedAs = isColor                       ? Editor::Color
+                        : value.Type() == VT_DISPATCH ? Editor::Font
+                        : value.Type() == VT_BOOL     ? Editor::Flag
+                                                      : Editor::Text;
+    AddRow(list_.Get(), {property.Name, u""});
     properties_.push_back(std::move(property));
 }
 
-Variant PropertyGrid::Read(const Property& property) const {
-    return CallMember(object_.Get(), property.Name.c_str(), {}, DISPATCH_PROPERTYGET);
+Com::Variant PropertyGrid::Read(const Property& property) const {
+    return CallMember(object_.Get(), property.Name, {}, DISPATCH_PROPERTYGET);
 }
 
-std::wstring PropertyGrid::Describe(const Property& property) const {
-    const Variant value = Read(property);
+Text PropertyGrid::Describe(const Property& property) const {
+    const Com::Variant value = Read(property);
     switch (property.EditedAs) {
     case Editor::Color: {
-        Variant number = value;
-        number.ChangeType(VT_I4, LOCALE_USER_DEFAULT);
-        return HexText(number.lVal);
+        return HexText(Com::ToColor(value.Get()));
     }
     case Editor::Font: {
-        const auto font = Query<IFont>(value.vt == VT_DISPATCH ? value.pdispVal : nullptr);
-        Bstr name;
+        const auto font =
+            Com::Query<IFont>(value.Type() == VT_DISPATCH ? value.Get().pdispVal : nullptr);
+        Com::Bstr name;
         CY size{};
-        if (!font || FAILED(font->get_Name(name.Receive())) || FAILED(font->get_Size(&size))) {
-            return L"";
+        if (!font || FAILED(font->get_Name(name.Put())) || FAILED(font->get_Size(&size))) {
+            return u"";
         }
-        return name.Text() + L", " + ValueText(Variant(static_cast<double>(size.int64) / 10000));
+        return Text(name.Characters()) + u", " +
+               ValueText(Com::Variant(static_cast<double>(size.int64) / 10000));
     }
     default:
         return ValueText(value);
@@ -156,25 +162,24 @@ std::wstring PropertyGrid::Describe(const Property& property) const {
 
 void PropertyGrid::RefreshValues() {
     for (std::size_t i = 0; object_ && i < properties_.size(); ++i) {
-        SetCell(list_, static_cast<int>(i), 1, Describe(properties_[i]));
+        SetCell(list_.Get(), static_cast<int>(i), 1, Describe(properties_[i]));
     }
 }
 
-LRESULT PropertyGrid::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT PropertyGrid::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_SIZE: {
         const int gap = Scaled(8);
-        const int width = std::max(0, LOWORD(lParam) - 2 * gap);
-        MoveWindow(title_, gap, gap, width, Scaled(20), TRUE);
-        MoveWindow(list_, gap, Scaled(32), width, std::max(0, HIWORD(lParam) - Scaled(32) - gap),
-                   TRUE);
-        FillWidth(list_);
+        const int width = std::max(0, LOWORD(second) - 2 * gap);
+        MoveChild(title_, gap, gap, width, Scaled(20));
+        MoveChild(list_, gap, Scaled(32), width, std::max(0, HIWORD(second) - Scaled(32) - gap));
+        FillWidth(list_.Get());
         return 0;
     }
     case WM_NOTIFY:
-        return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+        return OnNotify(*reinterpret_cast<const NMHDR*>(second));
     default:
-        return Window::OnMessage(message, wParam, lParam);
+        return ProgramWindow::OnMessage(message, first, second);
     }
 }
 
@@ -192,7 +197,7 @@ LRESULT PropertyGrid::OnNotify(const NMHDR& header) {
 }
 
 void PropertyGrid::EditSelected() {
-    const int row = ListView_GetNextItem(list_, -1, LVNI_SELECTED);
+    const int row = ListView_GetNextItem(list_.Get(), -1, LVNI_SELECTED);
     if (row < 0 || !object_) {
         return;
     }
@@ -202,8 +207,8 @@ void PropertyGrid::EditSelected() {
         EditText(row);
         return;
     case Editor::Flag:
-        SetProperty(object_.Get(), property.Name.c_str(),
-                    Variant(Read(property).boolVal == VARIANT_FALSE));
+        SetProperty(object_.Get(), property.Name,
+                    Com::Variant(Read(property).Get().boolVal == VARIANT_FALSE));
         break;
     case Editor::Color:
         EditColor(property);
@@ -217,13 +222,13 @@ void PropertyGrid::EditSelected() {
 
 void PropertyGrid::EditText(int row) {
     RECT cell{};
-    ListView_GetSubItemRect(list_, row, 1, LVIR_LABEL, &cell);
+    ListView_GetSubItemRect(list_.Get(), row, 1, LVIR_LABEL, &cell);
     editedRow_ = row;
-    SetWindowTextW(field_, CellText(list_, row, 1).c_str());
-    MoveWindow(field_, cell.left, cell.top, cell.right - cell.left, cell.bottom - cell.top, TRUE);
-    ShowWindow(field_, SW_SHOW);
-    SetFocus(field_);
-    SendMessageW(field_, EM_SETSEL, 0, -1);
+    ::SetWindowTextW(field_.Get(), Win::Wide(CellText(list_.Get(), row, 1)));
+    MoveChild(field_, cell.left, cell.top, cell.right - cell.left, cell.bottom - cell.top);
+    ::ShowWindow(field_.Get(), SW_SHOW);
+    ::SetFocus(field_.Get());
+    ::SendMessageW(field_.Get(), EM_SETSEL, 0, -1);
 }
 
 void PropertyGrid::FinishText(bool accept) {
@@ -231,71 +236,61 @@ void PropertyGrid::FinishText(bool accept) {
     if (row < 0) {
         return;
     }
-    const std::wstring text = TextOf(field_);
+    const Text text = Win::TextOf(field_.Get());
     // Not if the edit ends because something else has got the keyboard.
-    if (GetFocus() == field_) {
-        SetFocus(list_);
+    if (::GetFocus() == field_.Get()) {
+        ::SetFocus(list_.Get());
     }
-    ShowWindow(field_, SW_HIDE);
+    ::ShowWindow(field_.Get(), SW_HIDE);
     if (accept && object_) {
         SetProperty(object_.Get(), properties_[static_cast<std::size_t>(row)].Name.c_str(),
-                    Variant(std::wstring_view(text)));
+                    Com::Variant(TextView(text)));
         RefreshValues();
     }
 }
 
-LRESULT CALLBACK PropertyGrid::ListProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
-                                             UINT_PTR id, DWORD_PTR) {
+std::optional<LRESULT> PropertyGrid::OnListMessage(UINT message, WPARAM first) {
     // Enter edits the selected property; dialogs would take it for their default button.
-    if (message == WM_GETDLGCODE && wParam == VK_RETURN) {
-        return DLGC_WANTALLKEYS;
-    }
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(list, ListProcedure, id);
-    }
-    return DefSubclassProc(list, message, wParam, lParam);
+    return message == WM_GETDLGCODE && first == VK_RETURN ? std::optional<LRESULT>(DLGC_WANTALLKEYS)
+                                                          : std::nullopt;
 }
 
-LRESULT CALLBACK PropertyGrid::FieldProcedure(HWND field, UINT message, WPARAM wParam,
-                                              LPARAM lParam, UINT_PTR id, DWORD_PTR grid) {
-    auto& self = *reinterpret_cast<PropertyGrid*>(grid);
+std::optional<LRESULT> PropertyGrid::OnFieldMessage(UINT message, WPARAM first) {
+    const bool endsEdit = first == VK_RETURN || first == VK_ESCAPE;
     try {
         if (message == WM_GETDLGCODE) {
             return DLGC_WANTALLKEYS;
         }
-        if (message == WM_KEYDOWN && (wParam == VK_RETURN || wParam == VK_ESCAPE)) {
-            self.FinishText(wParam == VK_RETURN);
+        if (message == WM_KEYDOWN && endsEdit) {
+            FinishText(first == VK_RETURN);
             return 0;
         }
-        if (message == WM_CHAR && (wParam == VK_RETURN || wParam == VK_ESCAPE)) {
+        if (message == WM_CHAR && endsEdit) {
             return 0;
         }
         if (message == WM_KILLFOCUS) {
-            self.FinishText(true);
+            FinishText(true);
         }
     } catch (const std::exception& error) {
-        ShowError(self.Handle(), error.what());
+        ShowError(Get(), error);
     }
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(field, FieldProcedure, id);
-    }
-    return DefSubclassProc(field, message, wParam, lParam);
+    return std::nullopt;
 }
 
 void PropertyGrid::EditColor(const Property& property) {
-    Variant number = Read(property);
-    number.ChangeType(VT_I4, LOCALE_USER_DEFAULT);
-    if (const auto chosen = AskForColor(GetAncestor(Handle(), GA_ROOT), ToColorref(number.lVal))) {
-        SetProperty(object_.Get(), property.Name.c_str(), Variant(static_cast<LONG>(*chosen)));
+    const OLE_COLOR offered = Com::ToColor(Read(property).Get());
+    if (const auto chosen = AskForColor(::GetAncestor(Get(), GA_ROOT), ToColorref(offered))) {
+        SetProperty(object_.Get(), property.Name, Com::Variant(static_cast<LONG>(*chosen)));
     }
 }
 
 void PropertyGrid::EditFont(const Property& property) {
-    const Variant value = Read(property);
-    const auto font = Query<IFont>(value.vt == VT_DISPATCH ? value.pdispVal : nullptr);
-    if (const auto chosen = AskForFont(GetAncestor(Handle(), GA_ROOT), font.Get())) {
-        SetProperty(object_.Get(), property.Name.c_str(),
-                    Variant(static_cast<IDispatch*>(chosen.Get())));
+    const Com::Variant value = Read(property);
+    const auto font =
+        Com::Query<IFont>(value.Type() == VT_DISPATCH ? value.Get().pdispVal : nullptr);
+    if (const auto chosen = AskForFont(::GetAncestor(Get(), GA_ROOT), font.Get())) {
+        SetProperty(object_.Get(), property.Name,
+                    Com::Variant(static_cast<IDispatch*>(chosen.Get())));
     }
 }
 

@@ -2,39 +2,45 @@
 // PropertyGrid: the visible properties of a control, to be looked at and changed in design mode.
 #pragma once
 
-#include "host/container/ComPtr.h"
-#include "host/container/Variant.h"
-#include "host/form/parts/Window.h"
-
-#include <string>
+#include <memory>
+#include <optional>
 #include <vector>
+
+#include "com/ComPtr.h"
+#include "com/Scoped.h"
+#include "host/form/parts/ProgramWindow.h"
+#include "shared/Text.h"
+#include "win/Subclass.h"
 
 namespace Quorvane::Host {
 
 /// Lists the properties that the control's type information does not hide, and that can be read and
 /// set. Enter, F2 or a double click edits one: texts and numbers in place, Booleans by turning them
 /// over, colours and fonts in the platform's dialogs.
-class PropertyGrid final : public Window {
+class PropertyGrid final : public ProgramWindow {
   public:
+    static constexpr const wchar_t* ClassName = L"QuorvanePropertyGrid";
+
     explicit PropertyGrid(HWND parent);
+    ~PropertyGrid() override { Destroy(); }
 
     /// Shows the properties of an object; null shows none.
-    void SetObject(const std::wstring& name, IDispatch* object);
+    void SetObject(const Text& name, IDispatch* object);
 
-    /// Ends an edit in place, as Enter does. Throws HResultError for a value that is refused.
+    /// Ends an edit in place, as Enter does. Throws Com::HresultError for a value that is refused.
     void EndEdit() { FinishText(true); }
 
     /// Reads all values again.
     void RefreshValues();
 
   protected:
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
   private:
     enum class Editor { Text, Flag, Color, Font };
 
     struct Property {
-        std::wstring Name;
+        Text Name;
         Editor EditedAs;
     };
 
@@ -46,19 +52,19 @@ class PropertyGrid final : public Window {
     void FinishText(bool accept);
     void EditColor(const Property& property);
     void EditFont(const Property& property);
-    Variant Read(const Property& property) const;
-    std::wstring Describe(const Property& property) const;
+    Com::Variant Read(const Property& property) const;
+    Text Describe(const Property& property) const;
 
-    static LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
-                                          UINT_PTR id, DWORD_PTR);
-    static LRESULT CALLBACK FieldProcedure(HWND field, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR grid);
+    static std::optional<LRESULT> OnListMessage(UINT message, WPARAM first);
+    std::optional<LRESULT> OnFieldMessage(UINT message, WPARAM first);
 
-    HWND title_ = nullptr;
-    HWND list_ = nullptr;
-    HWND field_ = nullptr;
+    Win::ChildWindow title_;
+    Win::ChildWindow list_;
+    Win::ChildWindow field_;
+    std::unique_ptr<Win::Subclass> listMessages_;
+    std::unique_ptr<Win::Subclass> fieldMessages_;
     int editedRow_ = -1;
-    ComPtr<IDispatch> object_;
+    Com::ComPtr<IDispatch> object_;
     std::vector<Property> properties_;
 };
 

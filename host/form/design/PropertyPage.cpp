@@ -2,37 +2,37 @@
 // PropertyPage: one property page of a control, from its creation to its release.
 #include "host/form/design/PropertyPage.h"
 
-#include "host/container/ComObject.h"
-#include "host/container/HResult.h"
-
 #include <utility>
+
+#include "com/ComObject.h"
+#include "com/FailedCall.h"
+#include "com/Scoped.h"
 
 namespace Quorvane::Host {
 
 /// What a page tells its frame.
-class PropertyPage::Site final : public ComObject<IPropertyPageSite> {
+class PropertyPage::Site final : public Com::ComObject<IPropertyPageSite> {
   public:
     Site(std::function<void()> onStatus, LCID locale)
         : onStatus_(std::move(onStatus)), locale_(locale) {}
     void Detach() { onStatus_ = nullptr; }
 
-    HRESULT STDMETHODCALLTYPE OnStatusChange(DWORD) noexcept override {
-        return Guard([this] {
+    STDMETHODIMP OnStatusChange(DWORD) noexcept override {
+        return Com::Guard<IPropertyPageSite>([this] {
             if (onStatus_) {
                 onStatus_();
             }
-            return S_OK;
         });
     }
-    HRESULT STDMETHODCALLTYPE GetLocaleID(LCID* locale) noexcept override {
+    STDMETHODIMP GetLocaleID(LCID* locale) noexcept override {
         *locale = locale_;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetPageContainer(IUnknown** container) noexcept override {
+    STDMETHODIMP GetPageContainer(IUnknown** container) noexcept override {
         *container = nullptr;
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*) noexcept override { return S_FALSE; }
+    STDMETHODIMP TranslateAccelerator(MSG*) noexcept override { return S_FALSE; }
 
   private:
     ~Site() override = default;
@@ -44,27 +44,27 @@ class PropertyPage::Site final : public ComObject<IPropertyPageSite> {
 std::unique_ptr<PropertyPage> PropertyPage::Open(const CLSID& clsid, IUnknown* object, LCID locale,
                                                  std::function<void()> onStatus) {
     std::unique_ptr<PropertyPage> page(new PropertyPage);
-    if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IPropertyPage),
-                                page->page_.ReceiveVoid()))) {
+    if (FAILED(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IPropertyPage),
+                                  page->page_.PutVoid()))) {
         return nullptr;
     }
-    page->site_ = MakeCom<Site>(std::move(onStatus), locale);
+    page->site_ = Com::MakeObject<Site>(std::move(onStatus), locale);
     page->Start(object);
     return page;
 }
 
 void PropertyPage::Start(IUnknown* object) {
-    constexpr const wchar_t* Action = L"open a property page";
-    Check(page_->SetPageSite(site_.Get()), Action);
+    constexpr TextView Action = u"open a property page";
+    Com::Check(page_->SetPageSite(site_.Get()), Action);
     PROPPAGEINFO info{};
     info.cb = sizeof info;
-    Check(page_->GetPageInfo(&info), Action);
-    title_ = info.pszTitle ? info.pszTitle : L"";
+    Com::Check(page_->GetPageInfo(&info), Action);
+    title_ = Com::ToText(info.pszTitle);
     size_ = info.size;
-    CoTaskMemFree(info.pszTitle);
-    CoTaskMemFree(info.pszDocString);
-    CoTaskMemFree(info.pszHelpFile);
-    Check(page_->SetObjects(1, &object), Action);
+    ::CoTaskMemFree(info.pszTitle);
+    ::CoTaskMemFree(info.pszDocString);
+    ::CoTaskMemFree(info.pszHelpFile);
+    Com::Check(page_->SetObjects(1, &object), Action);
 }
 
 PropertyPage::~PropertyPage() {
@@ -82,9 +82,9 @@ PropertyPage::~PropertyPage() {
 HWND PropertyPage::Show(HWND parent, const RECT& area) {
     HWND made = nullptr;
     if (!isActive_) {
-        Check(page_->Activate(parent, &area, FALSE), L"open a property page");
+        Com::Check(page_->Activate(parent, &area, FALSE), u"open a property page");
         isActive_ = true;
-        made = GetWindow(GetWindow(parent, GW_CHILD), GW_HWNDLAST);
+        made = ::GetWindow(::GetWindow(parent, GW_CHILD), GW_HWNDLAST);
     }
     page_->Move(&area);
     page_->Show(SW_SHOW);

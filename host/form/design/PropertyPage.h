@@ -2,21 +2,21 @@
 // PropertyPage: one property page of a control, from its creation to its release.
 #pragma once
 
-#include "host/container/ComPtr.h"
-
 #include <ocidl.h>
 
 #include <functional>
 #include <memory>
-#include <string>
+
+#include "com/ComPtr.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 class PropertyPage {
   public:
     /// Creates a page of this class for an object; null where it cannot be created. `onStatus` is
-    /// called whenever the page reports a change, until the page is closed. Throws HResultError
-    /// where it does not open.
+    /// called whenever the page reports a change, until the page is closed. Throws
+    /// Com::HresultError where it does not open.
     static std::unique_ptr<PropertyPage> Open(const CLSID& clsid, IUnknown* object, LCID locale,
                                               std::function<void()> onStatus);
 
@@ -24,12 +24,12 @@ class PropertyPage {
     PropertyPage& operator=(const PropertyPage&) = delete;
     ~PropertyPage();
 
-    const std::wstring& Title() const { return title_; }
+    const Text& Title() const { return title_; }
     /// What the page needs at least, in pixels.
     const SIZE& Size() const { return size_; }
 
     /// Shows the page in an area of a window; its own window where that is made only now, else
-    /// null. Throws HResultError.
+    /// null. Throws Com::HresultError.
     HWND Show(HWND parent, const RECT& area);
     void Hide();
     /// Moves a page that has been shown.
@@ -48,9 +48,9 @@ class PropertyPage {
     PropertyPage() = default;
     void Start(IUnknown* object);
 
-    ComPtr<IPropertyPage> page_;
-    ComPtr<Site> site_;
-    std::wstring title_;
+    Com::ComPtr<IPropertyPage> page_;
+    Com::ComPtr<Site> site_;
+    Text title_;
     SIZE size_{};
     bool isActive_ = false;
 };

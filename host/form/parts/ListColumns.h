@@ -5,12 +5,13 @@
 #include <windows.h>
 
 #include <initializer_list>
-#include <string>
+
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 struct ListColumn {
-    const wchar_t* Title;
+    Text Title;
     /// In pixels at 96 dots per inch.
     int Width;
 };
@@ -22,10 +23,10 @@ void SetColumns(HWND list, std::initializer_list<ListColumn> columns);
 void FillWidth(HWND list);
 
 /// Appends a row and returns its index.
-int AddRow(HWND list, std::initializer_list<std::wstring> cells);
+int AddRow(HWND list, std::initializer_list<Text> cells);
 
-void SetCell(HWND list, int row, int column, const std::wstring& text);
+void SetCell(HWND list, int row, int column, const Text& text);
 
-std::wstring CellText(HWND list, int row, int column);
+Text CellText(HWND list, int row, int column);
 
 } // namespace Quorvane::Host

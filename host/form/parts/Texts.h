@@ -2,7 +2,7 @@
 // Texts: what the form program says, in English or in Simplified Chinese.
 #pragma once
 
-#include <string>
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
@@ -52,9 +52,9 @@ enum class TextId {
 
 /// The text in the user's language: Simplified Chinese where that is Chinese of the mainland, else
 /// English. A "?" in it stands for a name.
-const wchar_t* GetText(TextId id);
+Text GetText(TextId id);
 
 /// The text with its "?" replaced.
-std::wstring GetText(TextId id, const std::wstring& name);
+Text GetText(TextId id, const Text& name);
 
 } // namespace Quorvane::Host

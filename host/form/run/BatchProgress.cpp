@@ -2,15 +2,15 @@
 // BatchProgress: how far a batch is, by the events that end its cycles.
 #include "host/form/run/BatchProgress.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <cmath>
-
-#include <commctrl.h>
 
 namespace Quorvane::Host {
 
 BatchProgress::~BatchProgress() {
-    SendMessageW(bar_, PBM_SETPOS, 0, 0);
+    ::SendMessageW(bar_, PBM_SETPOS, 0, 0);
 }
 
 bool BatchProgress::OnPoint() {
@@ -19,9 +19,9 @@ bool BatchProgress::OnPoint() {
     if (std::fmod(done_, step) != 0 && !IsComplete()) {
         return false;
     }
-    SendMessageW(bar_, PBM_SETPOS, static_cast<WPARAM>(done_ / points_ * 100), 0);
+    ::SendMessageW(bar_, PBM_SETPOS, static_cast<WPARAM>(done_ / points_ * 100), 0);
     // The program answers no message before the batch has ended.
-    UpdateWindow(bar_);
+    ::UpdateWindow(bar_);
     return true;
 }
 

@@ -2,17 +2,22 @@
 // InputRows: a field and a slider for each input of a control, in a panel that scrolls.
 #include "host/form/run/InputRows.h"
 
-#include "host/container/Variant.h"
+#include <commctrl.h>
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
 
-#include <commctrl.h>
+#include "com/ErrorBoundary.h"
+#include "com/Scoped.h"
+#include "host/form/parts/Automation.h"
+#include "win/Dpi.h"
+#include "win/Raised.h"
+#include "win/WideText.h"
+#include "win/WindowText.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 constexpr int SliderSteps = 1000;
@@ -20,16 +25,16 @@ constexpr int RowHeight = 30;
 constexpr int FirstId = 1000;
 
 /// A number as the user writes it.
-std::optional<double> NumberOf(const std::wstring& text) {
-    Variant value{std::wstring_view(text)};
-    return SUCCEEDED(value.ChangeType(VT_R8, LOCALE_USER_DEFAULT)) ? std::optional(value.dblVal)
-                                                                   : std::nullopt;
+std::optional<double> NumberOf(const Text& text) {
+    try {
+        return Com::ChangeType(Com::Variant(TextView(text)).Get(), VT_R8).Get().dblVal;
+    } catch (const Com::HresultError&) {
+        return std::nullopt;
+    }
 }
 
-std::wstring TextOfNumber(double number) {
-    Variant value(number);
-    value.ChangeType(VT_BSTR, LOCALE_USER_DEFAULT);
-    return std::wstring(ViewBstr(value.bstrVal));
+Text TextOfNumber(double number) {
+    return ValueText(Com::Variant(number));
 }
 
 /// What a step of the slider stands for: a bound exactly, else a number with no more places than
@@ -50,78 +55,74 @@ double ValueAt(const StoredVariable& input, int step) {
 } // namespace
 
 InputRows::InputRows(HWND parent, Changed changed) : changed_(std::move(changed)) {
-    Create(L"QuorvaneInputRows", L"Inputs", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_CLIPCHILDREN,
-           parent, nullptr, WS_EX_CONTROLPARENT);
+    Create<InputRows>(u"Inputs", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_CLIPCHILDREN, parent,
+                      WS_EX_CONTROLPARENT);
 }
 
 int InputRows::HeightOf(HWND window, int rows) {
-    return MulDiv(RowHeight * rows, DpiOf(window), USER_DEFAULT_SCREEN_DPI);
+    return ::MulDiv(RowHeight * rows, Win::DpiOf(window), USER_DEFAULT_SCREEN_DPI);
 }
 
 void InputRows::SetInputs(const std::vector<StoredVariable>& inputs) {
-    for (const Row& row : rows_) {
-        DestroyWindow(row.Label);
-        DestroyWindow(row.Field);
-        DestroyWindow(row.Slider);
-    }
-    rows_.clear();
+    // What goes may still send messages, and is to find no rows.
+    std::exchange(rows_, {}).clear();
     offset_ = 0;
     int id = FirstId;
     for (const StoredVariable& input : inputs) {
-        const HWND label = CreateChild(Handle(), L"STATIC", input.Name.c_str(),
-                                       SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, -1);
-        const HWND field = CreateChild(Handle(), L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, id++,
-                                       WS_EX_CLIENTEDGE);
-        const HWND slider = CreateChild(Handle(), TRACKBAR_CLASSW, input.Name.c_str(),
-                                        WS_TABSTOP | TBS_NOTICKS, -1);
-        SendMessageW(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, SliderSteps));
-        SendMessageW(slider, TBM_SETPAGESIZE, 0, SliderSteps / 20);
-        for (const HWND child : {field, slider}) {
-            SetWindowSubclass(child, ChildProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
-        }
-        rows_.push_back({input, label, field, slider});
+        Row row;
+        row.Input = input;
+        row.Label =
+            MakeChild(Get(), L"STATIC", input.Name, SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, -1);
+        row.Field =
+            MakeChild(Get(), L"EDIT", {}, WS_TABSTOP | ES_AUTOHSCROLL, id++, WS_EX_CLIENTEDGE);
+        row.Slider = MakeChild(Get(), TRACKBAR_CLASSW, input.Name, WS_TABSTOP | TBS_NOTICKS, -1);
+        ::SendMessageW(row.Slider.Get(), TBM_SETRANGE, FALSE, MAKELPARAM(0, SliderSteps));
+        ::SendMessageW(row.Slider.Get(), TBM_SETPAGESIZE, 0, SliderSteps / 20);
+        row.FieldMessages = Watch(row.Field);
+        row.SliderMessages = Watch(row.Slider);
+        rows_.push_back(std::move(row));
     }
     Arrange();
 }
 
-void InputRows::ShowValue(const std::wstring& name, const std::wstring& text) {
+void InputRows::ShowValue(const Text& name, const Text& text) {
     for (const Row& row : rows_) {
-        if (row.Input.Name == name && TextOf(row.Field) != text) {
-            isShowing_ = true;
-            SetWindowTextW(row.Field, text.c_str());
-            isShowing_ = false;
+        if (row.Input.Name == name && Win::TextOf(row.Field.Get()) != text) {
+            {
+                const Win::Raised showing(isShowing_);
+                ::SetWindowTextW(row.Field.Get(), Win::Wide(text));
+            }
             PlaceSlider(row);
         }
     }
 }
 
-LRESULT InputRows::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT InputRows::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_SIZE:
         Arrange();
         return 0;
     case WM_VSCROLL:
-        Scroll(LOWORD(wParam), HIWORD(wParam));
+        Scroll(LOWORD(first), HIWORD(first));
         return 0;
     case WM_MOUSEWHEEL:
-        ScrollTo(offset_ - MulDiv(GET_WHEEL_DELTA_WPARAM(wParam), Scaled(RowHeight), WHEEL_DELTA));
+        ScrollTo(offset_ - ::MulDiv(GET_WHEEL_DELTA_WPARAM(first), Scaled(RowHeight), WHEEL_DELTA));
         return 0;
     case WM_HSCROLL:
-        OnSlider(reinterpret_cast<HWND>(lParam));
+        OnSlider(reinterpret_cast<HWND>(second));
         return 0;
     case WM_COMMAND:
-        if (HIWORD(wParam) == EN_CHANGE && !isShowing_) {
-            OnField(static_cast<std::size_t>(LOWORD(wParam) - FirstId));
+        if (HIWORD(first) == EN_CHANGE && !isShowing_) {
+            OnField(static_cast<std::size_t>(LOWORD(first) - FirstId));
         }
         return 0;
     default:
-        return Window::OnMessage(message, wParam, lParam);
+        return ProgramWindow::OnMessage(message, first, second);
     }
 }
 
 void InputRows::Arrange() {
-    RECT area{};
-    GetClientRect(Handle(), &area);
+    const RECT area = Win::ClientArea(Get());
     const int height = Scaled(RowHeight);
     SCROLLINFO scroll{};
     scroll.cbSize = sizeof scroll;
@@ -129,14 +130,14 @@ void InputRows::Arrange() {
     scroll.nMax = std::max(0, static_cast<int>(rows_.size()) * height - 1);
     scroll.nPage = static_cast<UINT>(area.bottom);
     scroll.nPos = offset_;
-    offset_ = SetScrollInfo(Handle(), SB_VERT, &scroll, TRUE);
+    offset_ = ::SetScrollInfo(Get(), SB_VERT, &scroll, TRUE);
     const int label = Scaled(84);
     const int field = Scaled(84);
     const int gap = Scaled(4);
     int top = -offset_;
-    const auto place = [&](HWND child, int left, int width, int childHeight) {
-        MoveWindow(child, left, top + (height - Scaled(childHeight)) / 2, std::max(0, width),
-                   Scaled(childHeight), TRUE);
+    const auto place = [&](const Win::ChildWindow& child, int left, int width, int childHeight) {
+        MoveChild(child, left, top + (height - Scaled(childHeight)) / 2, std::max(0, width),
+                  Scaled(childHeight));
     };
     for (const Row& row : rows_) {
         place(row.Label, 0, label - gap, 14);
@@ -148,8 +149,7 @@ void InputRows::Arrange() {
 }
 
 void InputRows::Scroll(int code, int position) {
-    RECT area{};
-    GetClientRect(Handle(), &area);
+    const RECT area = Win::ClientArea(Get());
     switch (code) {
     case SB_LINEUP:
         ScrollTo(offset_ - Scaled(RowHeight));
@@ -174,46 +174,48 @@ void InputRows::Scroll(int code, int position) {
 
 void InputRows::ScrollTo(int offset) {
     // The scroll bar knows how far it goes.
-    SetScrollPos(Handle(), SB_VERT, offset, TRUE);
-    const int reached = GetScrollPos(Handle(), SB_VERT);
+    ::SetScrollPos(Get(), SB_VERT, offset, TRUE);
+    const int reached = ::GetScrollPos(Get(), SB_VERT);
     if (std::exchange(offset_, reached) != reached) {
         Arrange();
     }
 }
 
 void InputRows::Reveal(HWND child) {
-    RECT area{};
-    GetClientRect(Handle(), &area);
-    const auto row = std::ranges::find_if(
-        rows_, [child](const Row& each) { return each.Field == child || each.Slider == child; });
+    const RECT area = Win::ClientArea(Get());
+    const auto row = std::ranges::find_if(rows_, [child](const Row& each) {
+        return each.Field.Get() == child || each.Slider.Get() == child;
+    });
     const int top = static_cast<int>(row - rows_.begin()) * Scaled(RowHeight);
     const int bottom = top + Scaled(RowHeight);
     ScrollTo(std::clamp(offset_, std::min(bottom - static_cast<int>(area.bottom), top), top));
 }
 
-LRESULT CALLBACK InputRows::ChildProcedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR rows) {
-    auto& self = *reinterpret_cast<InputRows*>(rows);
-    if (message == WM_MOUSEWHEEL) {
-        // The wheel scrolls the rows, and changes no input on the way.
-        return SendMessageW(self.Handle(), message, wParam, lParam);
-    }
-    if (message == WM_SETFOCUS) {
-        self.Reveal(child);
-    } else if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(child, ChildProcedure, id);
-    }
-    return DefSubclassProc(child, message, wParam, lParam);
+std::unique_ptr<Win::Subclass> InputRows::Watch(const Win::ChildWindow& child) {
+    return std::make_unique<Win::Subclass>(
+        child.Get(),
+        [this, window = child.Get()](UINT message, WPARAM first,
+                                     LPARAM second) -> std::optional<LRESULT> {
+            if (message == WM_MOUSEWHEEL) {
+                // The wheel scrolls the rows, and changes no input on the way.
+                return ::SendMessageW(Get(), message, first, second);
+            }
+            if (message == WM_SETFOCUS) {
+                Reveal(window);
+            }
+            return std::nullopt;
+        });
 }
 
 void InputRows::OnSlider(HWND slider) {
     for (const Row& row : rows_) {
-        if (row.Slider == slider) {
-            const auto step = static_cast<int>(SendMessageW(slider, TBM_GETPOS, 0, 0));
-            const std::wstring text = TextOfNumber(ValueAt(row.Input, step));
-            isShowing_ = true;
-            SetWindowTextW(row.Field, text.c_str());
-            isShowing_ = false;
+        if (row.Slider.Get() == slider) {
+            const auto step = static_cast<int>(::SendMessageW(slider, TBM_GETPOS, 0, 0));
+            const Text text = TextOfNumber(ValueAt(row.Input, step));
+            {
+                const Win::Raised showing(isShowing_);
+                ::SetWindowTextW(row.Field.Get(), Win::Wide(text));
+            }
             changed_(row.Input.Name, text);
         }
     }
@@ -222,16 +224,16 @@ void InputRows::OnSlider(HWND slider) {
 void InputRows::OnField(std::size_t row) {
     if (row < rows_.size()) {
         PlaceSlider(rows_[row]);
-        changed_(rows_[row].Input.Name, TextOf(rows_[row].Field));
+        changed_(rows_[row].Input.Name, Win::TextOf(rows_[row].Field.Get()));
     }
 }
 
 void InputRows::PlaceSlider(const Row& row) {
-    if (const auto value = NumberOf(TextOf(row.Field))) {
+    if (const auto value = NumberOf(Win::TextOf(row.Field.Get()))) {
         const double share = (*value - row.Input.Lower) / (row.Input.Upper - row.Input.Lower);
         // Bounds that are equal give no share at all.
         const auto step = std::lround(share > 0 ? std::min(share, 1.0) * SliderSteps : 0.0);
-        SendMessageW(row.Slider, TBM_SETPOS, TRUE, step);
+        ::SendMessageW(row.Slider.Get(), TBM_SETPOS, TRUE, step);
     }
 }
 

@@ -2,21 +2,26 @@
 // InputRows: a field and a slider for each input of a control, in a panel that scrolls.
 #pragma once
 
-#include "host/form/parts/Window.h"
-#include "host/form/run/StoredSystem.h"
-
 #include <functional>
-#include <string>
+#include <memory>
 #include <vector>
+
+#include "host/form/parts/ProgramWindow.h"
+#include "host/form/run/StoredSystem.h"
+#include "shared/Text.h"
+#include "win/Subclass.h"
 
 namespace Quorvane::Host {
 
-class InputRows final : public Window {
+class InputRows final : public ProgramWindow {
   public:
+    static constexpr const wchar_t* ClassName = L"QuorvaneInputRows";
+
     /// Called with the name and the text of an input that the user has changed.
-    using Changed = std::function<void(const std::wstring& name, const std::wstring& text)>;
+    using Changed = std::function<void(const Text& name, const Text& text)>;
 
     InputRows(HWND parent, Changed changed);
+    ~InputRows() override { Destroy(); }
 
     /// The height of so many rows in pixels of a window's screen.
     static int HeightOf(HWND window, int rows);
@@ -25,17 +30,19 @@ class InputRows final : public Window {
     void SetInputs(const std::vector<StoredVariable>& inputs);
 
     /// Shows a value without reporting it as a change.
-    void ShowValue(const std::wstring& name, const std::wstring& text);
+    void ShowValue(const Text& name, const Text& text);
 
   protected:
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
   private:
     struct Row {
         StoredVariable Input;
-        HWND Label = nullptr;
-        HWND Field = nullptr;
-        HWND Slider = nullptr;
+        Win::ChildWindow Label;
+        Win::ChildWindow Field;
+        Win::ChildWindow Slider;
+        std::unique_ptr<Win::Subclass> FieldMessages;
+        std::unique_ptr<Win::Subclass> SliderMessages;
     };
 
     void Arrange();
@@ -47,8 +54,8 @@ class InputRows final : public Window {
     void OnField(std::size_t row);
     static void PlaceSlider(const Row& row);
 
-    static LRESULT CALLBACK ChildProcedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR rows);
+    /// Watches a field or a slider.
+    std::unique_ptr<Win::Subclass> Watch(const Win::ChildWindow& child);
 
     Changed changed_;
     std::vector<Row> rows_;

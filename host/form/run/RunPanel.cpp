@@ -2,18 +2,20 @@
 // RunPanel: what a person does with a running control: set inputs, fire, watch, tabulate.
 #include "host/form/run/RunPanel.h"
 
-#include "host/form/parts/Automation.h"
-#include "host/form/parts/FileDialogs.h"
-#include "host/form/parts/ListColumns.h"
-#include "host/form/parts/Texts.h"
+#include <commctrl.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include <commctrl.h>
+#include "host/container/Paths.h"
+#include "host/form/parts/Automation.h"
+#include "host/form/parts/FileDialogs.h"
+#include "host/form/parts/ListColumns.h"
+#include "host/form/parts/Texts.h"
+#include "win/WideText.h"
+#include "win/WindowText.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 enum ChildId {
@@ -40,17 +42,17 @@ constexpr int LabelHeight = 14;
 constexpr int DropHeight = 200;
 
 bool IsChecked(HWND box) {
-    return SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return ::SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-std::wstring StoredText(PlacedControl& control, const wchar_t* property) {
+Text StoredText(PlacedControl& control, const Text& property) {
     const auto object = control.Dispatch();
     return object ? ValueText(CallMember(object.Get(), property, {}, DISPATCH_PROPERTYGET))
-                  : std::wstring();
+                  : Text();
 }
 
-std::vector<std::wstring> NamesOf(const std::vector<StoredVariable>& variables) {
-    std::vector<std::wstring> names;
+std::vector<Text> NamesOf(const std::vector<StoredVariable>& variables) {
+    std::vector<Text> names;
     names.reserve(variables.size());
     for (const StoredVariable& variable : variables) {
         names.push_back(variable.Name);
@@ -61,10 +63,10 @@ std::vector<std::wstring> NamesOf(const std::vector<StoredVariable>& variables) 
 /// Shows the pointer that asks for patience, while it lives.
 class WaitPointer {
   public:
-    WaitPointer() : former_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    WaitPointer() : former_(::SetCursor(::LoadCursorW(nullptr, IDC_WAIT))) {}
     WaitPointer(const WaitPointer&) = delete;
     WaitPointer& operator=(const WaitPointer&) = delete;
-    ~WaitPointer() { SetCursor(former_); }
+    ~WaitPointer() { ::SetCursor(former_); }
 
   private:
     HCURSOR former_;
@@ -74,40 +76,36 @@ class WaitPointer {
 
 RunPanel::RunPanel(HWND parent, std::filesystem::path batchFolder)
     : batchFolder_(std::move(batchFolder)) {
-    Create(L"QuorvaneRunPanel", L"Run", WS_CHILD | WS_CLIPCHILDREN, parent, nullptr,
-           WS_EX_CONTROLPARENT);
+    Create<RunPanel>(u"Run", WS_CHILD | WS_CLIPCHILDREN, parent, WS_EX_CONTROLPARENT);
     CreateChildren();
 }
 
 void RunPanel::CreateChildren() {
     constexpr DWORD Combo = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
     constexpr DWORD List = WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOSORTHEADER;
-    controlChoice_ = CreateChild(Handle(), L"COMBOBOX", L"", Combo, ControlChoiceId);
+    controlChoice_ = MakeChild(Get(), L"COMBOBOX", u"", Combo, ControlChoiceId);
     inputRows_ = std::make_unique<InputRows>(
-        Handle(),
-        [this](const std::wstring& name, const std::wstring& text) { SetInput(name, text); });
-    fire_ =
-        CreateChild(Handle(), L"BUTTON", GetText(TextId::Fire), WS_TABSTOP | BS_PUSHBUTTON, FireId);
-    autoFire_ = CreateChild(Handle(), L"BUTTON", GetText(TextId::AutoFire),
-                            WS_TABSTOP | BS_AUTOCHECKBOX, AutoFireId);
-    dataShow_ = CreateChild(Handle(), L"BUTTON", GetText(TextId::DataShow),
-                            WS_TABSTOP | BS_AUTOCHECKBOX, DataShowId);
-    outputList_ =
-        CreateChild(Handle(), WC_LISTVIEWW, L"Outputs", List, OutputListId, WS_EX_CLIENTEDGE);
-    SetColumns(outputList_, {{GetText(TextId::Output), 160}, {GetText(TextId::Value), 160}});
-    eventLog_ = CreateChild(Handle(), WC_LISTVIEWW, L"Events", List, EventLogId, WS_EX_CLIENTEDGE);
-    SetColumns(eventLog_, {{GetText(TextId::Event), 200}, {GetText(TextId::Count), 100}});
-    divisionsLabel_ = CreateChild(Handle(), L"STATIC", GetText(TextId::Divisions), SS_LEFT, -1);
-    divisions_ = CreateChild(Handle(), L"EDIT", L"20", WS_TABSTOP | ES_NUMBER, DivisionsId,
-                             WS_EX_CLIENTEDGE);
-    batch_ = CreateChild(Handle(), L"BUTTON", GetText(TextId::Batch), WS_TABSTOP | BS_PUSHBUTTON,
-                         BatchId);
-    progress_ = CreateChild(Handle(), PROGRESS_CLASSW, L"", 0, ProgressId);
-    outputChoice_ = CreateChild(Handle(), L"COMBOBOX", L"", Combo, OutputChoiceId);
-    picture_ = std::make_unique<SurfacePicture>(Handle());
+        Get(), [this](const Text& name, const Text& text) { SetInput(name, text); });
+    fire_ = MakeChild(Get(), L"BUTTON", GetText(TextId::Fire), WS_TABSTOP | BS_PUSHBUTTON, FireId);
+    autoFire_ = MakeChild(Get(), L"BUTTON", GetText(TextId::AutoFire), WS_TABSTOP | BS_AUTOCHECKBOX,
+                          AutoFireId);
+    dataShow_ = MakeChild(Get(), L"BUTTON", GetText(TextId::DataShow), WS_TABSTOP | BS_AUTOCHECKBOX,
+                          DataShowId);
+    outputList_ = MakeChild(Get(), WC_LISTVIEWW, u"Outputs", List, OutputListId, WS_EX_CLIENTEDGE);
+    SetColumns(outputList_.Get(), {{GetText(TextId::Output), 160}, {GetText(TextId::Value), 160}});
+    eventLog_ = MakeChild(Get(), WC_LISTVIEWW, u"Events", List, EventLogId, WS_EX_CLIENTEDGE);
+    SetColumns(eventLog_.Get(), {{GetText(TextId::Event), 200}, {GetText(TextId::Count), 100}});
+    divisionsLabel_ = MakeChild(Get(), L"STATIC", GetText(TextId::Divisions), SS_LEFT, -1);
+    divisions_ =
+        MakeChild(Get(), L"EDIT", u"20", WS_TABSTOP | ES_NUMBER, DivisionsId, WS_EX_CLIENTEDGE);
+    batch_ =
+        MakeChild(Get(), L"BUTTON", GetText(TextId::Batch), WS_TABSTOP | BS_PUSHBUTTON, BatchId);
+    progress_ = MakeChild(Get(), PROGRESS_CLASSW, u"", 0, ProgressId);
+    outputChoice_ = MakeChild(Get(), L"COMBOBOX", u"", Combo, OutputChoiceId);
+    picture_ = std::make_unique<SurfacePicture>(Get());
 }
 
-LRESULT RunPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT RunPanel::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_SIZE:
         if (picture_) {
@@ -115,64 +113,64 @@ LRESULT RunPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return 0;
     case WM_COMMAND:
-        OnCommand(LOWORD(wParam), HIWORD(wParam));
+        OnCommand(LOWORD(first), HIWORD(first));
         return 0;
     default:
-        return Window::OnMessage(message, wParam, lParam);
+        return ProgramWindow::OnMessage(message, first, second);
     }
 }
 
 void RunPanel::Arrange() {
-    RECT area{};
-    GetClientRect(Handle(), &area);
+    const RECT area = Win::ClientArea(Get());
     const int gap = Scaled(8);
     const int field = Scaled(FieldHeight);
     const int button = Scaled(ButtonHeight);
     const int width = std::max(0, static_cast<int>(area.right) - 2 * gap);
     int top = gap;
     // Fields, labels and buttons of one line have their middles in one line.
-    const auto place = [&](HWND child, int left, int childWidth, int height, int lineHeight) {
-        MoveWindow(child, gap + left, top + (lineHeight - height) / 2, childWidth, height, TRUE);
+    const auto place = [&](const Win::ChildWindow& child, int left, int childWidth, int height,
+                           int lineHeight) {
+        MoveChild(child, gap + left, top + (lineHeight - height) / 2, childWidth, height);
     };
     const auto fill = [&](HWND child, int height) {
-        MoveWindow(child, gap, top, width, height, TRUE);
+        ::MoveWindow(child, gap, top, width, height, TRUE);
         top += height + gap;
     };
 
-    MoveWindow(controlChoice_, gap, top, width, Scaled(DropHeight), TRUE);
+    MoveChild(controlChoice_, gap, top, width, Scaled(DropHeight));
     top += button + gap;
     const int rows =
         static_cast<int>(std::clamp<std::size_t>(inputs_.size(), 1, MostVisibleInputs));
-    fill(inputRows_->Handle(), InputRows::HeightOf(Handle(), rows));
+    fill(inputRows_->Get(), InputRows::HeightOf(Get(), rows));
     const int third = (width - 2 * gap) / 3;
     place(fire_, 0, third, button, button);
     place(autoFire_, third + gap, third, button, button);
     place(dataShow_, 2 * (third + gap), third, button, button);
     top += button + gap;
-    fill(outputList_, Scaled(88));
-    fill(eventLog_, Scaled(72));
+    fill(outputList_.Get(), Scaled(88));
+    fill(eventLog_.Get(), Scaled(72));
     const int label = Scaled(64);
     place(divisionsLabel_, 0, label, Scaled(LabelHeight), button);
     place(divisions_, label, third - label, field, button);
     place(batch_, third + gap, third, button, button);
     place(progress_, 2 * (third + gap), third, field, button);
     top += button + gap;
-    MoveWindow(outputChoice_, gap, top, width, Scaled(DropHeight), TRUE);
+    MoveChild(outputChoice_, gap, top, width, Scaled(DropHeight));
     top += button + gap;
-    fill(picture_->Handle(), std::max(0, static_cast<int>(area.bottom) - top - gap));
-    FillWidth(outputList_);
-    FillWidth(eventLog_);
+    fill(picture_->Get(), std::max(0, static_cast<int>(area.bottom) - top - gap));
+    FillWidth(outputList_.Get());
+    FillWidth(eventLog_.Get());
     // The borders, too, of what has moved.
-    RedrawWindow(Handle(), nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    ::RedrawWindow(Get(), nullptr, nullptr,
+                   RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void RunPanel::SetControls(const std::vector<std::unique_ptr<PlacedControl>>& controls) {
     Clear();
     for (const auto& control : controls) {
         controls_.push_back(control.get());
-        SendMessageW(controlChoice_, CB_ADDSTRING, 0,
-                     reinterpret_cast<LPARAM>(control->Name().c_str()));
+        ::SendMessageW(controlChoice_.Get(), CB_ADDSTRING, 0,
+                       reinterpret_cast<LPARAM>(Win::Wide(control->Name())));
     }
     if (!controls_.empty()) {
         SelectControl(controls_.front()->Name());
@@ -185,44 +183,45 @@ void RunPanel::Clear() {
     counts_.clear();
     inputs_.clear();
     outputs_.clear();
-    SendMessageW(controlChoice_, CB_RESETCONTENT, 0, 0);
-    SendMessageW(outputChoice_, CB_RESETCONTENT, 0, 0);
-    SendMessageW(autoFire_, BM_SETCHECK, BST_UNCHECKED, 0);
-    SendMessageW(dataShow_, BM_SETCHECK, BST_UNCHECKED, 0);
-    ListView_DeleteAllItems(outputList_);
-    ListView_DeleteAllItems(eventLog_);
+    ::SendMessageW(controlChoice_.Get(), CB_RESETCONTENT, 0, 0);
+    ::SendMessageW(outputChoice_.Get(), CB_RESETCONTENT, 0, 0);
+    ::SendMessageW(autoFire_.Get(), BM_SETCHECK, BST_UNCHECKED, 0);
+    ::SendMessageW(dataShow_.Get(), BM_SETCHECK, BST_UNCHECKED, 0);
+    ListView_DeleteAllItems(outputList_.Get());
+    ListView_DeleteAllItems(eventLog_.Get());
     showingData_.clear();
     inputRows_->SetInputs({});
     picture_->ShowMessage(TextId::NoBatchYet);
 }
 
-void RunPanel::SelectControl(const std::wstring& name) {
+void RunPanel::SelectControl(const Text& name) {
     for (std::size_t i = 0; i < controls_.size(); ++i) {
         if (controls_[i]->Name() == name) {
             current_ = controls_[i];
-            SendMessageW(controlChoice_, CB_SETCURSEL, i, 0);
+            ::SendMessageW(controlChoice_.Get(), CB_SETCURSEL, i, 0);
             ShowCurrent();
         }
     }
 }
 
 HWND RunPanel::FirstField() const {
-    const HWND field = GetNextDlgTabItem(inputRows_->Handle(), nullptr, FALSE);
-    return field ? field : fire_;
+    const HWND field = ::GetNextDlgTabItem(inputRows_->Get(), nullptr, FALSE);
+    return field ? field : fire_.Get();
 }
 
 void RunPanel::ShowCurrent() {
-    inputs_ = ReadStoredVariables(StoredText(*current_, L"Inputs"));
-    outputs_ = ReadStoredVariables(StoredText(*current_, L"Outputs"));
+    inputs_ = ReadStoredVariables(StoredText(*current_, u"Inputs"));
+    outputs_ = ReadStoredVariables(StoredText(*current_, u"Outputs"));
     inputRows_->SetInputs(inputs_);
-    SendMessageW(outputChoice_, CB_RESETCONTENT, 0, 0);
+    ::SendMessageW(outputChoice_.Get(), CB_RESETCONTENT, 0, 0);
     for (const StoredVariable& output : outputs_) {
-        SendMessageW(outputChoice_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(output.Name.c_str()));
+        ::SendMessageW(outputChoice_.Get(), CB_ADDSTRING, 0,
+                       reinterpret_cast<LPARAM>(Win::Wide(output.Name)));
     }
-    SendMessageW(outputChoice_, CB_SETCURSEL, 0, 0);
+    ::SendMessageW(outputChoice_.Get(), CB_SETCURSEL, 0, 0);
     // A control tells nobody whether it shows its data.
-    SendMessageW(dataShow_, BM_SETCHECK,
-                 showingData_.contains(current_) ? BST_CHECKED : BST_UNCHECKED, 0);
+    ::SendMessageW(dataShow_.Get(), BM_SETCHECK,
+                   showingData_.contains(current_) ? BST_CHECKED : BST_UNCHECKED, 0);
     picture_->ShowMessage(TextId::NoBatchYet);
     Arrange();
     ShowInputs();
@@ -231,7 +230,7 @@ void RunPanel::ShowCurrent() {
 
 void RunPanel::OnCommand(int id, int code) {
     if (id == ControlChoiceId && code == CBN_SELCHANGE) {
-        const auto chosen = SendMessageW(controlChoice_, CB_GETCURSEL, 0, 0);
+        const auto chosen = ::SendMessageW(controlChoice_.Get(), CB_GETCURSEL, 0, 0);
         SelectControl(controls_[static_cast<std::size_t>(chosen)]->Name());
     } else if (id == OutputChoiceId && code == CBN_SELCHANGE) {
         ShowChosenOutput();
@@ -252,25 +251,25 @@ void RunPanel::OnCommand(int id, int code) {
     }
 }
 
-void RunPanel::SetInput(const std::wstring& name, const std::wstring& text) {
+void RunPanel::SetInput(const Text& name, const Text& text) {
     if (!current_) {
         return;
     }
-    if (const auto inputs = ObjectProperty(current_->Dispatch().Get(), L"InVals")) {
-        SetItem(inputs.Get(), name, Variant(std::wstring_view(text)));
+    if (const auto inputs = ObjectProperty(current_->Dispatch().Get(), u"InVals")) {
+        SetItem(inputs.Get(), name, Com::Variant(TextView(text)));
     }
-    if (IsChecked(autoFire_)) {
+    if (IsChecked(autoFire_.Get())) {
         Fire();
     }
 }
 
 void RunPanel::Fire() {
-    CallMember(current_->Dispatch().Get(), L"Fire", {}, DISPATCH_METHOD);
+    CallMember(current_->Dispatch().Get(), u"Fire", {}, DISPATCH_METHOD);
     ShowOutputs();
 }
 
 void RunPanel::ShowInputs() {
-    const auto inputs = ObjectProperty(current_->Dispatch().Get(), L"InVals");
+    const auto inputs = ObjectProperty(current_->Dispatch().Get(), u"InVals");
     if (!inputs) {
         return;
     }
@@ -280,19 +279,19 @@ void RunPanel::ShowInputs() {
 }
 
 void RunPanel::ShowOutputs() {
-    const auto outputs = ObjectProperty(current_->Dispatch().Get(), L"OutVals");
-    ListView_DeleteAllItems(outputList_);
+    const auto outputs = ObjectProperty(current_->Dispatch().Get(), u"OutVals");
+    ListView_DeleteAllItems(outputList_.Get());
     if (!outputs) {
         return;
     }
-    for (const std::wstring& key : KeysOf(outputs.Get())) {
-        AddRow(outputList_, {key, ValueText(ItemOf(outputs.Get(), key))});
+    for (const Text& key : KeysOf(outputs.Get())) {
+        AddRow(outputList_.Get(), {key, ValueText(ItemOf(outputs.Get(), key))});
     }
 }
 
 void RunPanel::SetDataShow() {
-    const bool shows = IsChecked(dataShow_);
-    SetProperty(current_->Dispatch().Get(), L"DataShow", Variant(shows));
+    const bool shows = IsChecked(dataShow_.Get());
+    SetProperty(current_->Dispatch().Get(), u"DataShow", Com::Variant(shows));
     if (shows) {
         showingData_.insert(current_);
     } else {
@@ -300,22 +299,23 @@ void RunPanel::SetDataShow() {
     }
 }
 
-void RunPanel::OnEvent(const std::wstring& control, const std::wstring& event) {
-    auto& [count, row] = counts_[control + L"." + event];
+void RunPanel::OnEvent(const Text& control, const Text& event) {
+    auto& [count, row] = counts_[control + u"." + event];
     if (count++ == 0) {
-        row = AddRow(eventLog_, {control + L"." + event, L""});
+        row = AddRow(eventLog_.Get(), {control + u"." + event, u""});
     }
     if (batchProgress_ && !batchProgress_->OnPoint()) {
         return;
     }
-    SetCell(eventLog_, row, 1, std::to_wstring(count));
-    UpdateWindow(eventLog_);
+    SetCell(eventLog_.Get(), row, 1, Widen(std::to_string(count)));
+    ::UpdateWindow(eventLog_.Get());
 }
 
 void RunPanel::RunBatch() {
-    const int divisions = std::clamp(_wtoi(TextOf(divisions_).c_str()), 1, MostDivisions);
-    SetWindowTextW(divisions_, std::to_wstring(divisions).c_str());
-    const auto folder = AskForBatchFolder(GetAncestor(Handle(), GA_ROOT), batchFolder_);
+    const int divisions =
+        std::clamp(_wtoi(Win::Wide(Win::TextOf(divisions_.Get()))), 1, MostDivisions);
+    Win::ShowText(divisions_.Get(), Widen(std::to_string(divisions)));
+    const auto folder = AskForBatchFolder(::GetAncestor(Get(), GA_ROOT), batchFolder_);
     if (folder.empty()) {
         return;
     }
@@ -329,10 +329,10 @@ void RunPanel::RunBatch() {
 bool RunPanel::Tabulate(int divisions) {
     const double points = std::pow(divisions + 1, static_cast<double>(inputs_.size()));
     const WaitPointer waiting;
-    batchProgress_ = std::make_unique<BatchProgress>(progress_, points);
+    batchProgress_ = std::make_unique<BatchProgress>(progress_.Get(), points);
     try {
-        CallMember(current_->Dispatch().Get(), L"BatchData",
-                   {Variant(std::wstring_view(batchFolder_.wstring())), Variant(LONG{divisions})},
+        CallMember(current_->Dispatch().Get(), u"BatchData",
+                   {Com::Variant(TextView(PathText(batchFolder_))), Com::Variant(LONG{divisions})},
                    DISPATCH_METHOD);
     } catch (...) {
         batchProgress_.reset();
@@ -355,7 +355,7 @@ void RunPanel::ShowBatch(bool isComplete) {
 }
 
 void RunPanel::ShowChosenOutput() {
-    const auto output = SendMessageW(outputChoice_, CB_GETCURSEL, 0, 0);
+    const auto output = ::SendMessageW(outputChoice_.Get(), CB_GETCURSEL, 0, 0);
     if (output >= 0) {
         const auto index = static_cast<std::size_t>(output);
         picture_->ShowOutput(index, outputs_[index].Name);

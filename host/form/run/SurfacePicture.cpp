@@ -2,15 +2,17 @@
 // SurfacePicture: the control surface, drawn from the points of a batch.
 #include "host/form/run/SurfacePicture.h"
 
-#include "host/form/parts/Automation.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cwchar>
+#include <cstdio>
+#include <cstdlib>
+
+#include "host/form/parts/Automation.h"
+#include "win/Dpi.h"
+#include "win/WideText.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 /// How wide a surface may be, in quarters of its height.
@@ -37,15 +39,16 @@ COLORREF ShadeOf(double share) {
     return RGB(mix(from.Red, to.Red), mix(from.Green, to.Green), mix(from.Blue, to.Blue));
 }
 
-void PrintCentred(HDC context, const std::wstring& text, RECT area, UINT vertical) {
-    DrawTextW(context, text.c_str(), -1, &area, DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | vertical);
+void PrintCentred(HDC context, const Text& text, RECT area, UINT vertical) {
+    ::DrawTextW(context, Win::Wide(text), -1, &area,
+                DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | vertical);
 }
 
 /// A number with four digits, as the user writes it.
-std::wstring Short(double number) {
-    std::array<wchar_t, 32> text{};
-    swprintf(text.data(), text.size(), L"%.4g", number);
-    return ValueText(Variant(std::wcstod(text.data(), nullptr)));
+Text Short(double number) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.4g", number);
+    return ValueText(Com::Variant(std::strtod(text.data(), nullptr)));
 }
 
 /// The lines of a square grid that are drawn: all, or every so many and the last one.
@@ -63,16 +66,16 @@ std::vector<std::size_t> DrawnLines(std::size_t side, int width) {
 } // namespace
 
 SurfacePicture::SurfacePicture(HWND parent) {
-    Create(L"QuorvaneSurfacePicture", L"Response surface", WS_CHILD | WS_VISIBLE, parent);
+    Create<SurfacePicture>(u"Response surface", WS_CHILD | WS_VISIBLE, parent);
 }
 
-void SurfacePicture::SetPoints(BatchPoints points, std::vector<std::wstring> inputs) {
+void SurfacePicture::SetPoints(BatchPoints points, std::vector<Text> inputs) {
     points_ = std::move(points);
     inputs_ = std::move(inputs);
     values_.clear();
 }
 
-void SurfacePicture::ShowOutput(std::size_t output, std::wstring name) {
+void SurfacePicture::ShowOutput(std::size_t output, Text name) {
     if (output >= points_.OutputCount) {
         return;
     }
@@ -94,7 +97,7 @@ void SurfacePicture::ShowMessage(TextId message) {
     DrawAnew();
 }
 
-LRESULT SurfacePicture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT SurfacePicture::OnMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_PAINT:
         Paint();
@@ -105,31 +108,26 @@ LRESULT SurfacePicture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         DrawAnew();
         return 0;
     default:
-        return Window::OnMessage(message, wParam, lParam);
+        return ProgramWindow::OnMessage(message, first, second);
     }
 }
 
 void SurfacePicture::Paint() {
-    PAINTSTRUCT paint{};
-    const HDC screen = BeginPaint(Handle(), &paint);
+    const Win::PaintDc screen(Get());
     if (!drawn_) {
-        RECT area{};
-        GetClientRect(Handle(), &area);
-        drawn_ = std::make_unique<MemoryBitmap>(screen, area, COLOR_WINDOW);
-        SetBkMode(drawn_->Context(), TRANSPARENT);
-        // The message font is shared: it is left selected no longer than it is drawn with, and is
-        // not deleted.
-        const HGDIOBJ former = SelectObject(drawn_->Context(), MessageFont(DpiOf(Handle())));
+        const RECT area = Win::ClientArea(Get());
+        drawn_ = std::make_unique<Win::MemoryBitmap>(screen.Get(), area, COLOR_WINDOW);
+        ::SetBkMode(drawn_->Context(), TRANSPARENT);
+        // The message font is shared: it is left selected no longer than it is drawn with.
+        const Win::Selection font(drawn_->Context(), MessageFont(Win::DpiOf(Get())));
         Draw(drawn_->Context(), area);
-        SelectObject(drawn_->Context(), former);
     }
-    drawn_->CopyTo(screen);
-    EndPaint(Handle(), &paint);
+    drawn_->CopyTo(screen.Get());
 }
 
 void SurfacePicture::DrawAnew() {
     drawn_.reset();
-    InvalidateRect(Handle(), nullptr, FALSE);
+    ::InvalidateRect(Get(), nullptr, FALSE);
 }
 
 void SurfacePicture::Draw(HDC context, const RECT& area) const {
@@ -144,8 +142,8 @@ void SurfacePicture::Draw(HDC context, const RECT& area) const {
 
 void SurfacePicture::DrawCurve(HDC context, const RECT& area) const {
     RECT plot = area;
-    InflateRect(&plot, -Scaled(36), -Scaled(24));
-    FrameRect(context, &plot, GetSysColorBrush(COLOR_BTNSHADOW));
+    ::InflateRect(&plot, -Scaled(36), -Scaled(24));
+    ::FrameRect(context, &plot, ::GetSysColorBrush(COLOR_BTNSHADOW));
     const double first = points_.Inputs.front();
     const double last = points_.Inputs.back();
     std::vector<POINT> line;
@@ -156,12 +154,13 @@ void SurfacePicture::DrawCurve(HDC context, const RECT& area) const {
                         plot.bottom - std::lround(up * (plot.bottom - plot.top))});
     }
     {
-        const Selected pen(context, CreatePen(PS_SOLID, Scaled(2), RGB(38, 100, 160)));
-        Polyline(context, line.data(), static_cast<int>(line.size()));
+        const Win::Pen pen(::CreatePen(PS_SOLID, Scaled(2), RGB(38, 100, 160)));
+        const Win::Selection penInUse(context, pen.Get());
+        ::Polyline(context, line.data(), static_cast<int>(line.size()));
     }
-    PrintCentred(context, inputs_[0] + L"  " + Short(first) + L" \x2026 " + Short(last), area,
+    PrintCentred(context, inputs_[0] + u"  " + Short(first) + u" \u2026 " + Short(last), area,
                  DT_BOTTOM);
-    PrintCentred(context, outputName_ + L"  " + Short(lowest_) + L" \x2026 " + Short(highest_),
+    PrintCentred(context, outputName_ + u"  " + Short(lowest_) + u" \u2026 " + Short(highest_),
                  area, DT_TOP);
 }
 
@@ -183,7 +182,8 @@ void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
         return POINT{start + std::lround((0.5 + (a - b) * 0.5) * width),
                      area.bottom - Scaled(24) - std::lround(((a + b) * 0.27 + z * 0.46) * height)};
     };
-    const Selected pen(context, CreatePen(PS_SOLID, 1, RGB(70, 70, 70)));
+    const Win::Pen pen(::CreatePen(PS_SOLID, 1, RGB(70, 70, 70)));
+    const Win::Selection penInUse(context, pen.Get());
     const auto value = [&](std::size_t i, std::size_t j) { return values_[i * side + j]; };
     const std::vector<std::size_t> lines = DrawnLines(side, width);
     // The far tiles first, so that near ones cover them.
@@ -197,13 +197,14 @@ void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
                 (value(i, j) + value(beyondI, j) + value(i, beyondJ) + value(beyondI, beyondJ)) / 4;
             const std::array<POINT, 4> tile = {project(i, j), project(beyondI, j),
                                                project(beyondI, beyondJ), project(i, beyondJ)};
-            const Selected brush(
-                context, CreateSolidBrush(ShadeOf((mean - lowest_) / (highest_ - lowest_))));
-            Polygon(context, tile.data(), static_cast<int>(tile.size()));
+            const Win::Brush brush(
+                ::CreateSolidBrush(ShadeOf((mean - lowest_) / (highest_ - lowest_))));
+            const Win::Selection brushInUse(context, brush.Get());
+            ::Polygon(context, tile.data(), static_cast<int>(tile.size()));
         }
     }
     const auto range = [&](std::size_t axis) {
-        return inputs_[axis] + L"  " + Short(points_.Input(0, axis)) + L" \x2026 " +
+        return inputs_[axis] + u"  " + Short(points_.Input(0, axis)) + u" \u2026 " +
                Short(points_.Input(points_.Size() - 1, axis));
     };
     RECT left = area;
@@ -212,7 +213,7 @@ void SurfacePicture::DrawSurface(HDC context, const RECT& area) const {
     right.left = left.right;
     PrintCentred(context, range(1), left, DT_BOTTOM);
     PrintCentred(context, range(0), right, DT_BOTTOM);
-    PrintCentred(context, outputName_ + L"  " + Short(lowest_) + L" \x2026 " + Short(highest_),
+    PrintCentred(context, outputName_ + u"  " + Short(lowest_) + u" \u2026 " + Short(highest_),
                  area, DT_TOP);
 }
 

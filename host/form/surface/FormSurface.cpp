@@ -2,15 +2,15 @@
 // FormSurface: the form itself, with its controls live in run mode and to be moved in design mode.
 #include "host/form/surface/FormSurface.h"
 
-#include "host/form/parts/Drawing.h"
+#include <windowsx.h>
 
 #include <algorithm>
 #include <array>
 
-#include <windowsx.h>
+#include "win/Keyboard.h"
+#include "win/MemoryBitmap.h"
 
 namespace Quorvane::Host {
-
 namespace {
 
 constexpr int GridStep = 8;
@@ -24,8 +24,8 @@ LONG Snapped(LONG value, int step) {
 } // namespace
 
 FormSurface::FormSurface(HWND parent, FormSurfaceOwner& owner) : owner_(owner) {
-    Create(L"QuorvaneFormSurface", L"Form", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP,
-           parent, nullptr, WS_EX_CLIENTEDGE);
+    Create<FormSurface>(u"Form", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP, parent,
+                        WS_EX_CLIENTEDGE);
 }
 
 FormSurface::~FormSurface() {
@@ -39,7 +39,7 @@ void FormSurface::Clear() {
     while (!controls_.empty()) {
         controls_.pop_back();
     }
-    InvalidateRect(Handle(), nullptr, TRUE);
+    ::InvalidateRect(Get(), nullptr, TRUE);
 }
 
 void FormSurface::Load(const FormFile& form, const PlacementSettings& settings) {
@@ -47,10 +47,10 @@ void FormSurface::Load(const FormFile& form, const PlacementSettings& settings) 
     settings_ = settings;
     // In run mode the Tab key goes to the windows of the controls; in design mode there are none,
     // and it stops at the form.
-    const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_EXSTYLE);
-    SetWindowLongPtrW(Handle(), GWL_EXSTYLE,
-                      settings_.RunMode ? style | WS_EX_CONTROLPARENT
-                                        : style & ~LONG_PTR{WS_EX_CONTROLPARENT});
+    const LONG_PTR style = ::GetWindowLongPtrW(Get(), GWL_EXSTYLE);
+    ::SetWindowLongPtrW(Get(), GWL_EXSTYLE,
+                        settings_.RunMode ? style | WS_EX_CONTROLPARENT
+                                          : style & ~LONG_PTR{WS_EX_CONTROLPARENT});
     try {
         for (const FormControl& control : form.Controls) {
             controls_.push_back(std::make_unique<PlacedControl>(
@@ -83,7 +83,7 @@ void FormSurface::RemoveSelected() {
     if (found != controls_.end()) {
         Select(nullptr);
         controls_.erase(found);
-        InvalidateRect(Handle(), nullptr, TRUE);
+        ::InvalidateRect(Get(), nullptr, TRUE);
         owner_.OnFormChanged();
     }
 }
@@ -98,19 +98,19 @@ std::vector<FormControl> FormSurface::Save() const {
 
 void FormSurface::Select(PlacedControl* control) {
     selected_ = control;
-    InvalidateRect(Handle(), nullptr, FALSE);
+    ::InvalidateRect(Get(), nullptr, FALSE);
     owner_.OnSelectionChanged();
 }
 
 void FormSurface::OnPropertyChanged() {
     if (!settings_.RunMode) {
-        InvalidateRect(Handle(), nullptr, FALSE);
+        ::InvalidateRect(Get(), nullptr, FALSE);
         owner_.OnFormChanged();
     }
 }
 
-LRESULT FormSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    const POINT point = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+LRESULT FormSurface::OnMessage(UINT message, WPARAM first, LPARAM second) {
+    const POINT point = {GET_X_LPARAM(second), GET_Y_LPARAM(second)};
     const bool isDesign = !settings_.RunMode;
     switch (message) {
     case WM_PAINT:
@@ -119,47 +119,47 @@ LRESULT FormSurface::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
         return 1;
     case WM_GETDLGCODE:
-        return DialogCode(wParam);
+        return DialogCode(first);
     case WM_LBUTTONDOWN:
-        SetFocus(Handle());
+        ::SetFocus(Get());
         if (isDesign) {
             BeginDrag(point);
         }
         return 0;
     case WM_MOUSEMOVE:
-        if (isDesign && GetCapture() == Handle()) {
+        if (isDesign && ::GetCapture() == Get()) {
             Drag(point);
         } else if (isDesign) {
             SetPointer(point);
         }
         return 0;
     case WM_LBUTTONUP:
-        ReleaseCapture();
+        ::ReleaseCapture();
         return 0;
     case WM_LBUTTONDBLCLK:
         if (isDesign && ControlAt(point)) {
-            ReleaseCapture();
+            ::ReleaseCapture();
             owner_.OnPropertyFrameWanted();
         }
         return 0;
     case WM_KEYDOWN:
         if (isDesign) {
-            OnKey(wParam);
+            OnKey(first);
         }
         return 0;
     case WM_SETCURSOR:
-        if (isDesign && LOWORD(lParam) == HTCLIENT) {
+        if (isDesign && LOWORD(second) == HTCLIENT) {
             return TRUE;
         }
         break;
     default:
         break;
     }
-    return Window::OnMessage(message, wParam, lParam);
+    return ProgramWindow::OnMessage(message, first, second);
 }
 
 void FormSurface::Paint() {
-    const BufferedPaint paint(Handle(), COLOR_BTNFACE);
+    const Win::BufferedPaint paint(Get(), COLOR_BTNFACE);
     if (settings_.RunMode) {
         return;
     }
@@ -172,10 +172,10 @@ void FormSurface::Paint() {
 
 void FormSurface::DrawGrid(HDC context, const RECT& area) const {
     const int step = Scaled(GridStep);
-    const COLORREF dots = GetSysColor(COLOR_BTNSHADOW);
+    const COLORREF dots = ::GetSysColor(COLOR_BTNSHADOW);
     for (int y = 0; y < area.bottom; y += step) {
         for (int x = 0; x < area.right; x += step) {
-            SetPixelV(context, x, y, dots);
+            ::SetPixelV(context, x, y, dots);
         }
     }
 }
@@ -186,7 +186,7 @@ void FormSurface::DrawSelection(HDC context) const {
     }
     const RECT& place = selected_->Place();
     // A part of the control may be of the form's colour: its edges are seen all the same.
-    FrameRect(context, &place, GetSysColorBrush(COLOR_HIGHLIGHT));
+    ::FrameRect(context, &place, ::GetSysColorBrush(COLOR_HIGHLIGHT));
     const int half = Scaled(HandleSize) / 2;
     const LONG right = place.right - 1;
     const LONG bottom = place.bottom - 1;
@@ -197,7 +197,7 @@ void FormSurface::DrawSelection(HDC context) const {
             if (i != 1 || j != 1) {
                 const RECT handle = {across[i] - half, down[j] - half, across[i] + half + 1,
                                      down[j] + half + 1};
-                FillRect(context, &handle, GetSysColorBrush(COLOR_HIGHLIGHT));
+                ::FillRect(context, &handle, ::GetSysColorBrush(COLOR_HIGHLIGHT));
             }
         }
     }
@@ -207,7 +207,7 @@ PlacedControl* FormSurface::ControlAt(POINT point) const {
     // The last one lies on top.
     const auto found =
         std::find_if(controls_.rbegin(), controls_.rend(),
-                     [point](const auto& control) { return PtInRect(&control->Place(), point); });
+                     [point](const auto& control) { return ::PtInRect(&control->Place(), point); });
     return found == controls_.rend() ? nullptr : found->get();
 }
 
@@ -217,8 +217,8 @@ FormSurface::Grip FormSurface::GripAt(POINT point) const {
     }
     const int reach = Scaled(HandleSize);
     RECT around = selected_->Place();
-    InflateRect(&around, reach, reach);
-    if (!PtInRect(&around, point)) {
+    ::InflateRect(&around, reach, reach);
+    if (!::PtInRect(&around, point)) {
         return {};
     }
     const RECT& place = selected_->Place();
@@ -239,7 +239,7 @@ void FormSurface::SetPointer(POINT point) const {
                              : grip.Top || grip.Bottom ? IDC_SIZENS
                              : ControlAt(point)        ? IDC_SIZEALL
                                                        : IDC_ARROW;
-    SetCursor(LoadCursorW(nullptr, pointer));
+    ::SetCursor(::LoadCursorW(nullptr, pointer));
 }
 
 void FormSurface::BeginDrag(POINT point) {
@@ -251,7 +251,7 @@ void FormSurface::BeginDrag(POINT point) {
     if (selected_) {
         dragStart_ = point;
         dragPlace_ = selected_->Place();
-        SetCapture(Handle());
+        ::SetCapture(Get());
     }
 }
 
@@ -264,8 +264,8 @@ void FormSurface::Drag(POINT point) {
     const LONG dy = point.y - dragStart_.y;
     RECT place = dragPlace_;
     if (grip_.Left && grip_.Right && grip_.Top && grip_.Bottom) {
-        OffsetRect(&place, Snapped(place.left + dx, step) - place.left,
-                   Snapped(place.top + dy, step) - place.top);
+        ::OffsetRect(&place, Snapped(place.left + dx, step) - place.left,
+                     Snapped(place.top + dy, step) - place.top);
     } else {
         const int least = Scaled(SmallestSide);
         if (grip_.Left) {
@@ -292,7 +292,7 @@ LRESULT FormSurface::DialogCode(WPARAM key) const {
 }
 
 PlacedControl* FormSurface::NextControl() const {
-    const bool isBackward = GetKeyState(VK_SHIFT) < 0;
+    const bool isBackward = Win::IsPressed(VK_SHIFT);
     if (controls_.empty()) {
         return nullptr;
     }
@@ -326,20 +326,20 @@ void FormSurface::MoveByKey(WPARAM key) {
         return;
     }
     RECT place = selected_->Place();
-    if (GetKeyState(VK_SHIFT) < 0) {
+    if (Win::IsPressed(VK_SHIFT)) {
         const int least = Scaled(SmallestSide);
         place.right = std::max(place.right + dx, place.left + least);
         place.bottom = std::max(place.bottom + dy, place.top + least);
     } else {
-        OffsetRect(&place, dx, dy);
+        ::OffsetRect(&place, dx, dy);
     }
     PlaceSelected(place);
 }
 
 void FormSurface::PlaceSelected(const RECT& place) {
-    if (!EqualRect(&place, &selected_->Place())) {
+    if (!::EqualRect(&place, &selected_->Place())) {
         selected_->SetPlace(place);
-        InvalidateRect(Handle(), nullptr, FALSE);
+        ::InvalidateRect(Get(), nullptr, FALSE);
         owner_.OnFormChanged();
     }
 }

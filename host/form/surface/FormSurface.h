@@ -2,20 +2,20 @@
 // FormSurface: the form itself, with its controls live in run mode and to be moved in design mode.
 #pragma once
 
-#include "host/form/parts/Window.h"
-#include "host/form/surface/PlacedControl.h"
-
 #include <functional>
 #include <memory>
-#include <string>
 #include <vector>
+
+#include "host/form/parts/ProgramWindow.h"
+#include "host/form/surface/PlacedControl.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
 /// What the surface tells the window it is in.
 class FormSurfaceOwner {
   public:
-    virtual void OnControlEvent(const std::wstring& control, const std::wstring& event) = 0;
+    virtual void OnControlEvent(const Text& control, const Text& event) = 0;
     /// The selection or a property of a control has changed.
     virtual void OnSelectionChanged() = 0;
     virtual void OnFormChanged() = 0;
@@ -25,8 +25,10 @@ class FormSurfaceOwner {
     ~FormSurfaceOwner() = default;
 };
 
-class FormSurface final : public Window, public PlacedControlOwner {
+class FormSurface final : public ProgramWindow, public PlacedControlOwner {
   public:
+    static constexpr const wchar_t* ClassName = L"QuorvaneFormSurface";
+
     FormSurface(HWND parent, FormSurfaceOwner& owner);
     ~FormSurface() override;
 
@@ -42,7 +44,7 @@ class FormSurface final : public Window, public PlacedControlOwner {
 
     void Clear();
 
-    /// The blocks of all controls as they are now. Throws HResultError.
+    /// The blocks of all controls as they are now. Throws Com::HresultError.
     std::vector<FormControl> Save() const;
 
     const std::vector<std::unique_ptr<PlacedControl>>& Controls() const { return controls_; }
@@ -55,7 +57,7 @@ class FormSurface final : public Window, public PlacedControlOwner {
     IOleInPlaceActiveObject* ActiveObject() const { return activeObject_.Get(); }
 
   protected:
-    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
   private:
     /// Which edges of a control a drag moves; all of them to move it whole.
@@ -80,19 +82,19 @@ class FormSurface final : public Window, public PlacedControlOwner {
     void SetPointer(POINT point) const;
 
     // PlacedControlOwner
-    HWND ControlWindow() override { return Handle(); }
-    void OnControlEvent(const std::wstring& control, const std::wstring& event) override {
+    HWND ControlWindow() override { return Get(); }
+    void OnControlEvent(const Text& control, const Text& event) override {
         owner_.OnControlEvent(control, event);
     }
     void OnActiveObject(IOleInPlaceActiveObject* object) override { activeObject_ = object; }
     void OnPropertyChanged() override;
-    void OnPropertyFrameWanted(const std::wstring&) override { owner_.OnPropertyFrameWanted(); }
+    void OnPropertyFrameWanted(const Text&) override { owner_.OnPropertyFrameWanted(); }
 
     FormSurfaceOwner& owner_;
     PlacementSettings settings_;
     std::vector<std::unique_ptr<PlacedControl>> controls_;
     PlacedControl* selected_ = nullptr;
-    ComPtr<IOleInPlaceActiveObject> activeObject_;
+    Com::ComPtr<IOleInPlaceActiveObject> activeObject_;
     Grip grip_;
     POINT dragStart_{};
     RECT dragPlace_{};

@@ -2,34 +2,18 @@
 // InPlaceSite: the place on a form's window that holds one control.
 #include "host/form/surface/InPlaceSite.h"
 
-#include "host/container/HResult.h"
-#include "host/form/parts/Window.h"
+#include "win/Dpi.h"
 
 namespace Quorvane::Host {
-
-namespace {
-
-constexpr double HimetricPerInch = 2540;
-
-} // namespace
-
-HRESULT STDMETHODCALLTYPE InPlaceFrame::QueryInterface(REFIID iid, void** object) noexcept {
-    if (object && (iid == __uuidof(IOleWindow) || iid == __uuidof(IOleInPlaceUIWindow))) {
-        return ComObject::QueryInterface(__uuidof(IOleInPlaceFrame), object);
-    }
-    return ComObject::QueryInterface(iid, object);
-}
-
-HRESULT STDMETHODCALLTYPE InPlaceFrame::GetWindow(HWND* window) noexcept {
+STDMETHODIMP InPlaceFrame::GetWindow(HWND* window) noexcept {
     if (!window) {
         return E_POINTER;
     }
-    *window = owner_ ? GetAncestor(owner_->SiteWindow(), GA_ROOT) : nullptr;
+    *window = owner_ ? ::GetAncestor(owner_->SiteWindow(), GA_ROOT) : nullptr;
     return *window ? S_OK : E_FAIL;
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceFrame::SetActiveObject(IOleInPlaceActiveObject* object,
-                                                        LPCOLESTR) noexcept {
+STDMETHODIMP InPlaceFrame::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) noexcept {
     if (owner_) {
         owner_->SetActiveObject(object);
     }
@@ -37,41 +21,33 @@ HRESULT STDMETHODCALLTYPE InPlaceFrame::SetActiveObject(IOleInPlaceActiveObject*
 }
 
 InPlaceSite::InPlaceSite(SiteOwner& owner, AmbientProperties ambients)
-    : owner_(&owner), ambients_(MakeCom<ControlSite>(std::move(ambients))),
-      frame_(MakeCom<InPlaceFrame>(owner)) {}
+    : owner_(&owner), ambients_(Com::MakeObject<ControlSite>(std::move(ambients))),
+      frame_(Com::MakeObject<InPlaceFrame>(owner)) {}
 
 void InPlaceSite::Detach() {
     owner_ = nullptr;
     frame_->Detach();
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::QueryInterface(REFIID iid, void** object) noexcept {
-    if (object && iid == __uuidof(IOleWindow)) {
-        return ComObject::QueryInterface(__uuidof(IOleInPlaceSite), object);
-    }
-    return ComObject::QueryInterface(iid, object);
-}
-
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetMoniker(DWORD assign, DWORD which,
-                                                  IMoniker** moniker) noexcept {
+STDMETHODIMP InPlaceSite::GetMoniker(DWORD assign, DWORD which, IMoniker** moniker) noexcept {
     return ambients_->GetMoniker(assign, which, moniker);
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetContainer(IOleContainer** container) noexcept {
+STDMETHODIMP InPlaceSite::GetContainer(IOleContainer** container) noexcept {
     return ambients_->GetContainer(container);
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetExtendedControl(IDispatch** control) noexcept {
+STDMETHODIMP InPlaceSite::GetExtendedControl(IDispatch** control) noexcept {
     return ambients_->GetExtendedControl(control);
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::TransformCoords(POINTL* himetric, POINTF* container,
-                                                       DWORD flags) noexcept {
+STDMETHODIMP InPlaceSite::TransformCoords(POINTL* himetric, POINTF* container,
+                                          DWORD flags) noexcept {
     if (!himetric || !container) {
         return E_POINTER;
     }
-    const double dpi = owner_ ? DpiOf(owner_->SiteWindow()) : USER_DEFAULT_SCREEN_DPI;
-    const double scale = dpi / HimetricPerInch;
+    const double dpi = owner_ ? Win::DpiOf(owner_->SiteWindow()) : USER_DEFAULT_SCREEN_DPI;
+    const double scale = dpi / Win::HimetricPerInch;
     if ((flags & XFORMCOORDS_HIMETRICTOCONTAINER) != 0) {
         container->x = static_cast<float>(himetric->x * scale);
         container->y = static_cast<float>(himetric->y * scale);
@@ -82,21 +58,21 @@ HRESULT STDMETHODCALLTYPE InPlaceSite::TransformCoords(POINTL* himetric, POINTF*
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::OnFocus(BOOL hasFocus) noexcept {
+STDMETHODIMP InPlaceSite::OnFocus(BOOL hasFocus) noexcept {
     if (owner_) {
         owner_->OnSiteFocus(hasFocus != FALSE);
     }
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::ShowPropertyFrame() noexcept {
+STDMETHODIMP InPlaceSite::ShowPropertyFrame() noexcept {
     if (owner_) {
         owner_->ShowPropertyFrame();
     }
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetWindow(HWND* window) noexcept {
+STDMETHODIMP InPlaceSite::GetWindow(HWND* window) noexcept {
     if (!window) {
         return E_POINTER;
     }
@@ -104,10 +80,9 @@ HRESULT STDMETHODCALLTYPE InPlaceSite::GetWindow(HWND* window) noexcept {
     return *window ? S_OK : E_FAIL;
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetWindowContext(IOleInPlaceFrame** frame,
-                                                        IOleInPlaceUIWindow** document,
-                                                        LPRECT position, LPRECT clip,
-                                                        LPOLEINPLACEFRAMEINFO info) noexcept {
+STDMETHODIMP InPlaceSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+                                           LPRECT position, LPRECT clip,
+                                           LPOLEINPLACEFRAMEINFO info) noexcept {
     if (!frame || !document || !position || !clip || !info) {
         return E_POINTER;
     }
@@ -116,40 +91,39 @@ HRESULT STDMETHODCALLTYPE InPlaceSite::GetWindowContext(IOleInPlaceFrame** frame
     if (!owner_) {
         return E_UNEXPECTED;
     }
-    ComPtr<IOleInPlaceFrame>(frame_).CopyTo(frame);
+    Com::ComPtr<IOleInPlaceFrame>(frame_).CopyTo(frame);
     *position = owner_->SiteRectangle();
     *clip = *position;
     info->fMDIApp = FALSE;
-    info->hwndFrame = GetAncestor(owner_->SiteWindow(), GA_ROOT);
+    info->hwndFrame = ::GetAncestor(owner_->SiteWindow(), GA_ROOT);
     info->haccel = nullptr;
     info->cAccelEntries = 0;
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::OnPosRectChange(LPCRECT position) noexcept {
+STDMETHODIMP InPlaceSite::OnPosRectChange(LPCRECT position) noexcept {
     if (owner_ && position) {
         owner_->MoveSite(*position);
     }
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetTypeInfoCount(UINT* count) noexcept {
+STDMETHODIMP InPlaceSite::GetTypeInfoCount(UINT* count) noexcept {
     return ambients_->GetTypeInfoCount(count);
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetTypeInfo(UINT index, LCID locale,
-                                                   ITypeInfo** info) noexcept {
+STDMETHODIMP InPlaceSite::GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept {
     return ambients_->GetTypeInfo(index, locale, info);
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count,
-                                                     LCID locale, DISPID* ids) noexcept {
+STDMETHODIMP InPlaceSite::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
+                                        DISPID* ids) noexcept {
     return ambients_->GetIDsOfNames(iid, names, count, locale, ids);
 }
 
-HRESULT STDMETHODCALLTYPE InPlaceSite::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags,
-                                              DISPPARAMS* arguments, VARIANT* result,
-                                              EXCEPINFO* exception, UINT* badArgument) noexcept {
+STDMETHODIMP InPlaceSite::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags,
+                                 DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                                 UINT* badArgument) noexcept {
     return ambients_->Invoke(id, iid, locale, flags, arguments, result, exception, badArgument);
 }
 

@@ -2,14 +2,14 @@
 // InPlaceSite: the place on a form's window that holds one control.
 #pragma once
 
-#include "host/container/AmbientProperties.h"
-#include "host/container/ComObject.h"
-#include "host/container/ControlSite.h"
+#include <ocidl.h>
+#include <oleidl.h>
 
 #include <functional>
 
-#include <ocidl.h>
-#include <oleidl.h>
+#include "com/ComObject.h"
+#include "host/container/AmbientProperties.h"
+#include "host/container/ControlSite.h"
 
 namespace Quorvane::Host {
 
@@ -41,39 +41,33 @@ class SiteOwner {
 
 /// The frame window of in-place activation: the form has no menus or borders to share, it only
 /// notes the active object.
-class InPlaceFrame final : public ComObject<IOleInPlaceFrame> {
+class InPlaceFrame final
+    : public Com::ComObject<Com::Chain<IOleInPlaceFrame, IOleInPlaceUIWindow, IOleWindow>> {
   public:
     explicit InPlaceFrame(SiteOwner& owner) : owner_(&owner) {}
 
     /// The owner is going; calls end here from now on.
     void Detach() { owner_ = nullptr; }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
-
     // IOleWindow
-    HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) noexcept override;
-    HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetWindow(HWND* window) noexcept override;
+    STDMETHODIMP ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }
 
     // IOleInPlaceUIWindow
-    HRESULT STDMETHODCALLTYPE GetBorder(LPRECT) noexcept override { return INPLACE_E_NOTOOLSPACE; }
-    HRESULT STDMETHODCALLTYPE RequestBorderSpace(LPCBORDERWIDTHS) noexcept override {
+    STDMETHODIMP GetBorder(LPRECT) noexcept override { return INPLACE_E_NOTOOLSPACE; }
+    STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) noexcept override {
         return INPLACE_E_NOTOOLSPACE;
     }
-    HRESULT STDMETHODCALLTYPE SetBorderSpace(LPCBORDERWIDTHS) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE SetActiveObject(IOleInPlaceActiveObject* object,
-                                              LPCOLESTR name) noexcept override;
+    STDMETHODIMP SetBorderSpace(LPCBORDERWIDTHS) noexcept override { return S_OK; }
+    STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR name) noexcept override;
 
     // IOleInPlaceFrame
-    HRESULT STDMETHODCALLTYPE InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) noexcept override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE SetMenu(HMENU, HOLEMENU, HWND) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE RemoveMenus(HMENU) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetStatusText(LPCOLESTR) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(LPMSG, WORD) noexcept override {
-        return S_FALSE;
-    }
+    STDMETHODIMP InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) noexcept override { return S_OK; }
+    STDMETHODIMP RemoveMenus(HMENU) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP SetStatusText(LPCOLESTR) noexcept override { return S_OK; }
+    STDMETHODIMP EnableModeless(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP TranslateAccelerator(LPMSG, WORD) noexcept override { return S_FALSE; }
 
   private:
     ~InPlaceFrame() override = default;
@@ -83,70 +77,64 @@ class InPlaceFrame final : public ComObject<IOleInPlaceFrame> {
 
 /// The site of a control with windows. Ambient properties are those of a ControlSite.
 class InPlaceSite final
-    : public ComObject<IOleClientSite, IOleControlSite, IOleInPlaceSite, IDispatch> {
+    : public Com::ComObject<IOleClientSite, IOleControlSite,
+                            Com::Chain<IOleInPlaceSite, IOleWindow>, IDispatch> {
   public:
     InPlaceSite(SiteOwner& owner, AmbientProperties ambients);
 
     /// The owner is going; calls end here from now on.
     void Detach();
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
-
     // IOleClientSite
-    HRESULT STDMETHODCALLTYPE SaveObject() noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) noexcept override;
-    HRESULT STDMETHODCALLTYPE ShowObject() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP SaveObject() noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept override;
+    STDMETHODIMP GetContainer(IOleContainer** container) noexcept override;
+    STDMETHODIMP ShowObject() noexcept override { return S_OK; }
+    STDMETHODIMP OnShowWindow(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP RequestNewObjectLayout() noexcept override { return E_NOTIMPL; }
 
     // IOleControlSite
-    HRESULT STDMETHODCALLTYPE OnControlInfoChanged() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** control) noexcept override;
-    HRESULT STDMETHODCALLTYPE TransformCoords(POINTL* himetric, POINTF* container,
-                                              DWORD flags) noexcept override;
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) noexcept override {
-        return S_FALSE;
-    }
-    HRESULT STDMETHODCALLTYPE OnFocus(BOOL hasFocus) noexcept override;
-    HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override;
+    STDMETHODIMP OnControlInfoChanged() noexcept override { return S_OK; }
+    STDMETHODIMP LockInPlaceActive(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP GetExtendedControl(IDispatch** control) noexcept override;
+    STDMETHODIMP TransformCoords(POINTL* himetric, POINTF* container,
+                                 DWORD flags) noexcept override;
+    STDMETHODIMP TranslateAccelerator(MSG*, DWORD) noexcept override { return S_FALSE; }
+    STDMETHODIMP OnFocus(BOOL hasFocus) noexcept override;
+    STDMETHODIMP ShowPropertyFrame() noexcept override;
 
     // IOleWindow
-    HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) noexcept override;
-    HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetWindow(HWND* window) noexcept override;
+    STDMETHODIMP ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }
 
     // IOleInPlaceSite
-    HRESULT STDMETHODCALLTYPE CanInPlaceActivate() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnInPlaceActivate() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnUIActivate() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame,
-                                               IOleInPlaceUIWindow** document, LPRECT position,
-                                               LPRECT clip,
-                                               LPOLEINPLACEFRAMEINFO info) noexcept override;
-    HRESULT STDMETHODCALLTYPE Scroll(SIZE) noexcept override { return S_FALSE; }
-    HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE DiscardUndoState() noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE DeactivateAndUndo() noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE OnPosRectChange(LPCRECT position) noexcept override;
+    STDMETHODIMP CanInPlaceActivate() noexcept override { return S_OK; }
+    STDMETHODIMP OnInPlaceActivate() noexcept override { return S_OK; }
+    STDMETHODIMP OnUIActivate() noexcept override { return S_OK; }
+    STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+                                  LPRECT position, LPRECT clip,
+                                  LPOLEINPLACEFRAMEINFO info) noexcept override;
+    STDMETHODIMP Scroll(SIZE) noexcept override { return S_FALSE; }
+    STDMETHODIMP OnUIDeactivate(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP OnInPlaceDeactivate() noexcept override { return S_OK; }
+    STDMETHODIMP DiscardUndoState() noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP DeactivateAndUndo() noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP OnPosRectChange(LPCRECT position) noexcept override;
 
     // IDispatch: the ambient properties
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale,
-                                          ITypeInfo** info) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
-                                            DISPID* ids) noexcept override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD flags,
-                                     DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
-                                     UINT* badArgument) noexcept override;
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override;
+    STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
+                               DISPID* ids) noexcept override;
+    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* arguments,
+                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept override;
 
   private:
     ~InPlaceSite() override = default;
 
     SiteOwner* owner_;
-    ComPtr<ControlSite> ambients_;
-    ComPtr<InPlaceFrame> frame_;
+    Com::ComPtr<ControlSite> ambients_;
+    Com::ComPtr<InPlaceFrame> frame_;
 };
 
 } // namespace Quorvane::Host

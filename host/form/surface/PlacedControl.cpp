@@ -2,18 +2,15 @@
 // PlacedControl: one control on the form's window, from its creation to its release.
 #include "host/form/surface/PlacedControl.h"
 
+#include "com/FailedCall.h"
+#include "com/Scoped.h"
 #include "host/container/ControlClass.h"
-#include "host/container/HResult.h"
 #include "host/container/PropertyBag.h"
-#include "host/container/Wide.h"
-#include "host/form/parts/Window.h"
+#include "win/Dpi.h"
+#include "win/WideText.h"
 
 namespace Quorvane::Host {
-
 namespace {
-
-constexpr int TwipsPerInch = 1440;
-constexpr int HimetricPerInch = 2540;
 
 struct PlacementKey {
     const char16_t* Key;
@@ -26,11 +23,11 @@ constexpr PlacementKey WidthKey{u"Width", 6000};
 constexpr PlacementKey HeightKey{u"Height", 4500};
 
 int ToPixels(int twips, int dpi) {
-    return MulDiv(twips, dpi, TwipsPerInch);
+    return ::MulDiv(twips, dpi, Win::TwipsPerInch);
 }
 
 int ToTwips(int pixels, int dpi) {
-    return MulDiv(pixels, TwipsPerInch, dpi);
+    return ::MulDiv(pixels, Win::TwipsPerInch, dpi);
 }
 
 FormProperties WithoutPlacement(const FormProperties& properties) {
@@ -43,12 +40,12 @@ FormProperties WithoutPlacement(const FormProperties& properties) {
     return own;
 }
 
-AmbientProperties AmbientsFor(const std::wstring& name, const PlacementSettings& settings) {
+AmbientProperties AmbientsFor(const Text& name, const PlacementSettings& settings) {
     AmbientProperties ambients = AmbientProperties::OfAnOrdinaryForm();
-    ambients.Set(DISPID_AMBIENT_USERMODE, Variant(settings.RunMode));
-    ambients.Set(DISPID_AMBIENT_DISPLAYNAME, Variant(std::wstring_view(name)));
+    ambients.Set(DISPID_AMBIENT_USERMODE, Com::Variant(settings.RunMode));
+    ambients.Set(DISPID_AMBIENT_DISPLAYNAME, Com::Variant(TextView(name)));
     if (settings.Locale) {
-        ambients.Set(DISPID_AMBIENT_LOCALEID, Variant(static_cast<LONG>(*settings.Locale)));
+        ambients.Set(DISPID_AMBIENT_LOCALEID, Com::Variant(static_cast<LONG>(*settings.Locale)));
     }
     return ambients;
 }
@@ -62,18 +59,18 @@ bool WantsSiteFirst(IOleObject* object) {
 } // namespace
 
 /// Hears of changed properties.
-class PlacedControl::PropertySink final : public ComObject<IPropertyNotifySink> {
+class PlacedControl::PropertySink final : public Com::ComObject<IPropertyNotifySink> {
   public:
     explicit PropertySink(PlacedControlOwner& owner) : owner_(&owner) {}
     void Detach() { owner_ = nullptr; }
 
-    HRESULT STDMETHODCALLTYPE OnChanged(DISPID) noexcept override {
+    STDMETHODIMP OnChanged(DISPID) noexcept override {
         if (owner_) {
             owner_->OnPropertyChanged();
         }
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID) noexcept override { return S_OK; }
+    STDMETHODIMP OnRequestEdit(DISPID) noexcept override { return S_OK; }
 
   private:
     ~PropertySink() override = default;
@@ -81,7 +78,7 @@ class PlacedControl::PropertySink final : public ComObject<IPropertyNotifySink> 
     PlacedControlOwner* owner_;
 };
 
-int PlacementOf(const FormProperties& properties, std::u16string_view key, int byDefault) {
+int PlacementOf(const FormProperties& properties, TextView key, int byDefault) {
     const FormProperty* const property = properties.Find(key);
     if (!property) {
         return byDefault;
@@ -95,10 +92,10 @@ int PlacementOf(const FormProperties& properties, std::u16string_view key, int b
 
 PlacedControl::PlacedControl(PlacedControlOwner& owner, const FormControl& control, Origin origin,
                              const PlacementSettings& settings)
-    : owner_(owner), class_(control.Class), name_(ToWide(control.Name)),
-      object_(CreateControl(settings.Dll, ToWide(control.Class))),
-      site_(MakeCom<InPlaceSite>(*this, AmbientsFor(name_, settings))) {
-    const int dpi = DpiOf(owner_.ControlWindow());
+    : owner_(owner), class_(control.Class), name_(control.Name),
+      object_(CreateControl(settings.Dll, control.Class)),
+      site_(Com::MakeObject<InPlaceSite>(*this, AmbientsFor(name_, settings))) {
+    const int dpi = Win::DpiOf(owner_.ControlWindow());
     const auto pixels = [&](const PlacementKey& key) {
         return ToPixels(PlacementOf(control.Properties, key.Key, key.Default), dpi);
     };
@@ -113,30 +110,30 @@ PlacedControl::PlacedControl(PlacedControlOwner& owner, const FormControl& contr
 }
 
 void PlacedControl::Start(const FormControl& control, Origin origin, bool runMode) {
-    const auto ole = Query<IOleObject>(object_.Get());
+    const auto ole = Com::Query<IOleObject>(object_.Get());
     const bool siteFirst = WantsSiteFirst(ole.Get());
     if (ole && siteFirst) {
-        Check(ole->SetClientSite(site_.Get()), L"place " + name_ + L" on the form");
+        Com::Check(ole->SetClientSite(site_.Get()), u"place " + name_ + u" on the form");
     }
-    if (const auto persist = Query<IPersistPropertyBag>(object_.Get())) {
-        const auto bag = MakeCom<PropertyBag>(WithoutPlacement(control.Properties));
-        SetErrorInfo(0, nullptr);
-        Check(origin == Origin::New ? persist->InitNew() : persist->Load(bag.Get(), nullptr),
-              L"load " + name_);
+    if (const auto persist = Com::Query<IPersistPropertyBag>(object_.Get())) {
+        const auto bag = Com::MakeObject<PropertyBag>(WithoutPlacement(control.Properties));
+        ::SetErrorInfo(0, nullptr);
+        Com::Check(origin == Origin::New ? persist->InitNew() : persist->Load(bag.Get(), nullptr),
+                   u"load " + name_);
     }
     if (ole && !siteFirst) {
-        Check(ole->SetClientSite(site_.Get()), L"place " + name_ + L" on the form");
+        Com::Check(ole->SetClientSite(site_.Get()), u"place " + name_ + u" on the form");
     }
     TellExtent();
     if (runMode) {
-        events_ = EventConnection(object_.Get(), [this](const std::wstring& event, DISPPARAMS&) {
+        events_ = EventConnection(object_.Get(), [this](const Text& event, DISPPARAMS&) {
             owner_.OnControlEvent(name_, event);
         });
     }
-    const auto container = Query<IConnectionPointContainer>(object_.Get());
+    const auto container = Com::Query<IConnectionPointContainer>(object_.Get());
     if (container && SUCCEEDED(container->FindConnectionPoint(__uuidof(IPropertyNotifySink),
-                                                              propertyPoint_.Receive()))) {
-        propertySink_ = MakeCom<PropertySink>(owner_);
+                                                              propertyPoint_.Put()))) {
+        propertySink_ = Com::MakeObject<PropertySink>(owner_);
         propertyPoint_->Advise(propertySink_.Get(), &propertyCookie_);
     }
 }
@@ -147,7 +144,7 @@ PlacedControl::~PlacedControl() {
         propertySink_->Detach();
         propertyPoint_->Unadvise(propertyCookie_);
     }
-    if (const auto ole = Query<IOleObject>(object_.Get())) {
+    if (const auto ole = Com::Query<IOleObject>(object_.Get())) {
         ole->Close(OLECLOSE_NOSAVE);
         ole->SetClientSite(nullptr);
     }
@@ -158,23 +155,23 @@ PlacedControl::~PlacedControl() {
 void PlacedControl::SetPlace(const RECT& place) {
     place_ = place;
     TellExtent();
-    if (const auto inPlace = Query<IOleInPlaceObject>(object_.Get())) {
+    if (const auto inPlace = Com::Query<IOleInPlaceObject>(object_.Get())) {
         inPlace->SetObjectRects(&place_, &place_);
     }
 }
 
 void PlacedControl::TellExtent() {
-    if (const auto ole = Query<IOleObject>(object_.Get())) {
-        const int dpi = DpiOf(owner_.ControlWindow());
-        SIZEL extent = {MulDiv(place_.right - place_.left, HimetricPerInch, dpi),
-                        MulDiv(place_.bottom - place_.top, HimetricPerInch, dpi)};
+    if (const auto ole = Com::Query<IOleObject>(object_.Get())) {
+        const int dpi = Win::DpiOf(owner_.ControlWindow());
+        SIZEL extent = {Win::HimetricOfPixels(place_.right - place_.left, dpi),
+                        Win::HimetricOfPixels(place_.bottom - place_.top, dpi)};
         ole->SetExtent(DVASPECT_CONTENT, &extent);
     }
 }
 
 FormControl PlacedControl::Save() const {
-    FormControl control{class_, FromWide(name_), {}};
-    const int dpi = DpiOf(owner_.ControlWindow());
+    FormControl control{class_, name_, {}};
+    const int dpi = Win::DpiOf(owner_.ControlWindow());
     const auto set = [&](const PlacementKey& key, LONG pixels) {
         control.Properties.Set({key.Key, ToTwips(pixels, dpi)});
     };
@@ -182,9 +179,9 @@ FormControl PlacedControl::Save() const {
     set(TopKey, place_.top);
     set(WidthKey, place_.right - place_.left);
     set(HeightKey, place_.bottom - place_.top);
-    if (const auto persist = Query<IPersistPropertyBag>(object_.Get())) {
-        const auto bag = MakeCom<PropertyBag>();
-        Check(persist->Save(bag.Get(), TRUE, FALSE), L"save " + name_);
+    if (const auto persist = Com::Query<IPersistPropertyBag>(object_.Get())) {
+        const auto bag = Com::MakeObject<PropertyBag>();
+        Com::Check(persist->Save(bag.Get(), TRUE, FALSE), u"save " + name_);
         for (const FormProperty& property : bag->Properties()) {
             control.Properties.Set(property);
         }
@@ -193,7 +190,7 @@ FormControl PlacedControl::Save() const {
 }
 
 void PlacedControl::Activate() {
-    Check(DoVerb(OLEIVERB_INPLACEACTIVATE), L"activate " + name_);
+    Com::Check(DoVerb(OLEIVERB_INPLACEACTIVATE), u"activate " + name_);
 }
 
 void PlacedControl::FocusControl() {
@@ -202,14 +199,14 @@ void PlacedControl::FocusControl() {
 
 void PlacedControl::Draw(HDC context) const {
     RECT place = place_;
-    if (FAILED(OleDraw(object_.Get(), DVASPECT_CONTENT, context, &place))) {
-        FrameRect(context, &place, GetSysColorBrush(COLOR_GRAYTEXT));
-        DrawTextW(context, name_.c_str(), -1, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    if (FAILED(::OleDraw(object_.Get(), DVASPECT_CONTENT, context, &place))) {
+        ::FrameRect(context, &place, ::GetSysColorBrush(COLOR_GRAYTEXT));
+        ::DrawTextW(context, Win::Wide(name_), -1, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     }
 }
 
 HRESULT PlacedControl::DoVerb(LONG verb) {
-    const auto ole = Query<IOleObject>(object_.Get());
+    const auto ole = Com::Query<IOleObject>(object_.Get());
     return ole ? ole->DoVerb(verb, nullptr, site_.Get(), 0, owner_.ControlWindow(), &place_)
                : E_NOINTERFACE;
 }

@@ -2,14 +2,14 @@
 // PlacedControl: one control on the form's window, from its creation to its release.
 #pragma once
 
-#include "host/container/EventSink.h"
-#include "host/form/surface/InPlaceSite.h"
-#include "host/formfile/FormFile.h"
-
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <string>
+
+#include "host/container/EventSink.h"
+#include "host/form/surface/InPlaceSite.h"
+#include "host/formfile/FormFile.h"
+#include "shared/Text.h"
 
 namespace Quorvane::Host {
 
@@ -17,10 +17,10 @@ namespace Quorvane::Host {
 class PlacedControlOwner {
   public:
     virtual HWND ControlWindow() = 0;
-    virtual void OnControlEvent(const std::wstring& control, const std::wstring& event) = 0;
+    virtual void OnControlEvent(const Text& control, const Text& event) = 0;
     virtual void OnActiveObject(IOleInPlaceActiveObject* object) = 0;
     virtual void OnPropertyChanged() = 0;
-    virtual void OnPropertyFrameWanted(const std::wstring& control) = 0;
+    virtual void OnPropertyFrameWanted(const Text& control) = 0;
 
   protected:
     ~PlacedControlOwner() = default;
@@ -41,25 +41,25 @@ class PlacedControl final : public SiteOwner {
     /// Whether a control is put on the form for the first time, or comes from a form file.
     enum class Origin { New, Saved };
 
-    /// Creates the control and initialises it or loads its properties. Throws HResultError.
+    /// Creates the control and initialises it or loads its properties. Throws Com::HresultError.
     PlacedControl(PlacedControlOwner& owner, const FormControl& control, Origin origin,
                   const PlacementSettings& settings);
     PlacedControl(const PlacedControl&) = delete;
     PlacedControl& operator=(const PlacedControl&) = delete;
     ~PlacedControl();
 
-    const std::wstring& Name() const { return name_; }
+    const Text& Name() const { return name_; }
     IUnknown* Object() const { return object_.Get(); }
-    ComPtr<IDispatch> Dispatch() const { return Query<IDispatch>(object_.Get()); }
+    Com::ComPtr<IDispatch> Dispatch() const { return Com::Query<IDispatch>(object_.Get()); }
 
     /// The place in pixels of the form's window.
     const RECT& Place() const { return place_; }
     void SetPlace(const RECT& place);
 
-    /// The form file's block for the control as it is now. Throws HResultError.
+    /// The form file's block for the control as it is now. Throws Com::HresultError.
     FormControl Save() const;
 
-    /// Gives the control its window, in run mode. Throws HResultError.
+    /// Gives the control its window, in run mode. Throws Com::HresultError.
     void Activate();
 
     /// Gives the control the keyboard.
@@ -88,18 +88,18 @@ class PlacedControl final : public SiteOwner {
     void ShowPropertyFrame() override { owner_.OnPropertyFrameWanted(name_); }
 
     PlacedControlOwner& owner_;
-    std::u16string class_;
-    std::wstring name_;
+    Text class_;
+    Text name_;
     RECT place_{};
-    ComPtr<IUnknown> object_;
-    ComPtr<InPlaceSite> site_;
+    Com::ComPtr<IUnknown> object_;
+    Com::ComPtr<InPlaceSite> site_;
     EventConnection events_;
-    ComPtr<PropertySink> propertySink_;
-    ComPtr<IConnectionPoint> propertyPoint_;
+    Com::ComPtr<PropertySink> propertySink_;
+    Com::ComPtr<IConnectionPoint> propertyPoint_;
     DWORD propertyCookie_ = 0;
 };
 
 /// The value of a placement key in twips, or `byDefault`.
-int PlacementOf(const FormProperties& properties, std::u16string_view key, int byDefault);
+int PlacementOf(const FormProperties& properties, TextView key, int byDefault);
 
 } // namespace Quorvane::Host

@@ -10,19 +10,11 @@ namespace Quorvane {
 namespace {
 
 /// What the end of a script prints.
-constexpr const wchar_t* EndMark = L"--- end ---";
+constexpr TextView EndMark = u"--- end ---";
 
-std::wstring Widened(const std::string& text) {
-    return {text.begin(), text.end()};
-}
-
-std::string Narrowed(const std::wstring& text) {
-    return Narrow(Com::ToText(text.c_str()));
-}
-
-std::wstring WithEndMark(const std::string& engine, const std::string& code) {
-    const std::wstring mark = std::wstring(L"(\"") + EndMark + L"\")";
-    return Widened(code) + L"\nHost.Print" + mark + (engine == "JScript" ? L";" : L"");
+Text WithEndMark(const std::string& engine, const std::string& code) {
+    const Text mark = u"(\"" + Text(EndMark) + u"\")";
+    return Widen(code) + u"\nHost.Print" + mark + (engine == "JScript" ? u";" : u"");
 }
 
 } // namespace
@@ -31,23 +23,23 @@ ScriptRun RunScript(const Placed& placed, const std::string& engine, const std::
                     TextView folder) {
     ScriptRun run;
     Host::HostServices services;
-    services.OutputFolder = Com::Wide(Text(folder));
-    services.Print = [&run](const std::wstring& line) {
+    services.OutputFolder = folder;
+    services.Print = [&run](const Text& line) {
         if (line == EndMark) {
             run.ReachedEnd = true;
         } else {
-            run.Lines.push_back(Narrowed(line));
+            run.Lines.push_back(Narrow(line));
         }
     };
-    const auto host = Host::MakeCom<Host::HostObject>(std::move(services));
-    Host::ScriptHost script(Widened(engine), [&run](const Host::ScriptError& error) {
-        run.Errors.push_back(Narrowed(Host::DescribeScriptError(error, L"script")));
+    const auto host = Com::MakeObject<Host::HostObject>(std::move(services));
+    Host::ScriptHost script(Widen(engine), [&run](const Host::ScriptError& error) {
+        run.Errors.push_back(Narrow(Host::DescribeScriptError(error, u"script")));
     });
-    script.AddObject(L"Host", host.Get());
-    script.AddObject(L"FIS", placed.Control.Get());
+    script.AddObject(u"Host", host.Get());
+    script.AddObject(u"FIS", placed.Control.Get());
     const Host::EventConnection events(placed.Control.Get(),
-                                       [&script](const std::wstring& event, DISPPARAMS& arguments) {
-                                           script.Call(L"FIS_" + event, arguments);
+                                       [&script](const Text& event, DISPPARAMS& arguments) {
+                                           script.Call(u"FIS_" + event, arguments);
                                        });
     const bool succeeded = script.Run(WithEndMark(engine, code));
     EXPECT_EQ(succeeded, run.Errors.empty());
