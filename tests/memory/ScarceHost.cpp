@@ -8,20 +8,12 @@
 
 #include <algorithm>
 
-#include "com/Module.h"
 #include "com/Scoped.h"
 #include "tests/com/support/MessageBoxes.h"
 #include "tests/com/support/TestBag.h"
 #include "tests/com/support/Values.h"
 
 namespace Quorvane {
-
-/// The test program has no classes of its own; its host uses the plumbing all the same.
-const Com::ModuleDescription& Com::DescribeModule() noexcept {
-    static constexpr ModuleDescription description{};
-    return description;
-}
-
 namespace {
 
 constexpr RECT Place{10, 10, 330, 210};

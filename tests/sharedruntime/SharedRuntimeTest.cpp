@@ -5,17 +5,9 @@
 #include <string>
 #include <thread>
 
-#include "com/Module.h"
 #include "tests/com/support/ControlTest.h"
 
 namespace Quorvane {
-
-/// The test program has no classes of its own; its host uses the plumbing all the same.
-const Com::ModuleDescription& Com::DescribeModule() noexcept {
-    static constexpr ModuleDescription description{};
-    return description;
-}
-
 namespace {
 
 class SharedRuntime : public ControlTest {
