@@ -163,7 +163,7 @@ TEST_F(GapsAgainstEveryCell, OfGridsThatMayLackRules) {
             for (std::uint32_t input = 0, rest = i; input < inputs; ++input, rest /= 3) {
                 rule.Antecedents.push_back({input, rest % 3, u""});
             }
-            if (!random.Percent(2)) {
+            if (!random.Percent(8)) {
                 system.Rules.push_back(rule);
             }
         }

@@ -336,8 +336,9 @@ TEST_F(ManyOutputsTest, FollowAHostThatChangesThemAmongItsDefaults) {
     RunTime::PrepareRuleBase();
     const auto defaults =
         std::make_shared<ForeignDictionary>(KeyComparison::Exact, [](TextView key) {
-            if (key == u"Z" && State().OutputValues->Items.Exists(u"Y")) {
-                State().OutputValues->Items.Rekey(u"Y", u"Former");
+            auto& outputs = State().OutputValues->Items;
+            if (key == u"Z" && !outputs.Exists(u"Former")) {
+                outputs.Rekey(u"Y", u"Former");
                 State().OutputValues->Put(u"Z", Text(u"mine"));
             }
         });
