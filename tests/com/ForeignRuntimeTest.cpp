@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The compiler's runtime as a DLL, which a plug-in brings into the host and takes away again.
+// The compiler's runtime as a DLL, which a plug-in brings into the host.
 #include "com/Module.h"
 #include "com/Scoped.h"
 #include "tests/com/support/ControlTest.h"
@@ -7,28 +7,17 @@
 namespace Quorvane {
 namespace {
 
-/// The runtime that lies beside the program that shares it.
-class ForeignRuntime {
-  public:
-    ForeignRuntime() {
-        const Text program = Com::ModulePath();
-        const Text path = program.substr(0, program.find_last_of(u'\\')) +
-                          u"\\..\\sharedruntime\\" + Widen(QUORVANE_SHARED_LIBGCC);
-        module_ = ::LoadLibraryExW(Com::Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-        EXPECT_TRUE(module_) << "error " << ::GetLastError();
-    }
-    ~ForeignRuntime() {
-        ::FreeLibrary(module_);
-        EXPECT_FALSE(::GetModuleHandleA(QUORVANE_SHARED_LIBGCC)) << "the control holds it";
-    }
-    ForeignRuntime(const ForeignRuntime&) = delete;
-    ForeignRuntime& operator=(const ForeignRuntime&) = delete;
+/// Loads the runtime that lies beside the program that shares it. It is not released: on x86 it
+/// holds itself for good.
+void LoadForeignRuntime() {
+    const Text program = Com::ModulePath();
+    const Text path = program.substr(0, program.find_last_of(u'\\')) + u"\\..\\sharedruntime\\" +
+                      Widen(QUORVANE_SHARED_LIBGCC);
+    ASSERT_TRUE(::LoadLibraryExW(Com::Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH))
+        << "error " << ::GetLastError();
+}
 
-  private:
-    HMODULE module_;
-};
-
-class WithForeignRuntime : public ControlTest {
+class ForeignRuntime : public ControlTest {
   protected:
     /// The control throws inside and tells of it.
     void ExpectErrors() const {
@@ -37,23 +26,15 @@ class WithForeignRuntime : public ControlTest {
     }
 };
 
-TEST_F(WithForeignRuntime, TheControlReportsErrorsWhenTheRuntimeCameFirstAndGoesFirst) {
-    TearDown();
-    {
-        const ForeignRuntime runtime;
+TEST_F(ForeignRuntime, MayComeAfterTheControlAndBeforeTheNext) {
+    ExpectErrors();
+    LoadForeignRuntime();
+    ExpectErrors();
+    for (int life = 0; life < 3; ++life) {
+        TearDown();
         Load();
         ExpectErrors();
     }
-    ExpectErrors();
-}
-
-TEST_F(WithForeignRuntime, TheControlReportsErrorsWhenTheRuntimeComesLaterAndStays) {
-    ExpectErrors();
-    const ForeignRuntime runtime;
-    ExpectErrors();
-    TearDown();
-    Load();
-    ExpectErrors();
 }
 
 } // namespace
