@@ -44,7 +44,7 @@ std::vector<Range> Cut(const System::InputVariable& input) {
         }
     }
     std::ranges::sort(begins);
-    begins.erase(std::ranges::unique(begins).begin(), begins.end());
+    begins.erase(std::unique(begins.begin(), begins.end()), begins.end());
     std::vector<Range> ranges;
     for (std::size_t i = 0; i < begins.size(); ++i) {
         const bool isLast = i + 1 == begins.size();

@@ -70,7 +70,7 @@ class SlopeSampler {
         std::erase_if(begins,
                       [&](double x) { return x < axis.Lower || !(x + step <= axis.Upper); });
         std::ranges::sort(begins);
-        begins.erase(std::ranges::unique(begins).begin(), begins.end());
+        begins.erase(std::unique(begins.begin(), begins.end()), begins.end());
         return begins;
     }
 
