@@ -120,6 +120,9 @@ double ShareOf(const Axis& axis, const Range& range) {
 }
 
 double MiddleOf(const Range& range) {
+    if (range.Last < range.First) {
+        return range.First; // Bounds that are not in order: every number is outside.
+    }
     const double middle = std::clamp(range.First / 2 + range.Last / 2, range.First, range.Last);
     // With three digits more than the width needs, where there is such a number.
     const double digits = 3 - std::floor(std::log10(range.Last / 2 - range.First / 2));

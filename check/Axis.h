@@ -47,7 +47,8 @@ std::vector<Condition> OneForEachTerm(const System::InputVariable& input);
 /// The length of a range in shares of the axis, 0..1.
 double ShareOf(const Axis& axis, const Range& range);
 
-/// A number within a range at or near its middle, of few digits if there is one.
+/// A number within a range at or near its middle, of few digits if there is one; the first end
+/// where the ends are not in order.
 double MiddleOf(const Range& range);
 
 /// Ranges on which the same of some conditions hold.

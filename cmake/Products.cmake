@@ -19,8 +19,10 @@ function(quorvane_product target)
     set_target_properties(${target} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${QUORVANE_PRODUCTS} LIBRARY_OUTPUT_DIRECTORY ${QUORVANE_PRODUCTS})
     add_dependencies(products ${target})
-    # Products run in processes, or beside modules, that are not ours.
-    target_link_libraries(${target} PRIVATE quorvane_runtime)
+    if(MINGW)
+        # Products run in processes, or beside modules, that are not ours.
+        target_link_libraries(${target} PRIVATE quorvane_runtime)
+    endif()
 endfunction()
 
 # quorvane_tell_products(sources...): define QUORVANE_PRODUCTS in sources of a test program as the
