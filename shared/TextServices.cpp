@@ -12,8 +12,7 @@ constinit const NeutralServices NeutralServices::Instance;
 
 namespace {
 
-// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): of the process, as its locale
-// is
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): as the locale is
 constinit const TextServices* installed = &NeutralServices::Instance;
 
 } // namespace
