@@ -25,7 +25,7 @@ Text ExactNumberText(double value) {
         return text;
     }
     std::array<char, 32> characters{};
-    const auto end =
+    const char* const end =
         std::to_chars(characters.data(), characters.data() + characters.size(), value).ptr;
     text = Widen({characters.data(), end});
     if (const auto mark = text.find(u'e'); mark != Text::npos) {

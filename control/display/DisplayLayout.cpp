@@ -30,7 +30,7 @@ class Scale {
 
     /// Far beyond any surface lengths end, so that they and their sums stay numbers.
     int operator()(float twips) const {
-        constexpr float Longest = 1 << 28;
+        constexpr float Longest = 0x1p28F;
         return static_cast<int>(std::lround(std::clamp(twips * pixelsPerTwip_, -Longest, Longest)));
     }
 
