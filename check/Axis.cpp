@@ -145,6 +145,7 @@ std::vector<ActiveClass> ClassesOf(const Axis& axis, const std::vector<bool>& ma
         }
     }
     std::vector<ActiveClass> sorted;
+    sorted.reserve(classes.size());
     for (auto& [active, found] : classes) {
         sorted.push_back(std::move(found));
     }

@@ -87,6 +87,7 @@ class PairComparison {
         } else if (IsFallback(first, second)) {
             Add(FindingKind::Fallback, Severity::Note, first, second);
         } else if (IsFallback(second, first)) {
+            // NOLINTNEXTLINE(readability-suspicious-call-argument): here the second is the fallback
             Add(FindingKind::Fallback, Severity::Note, second, first);
         } else {
             Add(FindingKind::Overlap, Severity::Warning, first, second);

@@ -16,6 +16,7 @@ std::vector<std::vector<bool>> UsedTerms(const std::vector<System::Variable<Term
                                          const std::vector<Rule>& rules,
                                          std::vector<Clause> Rule::*clauses) {
     std::vector<std::vector<bool>> used;
+    used.reserve(variables.size());
     for (const auto& variable : variables) {
         used.emplace_back(variable.Terms.size());
     }

@@ -14,6 +14,7 @@ template <class Variable>
 std::string Places(const std::vector<Variable>& variables, const std::string& name,
                    std::string_view mark, std::string_view count) {
     std::vector<Text> names;
+    names.reserve(variables.size());
     for (const Variable& variable : variables) {
         names.push_back(variable.Name);
     }

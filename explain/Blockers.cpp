@@ -7,7 +7,6 @@
 namespace Quorvane::Explain {
 
 using System::Clause;
-using System::Rule;
 
 bool IsInside(const System::InputVariable& input, double value) {
     return value >= input.Lower && value <= input.Upper;

@@ -19,7 +19,7 @@ enum class BlockerKind {
 
 /// What makes the strength of a rule 0.
 struct Blocker {
-    BlockerKind Kind;
+    BlockerKind Kind{};
     std::size_t Rule = 0;
     /// The input and the term, where it is an antecedent.
     std::optional<std::uint32_t> Input;

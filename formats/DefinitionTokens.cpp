@@ -42,7 +42,7 @@ Token DefinitionTokens::Next() {
         return TakeLineEnd();
     }
     if (Separators.find(rest_.front()) != TextView::npos) {
-        const Token token{TokenKind::Separator, Text(1, rest_.front()), where_};
+        Token token{TokenKind::Separator, Text(1, rest_.front()), where_};
         Drop(1);
         return token;
     }
@@ -52,7 +52,7 @@ Token DefinitionTokens::Next() {
 }
 
 Token DefinitionTokens::TakeLineEnd() {
-    const Token token{TokenKind::LineEnd, {}, where_};
+    Token token{TokenKind::LineEnd, {}, where_};
     rest_.remove_prefix(rest_.starts_with(u"\r\n") ? 2 : 1);
     where_ = {where_.Line + 1, 1};
     return token;

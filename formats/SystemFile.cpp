@@ -40,12 +40,12 @@ std::string_view NameOf(Format format) {
 }
 
 std::optional<Format> FormatNamed(std::string_view name) {
-    const auto found = std::ranges::find(Formats, name, &Entry::Name);
+    const auto* const found = std::ranges::find(Formats, name, &Entry::Name);
     return found == Formats.end() ? std::nullopt : std::optional(found->Kind);
 }
 
 std::optional<Format> FormatOfExtension(std::string_view extension) {
-    const auto found = std::ranges::find_if(Formats, [&](const Entry& entry) {
+    const auto* const found = std::ranges::find_if(Formats, [&](const Entry& entry) {
         return !extension.empty() && SameWord(entry.Extension, extension);
     });
     return found == Formats.end() ? std::nullopt : std::optional(found->Kind);

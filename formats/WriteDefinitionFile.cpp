@@ -113,8 +113,9 @@ Text RuleLines(const System::FuzzySystem& system) {
     for (const System::Rule& rule : system.Rules) {
         const Text antecedents = Clauses(rule.Antecedents, system.Inputs, u" > ");
         const Text consequents = Clauses(rule.Consequents, system.Outputs, u" < ");
-        lines += antecedents + (antecedents.empty() ? u"/ " : u" / ") + consequents +
-                 (consequents.empty() ? u": " : u" : ") + ExactNumberText(rule.Weight) + u'\n';
+        lines.append(antecedents).append(antecedents.empty() ? u"/ " : u" / ");
+        lines.append(consequents).append(consequents.empty() ? u": " : u" : ");
+        lines.append(ExactNumberText(rule.Weight)).append(u"\n");
     }
     return lines;
 }

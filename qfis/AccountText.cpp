@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The account of a cycle, for people.
 #include <algorithm>
+#include <cmath>
 
 #include "explain/Sentences.h"
 #include "host/formfile/Utf8.h"
@@ -99,8 +100,7 @@ class Account {
             const auto& term = system_.Outputs[output.Output.Variable].Terms[one.Term];
             // Three digits are enough of a share.
             const double percent =
-                static_cast<double>(static_cast<std::int64_t>(ShareOf(output, one) * 1000 + 0.5)) /
-                10;
+                static_cast<double>(std::lround(ShareOf(output, one) * 1000)) / 10;
             out_ << "      rule " << one.Rule + 1 << ": " << Utf8(term.Name) << " at "
                  << Number(one.Position) << ", " << Number(percent) << " %\n";
         }
@@ -116,7 +116,8 @@ class Account {
             Text sentence = BlockerSentence(system_, evaluation_, blocker);
             auto cause = std::ranges::find(causes, sentence, &decltype(causes)::value_type::first);
             if (cause == causes.end()) {
-                cause = causes.insert(causes.end(), {std::move(sentence), {}});
+                cause =
+                    causes.emplace(causes.end(), std::move(sentence), std::vector<std::size_t>());
             }
             cause->second.push_back(blocker.Rule);
         }

@@ -108,8 +108,8 @@ std::string FieldText(std::string_view field) {
 }
 
 void AppendField(std::string& record, std::string_view text, char delimiter) {
-    const char special[] = {delimiter, '"', '\r', '\n'};
-    if (text.find_first_of({special, sizeof special}) == std::string_view::npos) {
+    const std::array special{delimiter, '"', '\r', '\n'};
+    if (text.find_first_of({special.data(), special.size()}) == std::string_view::npos) {
         record += text;
         return;
     }

@@ -140,7 +140,7 @@ class CommandLine {
         command->add_option("INPUT=VALUE", explain_.Inputs, "The values of inputs.");
     }
 
-    void AddDialect(CLI::App* command, RunOptions& options) {
+    static void AddDialect(CLI::App* command, RunOptions& options) {
         command
             ->add_option("--decimal", options.Dialect.DecimalMark,
                          "The decimal mark of numbers: . (as it is) or ,")
