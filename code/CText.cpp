@@ -39,7 +39,7 @@ constexpr std::string_view Words[] = {
 
 std::string NumberConstant(double value) {
     std::array<char, 32> characters{};
-    const char* const end =
+    char* const end =
         std::to_chars(characters.data(), characters.data() + characters.size(), value).ptr;
     std::string text(characters.data(), end);
     if (text.find_first_of(".e") == std::string::npos) {

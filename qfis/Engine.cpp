@@ -98,6 +98,7 @@ void Engine::ReplaceInput(std::size_t index, const std::optional<double>& value)
     }
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): of the engine that is loaded
 bool Engine::Fire() {
     try {
         RunTime::Infer();

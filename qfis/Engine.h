@@ -30,7 +30,6 @@ class Engine {
     }
 
     /// One cycle. False where it failed: then every output has its default.
-    // NOLINTNEXTLINE(readability-convert-member-functions-to-static): of the engine that was loaded
     bool Fire();
 
     /// An output variable's value after the cycle, by its index. None where the first rule does not
